@@ -1,0 +1,47 @@
+# Helpers that every folder's CMakeLists.txt uses.
+
+add_library(kelvane_flags INTERFACE)
+target_compile_features(kelvane_flags INTERFACE cxx_std_20)
+target_include_directories(kelvane_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+# -ffp-contract=off: a fused multiply-add rounds once where two operations round twice, which
+# would make results depend on the processor.
+target_compile_options(kelvane_flags INTERFACE
+  # GCC 12 reports a false overlap in std::string operator+.
+  -Wall -Wextra -Wpedantic -Wshadow -Wcast-align -Wnon-virtual-dtor -Wundef -Werror
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+  -ffp-contract=off)
+if(WIN32)
+  target_compile_definitions(kelvane_flags INTERFACE
+    UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX WINVER=0x0601 _WIN32_WINNT=0x0601)
+endif()
+if(KELVANE_SANITIZE)
+  target_compile_options(kelvane_flags INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(kelvane_flags INTERFACE -fsanitize=address,undefined)
+endif()
+if(KELVANE_FUZZ)
+  target_compile_options(kelvane_flags INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  target_link_options(kelvane_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# kelvane_library(NAME SOURCES file... [LINKS library...])
+# One static library per folder; LINKS names the folders below it.
+function(kelvane_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC kelvane_flags ${arg_LINKS})
+endfunction()
+
+# kelvane_test(NAME SOURCES file... [LINKS library...])
+# One test program; ctest runs it natively or under Wine and names it WORLD.NAME.
+function(kelvane_test name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE
+    KELVANE_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
+  target_link_libraries(${name} PRIVATE ${arg_LINKS} GTest::gmock GTest::gtest_main)
+  add_test(NAME ${KELVANE_WORLD}.${name} COMMAND ${name})
+  set_tests_properties(${KELVANE_WORLD}.${name} PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,69 @@
+#include "image/dib_section.h"
+
+#include "image/resample.h"
+
+#include <cstring>
+#include <limits>
+
+namespace kelvane {
+namespace {
+
+// A bitmap's size field and row length are 32-bit numbers.
+bool fits_bitmap(int width, int height) {
+    if (width < 1 || height < 1 || width > (std::numeric_limits<int>::max() - 3) / 3) return false;
+    const std::int64_t bytes =
+        std::int64_t{cDIBSection::bytes_per_scan_line(width)} * std::int64_t{height};
+    return bytes <= std::numeric_limits<std::int32_t>::max();
+}
+
+} // namespace
+
+void copy_pixels(ConstImageView from, ImageView to) {
+    for (int y = 0; y < to.height; ++y)
+        std::memcpy(to.row(y), from.row(y), static_cast<std::size_t>(to.width) * 3);
+}
+
+bool cDIBSection::Create(int lWidth, int lHeight) {
+    ClearUp();
+    if (!fits_bitmap(lWidth, lHeight)) return false;
+    store_ =
+        PixelStore::create(lWidth, lHeight, static_cast<std::size_t>(bytes_per_scan_line(lWidth)));
+    if (!store_) return false;
+    width_ = lWidth;
+    height_ = lHeight;
+    return true;
+}
+
+void cDIBSection::ClearUp() {
+    store_.reset();
+    width_ = 0;
+    height_ = 0;
+}
+
+ImageView cDIBSection::view() {
+    ImageView view;
+    view.bits = DIBSectionBitsPtr();
+    view.width = width_;
+    view.height = height_;
+    view.row_step = BytesPerScanLine();
+    return view;
+}
+
+ConstImageView cDIBSection::view() const {
+    return {DIBSectionBitsPtr(), width_, height_, BytesPerScanLine()};
+}
+
+cDIBSection cDIBSection::Copy() const {
+    cDIBSection copy;
+    if (!empty() && copy.Create(width_, height_)) copy_pixels(view(), copy.view());
+    return copy;
+}
+
+cDIBSection cDIBSection::Resample(int lNewHeight, int lNewWidth) const {
+    if (lNewWidth == width_ && lNewHeight == height_) return Copy();
+    cDIBSection result;
+    if (!empty() && result.Create(lNewWidth, lNewHeight)) resample_bilinear(view(), result.view());
+    return result;
+}
+
+} // namespace kelvane

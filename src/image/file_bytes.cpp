@@ -1,0 +1,39 @@
+#include "image/file_bytes.h"
+
+#include "image/file_error.h"
+
+#include <array>
+#include <cerrno>
+#include <fstream>
+#include <system_error>
+
+namespace kelvane {
+namespace {
+
+constexpr std::size_t kLargestFile = std::size_t{1} << 31;
+
+[[noreturn]] void fail_with_errno(int error) {
+    throw FileError(error != 0 ? std::generic_category().message(error) : "cannot be read");
+}
+
+} // namespace
+
+std::vector<std::uint8_t> read_file_bytes(const std::filesystem::path& file) {
+    std::error_code ignored;
+    if (std::filesystem::is_directory(file, ignored)) throw FileError("is a folder");
+    errno = 0;
+    std::ifstream in(file, std::ios::binary);
+    if (!in) fail_with_errno(errno);
+    // Read in blocks, not by size: a pipe or a device has none.
+    std::vector<std::uint8_t> bytes;
+    std::array<char, 65536> block{};
+    while (in.read(block.data(), block.size()) || in.gcount() > 0) {
+        const auto* first = reinterpret_cast<const std::uint8_t*>(block.data());
+        bytes.insert(bytes.end(), first, first + in.gcount());
+        if (bytes.size() > kLargestFile) throw FileError("is larger than 2 GB");
+    }
+    if (in.bad()) fail_with_errno(errno);
+    return bytes;
+}
+
+} // namespace kelvane

@@ -1,0 +1,13 @@
+#include "image/picture_reader.h"
+
+#include "image/file_bytes.h"
+
+namespace kelvane {
+
+cDIBSection read_picture(const std::filesystem::path& file) {
+    const std::vector<std::uint8_t> bytes = read_file_bytes(file);
+    if (bytes.empty()) throw FileError("the file is empty");
+    return decode_picture(bytes);
+}
+
+} // namespace kelvane
