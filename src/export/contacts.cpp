@@ -61,7 +61,7 @@ void ContactMap::find_contacts_of_row(const RunList& runs, int y) {
 
 void ContactMap::join(const RunList& runs, Joining joining, ProgressObserver* observer) {
     const ProgressReporter progress(observer);
-    progress.init(2L * runs.size());
+    progress.init(2L * runs.rows());
     joined_.assign(entries_.back().first_contact, false);
     Sets sets(runs.size());
     for (const bool corners : {false, true}) {
@@ -74,7 +74,7 @@ void ContactMap::join(const RunList& runs, Joining joining, ProgressObserver* ob
                     if (shares_columns(runs[run], runs[upper]) != corners)
                         joined_[contact] = sets.unite(run, upper) || always;
             }
-            progress.at(long{runs.row_begin(y + 1)} + (corners ? long{runs.size()} : 0));
+            progress.at(y + (corners ? long{runs.rows()} : 0));
         }
     }
 }

@@ -1,9 +1,10 @@
 // Outlines: closed chains of axis-parallel edges around runs or groups of joined runs.
 #pragma once
 
-#include "export/contacts.h"
+#include "export/linked_sides.h"
 #include "export/runs.h"
 
+#include <span>
 #include <vector>
 
 namespace kelvane {
@@ -15,69 +16,52 @@ struct OutlineVertex {
     /// The edge from here runs half a pixel lower than the vertices say, so that the polygon does
     /// not close a ring; the strip left out is a polygon of its own.
     bool bridge;
-
-    friend bool operator==(const OutlineVertex&, const OutlineVertex&) = default;
 };
 
-/// A closed chain with the dark side on its left (anticlockwise around dark areas, clockwise
-/// around holes). It starts at the left end of its lowest edge; no two edges in a row are collinear
-/// once bridges are lowered. A bridge that begins or ends inside an edge is set between two
-/// vertices in one place.
-using Outline = std::vector<OutlineVertex>;
-
-/// The rectangle around one run of row `y`.
-void rectangle_outline(const Run& run, int y, Outline& outline);
-
-/// Walks around the joined runs of a picture, one outline at a time.
+/// Takes outlines as they are found. One outline may wind through a whole picture, so it comes in
+/// parts: `begin_outline`, its vertices in any number of calls, `end_outline`.
 ///
-/// The walk goes from one vertical side of a run to the next: up its right side, down its left
-/// side. Each side belongs to exactly one outline, so all walks together cost one visit per side
-/// and contact, and no walk needs memory beyond the outline it writes.
+/// An outline is closed and has the dark side on its left: anticlockwise around dark areas,
+/// clockwise around holes. It starts at the left end of its lowest edge, which is never a bridge
+/// nor the edge behind one. With bridges lowered no two edges in a row are collinear; a bridge that
+/// begins or ends inside an edge has two vertices in one place there.
+class OutlineReceiver {
+  public:
+    virtual ~OutlineReceiver() = default;
+    virtual void begin_outline() = 0;
+    virtual void add_vertices(std::span<const OutlineVertex> vertices) = 0;
+    virtual void end_outline() = 0;
+};
+
+/// Hands the rectangle around one run of row `y` to `receiver`.
+void trace_rectangle(const Run& run, int y, OutlineReceiver& receiver);
+
+/// Walks around joined runs, one outline at a time. Each side belongs to exactly one outline: all
+/// walks together visit each side once.
 class OutlineTracer {
   public:
-    OutlineTracer(const RunList& runs, const ContactMap& contacts);
+    /// `sides` are those of `runs`; their visit marks are used up.
+    OutlineTracer(const RunList& runs, LinkedSides& sides, OutlineReceiver& receiver);
 
-    /// Fills `outline` with the next one, in order of its lowest, leftmost run; false after the
-    /// last.
-    bool next(Outline& outline);
-    /// The run the next search starts from: how far the work has come.
-    RunIndex position() const { return run_; }
+    /// Hands over the next outline, in order of its lowest, leftmost run; false after the last.
+    bool trace_next();
+    /// The row that the search has reached.
+    int row() const { return row_; }
 
   private:
-    enum class Side : std::uint8_t { kLeft, kRight };
-    /// One vertical side of a run; a walk comes down a left and up a right one.
-    struct Station {
-        RunIndex run;
-        int row;
-        Side side;
-        friend bool operator==(const Station&, const Station&) = default;
-    };
-
-    bool find_start(Station& start);
-    void mark(const Station& station);
-    bool visited(const Station& station) const;
-
-    Station after(const Station& station);
-    Station after_right_side(RunIndex run, int row);
-    Station after_left_side(RunIndex run, int row);
-    Station along_top(RunIndex run, int row, RunIndex above_end);
-    Station along_bottom(RunIndex run, int row, RunIndex below);
-
-    void begin_level(std::int32_t x, std::int32_t y);
-    void move_to(std::int32_t x);
-    void bridge(std::int32_t from_x, std::int32_t to_x);
+    bool find_start();
+    void walk();
+    void pass_level(SideIndex side, SideIndex next, std::int32_t y);
+    void pass_bridges(SideIndex side, SideIndex next, std::int32_t y);
+    void add(std::int32_t x, std::int32_t y, bool bridge = false);
+    void flush_all_but_last();
 
     const RunList& runs_;
-    const ContactMap& contacts_;
-    std::vector<std::uint8_t> visited_; // per run: bit 0 the left side, bit 1 the right side
-    RunIndex run_ = 0;
+    LinkedSides& sides_;
+    OutlineReceiver& receiver_;
+    std::vector<OutlineVertex> part_; // of the outline, not yet handed over
+    SideIndex start_ = 0;
     int row_ = 0;
-
-    // The pen: where the walk stands on the current horizontal grid line.
-    Outline* outline_ = nullptr;
-    std::int32_t pen_x_ = 0;
-    std::int32_t pen_y_ = 0;
-    bool pen_written_ = false;
 };
 
 } // namespace kelvane

@@ -118,9 +118,9 @@ void check_polygons(const cDIBSection& picture) {
                 ASSERT_TRUE(alone.at(x, y) == 0 || alone.at(x, y) == 1);
     }
     const auto strips = static_cast<std::uint64_t>(holes(result.mask()));
-    EXPECT_EQ(result.report().script.bridges, strips);
+    EXPECT_EQ(result.report().bridges, strips);
     EXPECT_EQ(polygons.size(), components(result.mask(), true) + strips);
-    EXPECT_EQ(result.report().script.shapes, polygons.size() - strips);
+    EXPECT_EQ(result.report().shapes, polygons.size() - strips);
 }
 
 using UnitEdges = std::map<std::pair<HalfPoint, HalfPoint>, int>;
@@ -232,7 +232,7 @@ TEST(Autotrace, LargeSpiralNeedsNoStack) {
             picture.view().pixel(x, y)[0] = ring % 2 == 0 && !gap ? 0 : 255;
         }
     const Export result(picture, true, kShapePolygon);
-    EXPECT_EQ(result.report().script.shapes,
+    EXPECT_EQ(result.report().shapes,
               static_cast<std::uint64_t>(components(result.mask(), true)));
 }
 
