@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
-namespace kelvane::testing {
+namespace kelvane::test {
 namespace {
 
 std::vector<std::string> lines_of(const std::string& text) {
@@ -125,6 +125,25 @@ void add_winding(const HalfPath& path, Cells& half_cells) {
     }
 }
 
+Cells dark_cells(ConstImageView image) {
+    Cells cells(image.width, image.height);
+    for (int y = 0; y < image.height; ++y)
+        for (int x = 0; x < image.width; ++x)
+            cells.at(x, y) = image.pixel(x, y)[0] < 129;
+    if (cells.get(0, 0) == 0)
+        for (int x = 1; cells.get(x, 0) != 0; ++x)
+            cells.at(x, 0) = 0;
+    return cells;
+}
+
+Cells doubled(const Cells& cells) {
+    Cells result(cells.width() * 2, cells.height() * 2);
+    for (int y = 0; y < result.height(); ++y)
+        for (int x = 0; x < result.width(); ++x)
+            result.at(x, y) = cells.at(x / 2, y / 2);
+    return result;
+}
+
 std::string outline_fault(const HalfPath& path) {
     std::map<HalfPoint, int> visits;
     std::set<std::pair<HalfPoint, HalfPoint>> pieces;
@@ -155,4 +174,14 @@ std::string outline_fault(const HalfPath& path) {
     return {};
 }
 
-} // namespace kelvane::testing
+std::string coverage_fault(const std::vector<HalfPath>& paths, const Cells& dark) {
+    Cells drawn(dark.width() * 2, dark.height() * 2);
+    for (const HalfPath& path : paths) {
+        if (const std::string fault = outline_fault(path); !fault.empty()) return fault;
+        add_winding(path, drawn);
+    }
+    if (drawn == doubled(dark)) return {};
+    return "drawn:\n" + drawn.drawing() + "instead of:\n" + dark.drawing();
+}
+
+} // namespace kelvane::test

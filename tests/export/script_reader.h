@@ -2,11 +2,12 @@
 // was made.
 #pragma once
 
-#include <filesystem>
+#include "image/image_view.h"
+
 #include <string>
 #include <vector>
 
-namespace kelvane::testing {
+namespace kelvane::test {
 
 /// A point in half pixels.
 struct HalfPoint {
@@ -53,9 +54,19 @@ class Cells {
 /// Adds the winding number of `path` to each half-pixel cell it surrounds.
 void add_winding(const HalfPath& path, Cells& half_cells);
 
+/// The dark pixels that an export of `image` is to draw: all but the run that is lost when the
+/// first dark pixel lies at column 1 of row 0.
+Cells dark_cells(ConstImageView image);
+
+/// The same picture at half-pixel resolution.
+Cells doubled(const Cells& cells);
+
 /// Why EAGLE would refuse `path` as an outline, or an empty text: it is to be axis-parallel, free
 /// of equal and of collinear neighbours, turning anticlockwise or (holes) clockwise, and to meet
 /// itself at pixel corners only, without crossing.
 std::string outline_fault(const HalfPath& path);
 
-} // namespace kelvane::testing
+/// Why `paths` are not outlines that cover `dark` exactly once, or an empty text.
+std::string coverage_fault(const std::vector<HalfPath>& paths, const Cells& dark);
+
+} // namespace kelvane::test

@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-namespace kelvane::testing {
+namespace kelvane::test {
 namespace {
 
 // The script with LF for CR LF.
@@ -184,4 +184,4 @@ TEST(NumberToText, ShortGeneralForm) {
 }
 
 } // namespace
-} // namespace kelvane::testing
+} // namespace kelvane::test

@@ -6,7 +6,7 @@
 #include <initializer_list>
 #include <string_view>
 
-namespace kelvane::testing {
+namespace kelvane::test {
 
 /// '#' is a dark pixel, anything else white; the first line is the top row.
 inline cDIBSection drawn(std::initializer_list<std::string_view> lines) {
@@ -26,4 +26,4 @@ inline cDIBSection drawn(std::initializer_list<std::string_view> lines) {
     return picture;
 }
 
-} // namespace kelvane::testing
+} // namespace kelvane::test

@@ -7,7 +7,7 @@
 #include <random>
 #include <string>
 
-namespace kelvane::testing {
+namespace kelvane::test {
 
 class TemporaryFolder {
   public:
@@ -39,4 +39,4 @@ inline void write_text(const std::filesystem::path& file, const std::string& tex
     std::ofstream(file, std::ios::binary) << text;
 }
 
-} // namespace kelvane::testing
+} // namespace kelvane::test

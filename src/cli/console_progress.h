@@ -1,0 +1,31 @@
+// The engine's progress as a bar on the terminal.
+#pragma once
+
+#include "image/progress.h"
+
+#include <chrono>
+#include <iosfwd>
+
+namespace kelvane {
+
+/// Draws a bar on `out` once the work has lasted a moment, and wipes it away at the end.
+class ConsoleProgress final : public ProgressObserver {
+  public:
+    explicit ConsoleProgress(std::ostream& out) : out_(out) {}
+    ~ConsoleProgress() override;
+    ConsoleProgress(const ConsoleProgress&) = delete;
+    ConsoleProgress& operator=(const ConsoleProgress&) = delete;
+
+    void InitProgress(long lMax) override;
+    void Progress(long lPosition) override;
+
+  private:
+    using Clock = std::chrono::steady_clock;
+
+    std::ostream& out_;
+    long maximum_ = 0;
+    Clock::time_point next_draw_ = Clock::now() + std::chrono::milliseconds(400);
+    bool drawn_ = false;
+};
+
+} // namespace kelvane
