@@ -1,0 +1,76 @@
+// cImageProcessDIB, the engine's face: what the windows and the command line call.
+#pragma once
+
+#include "engine/engine_error.h"
+#include "image/dib_section.h"
+#include "image/progress.h"
+#include "process/filter_kernel.h"
+
+#include <cstdint>
+#include <string>
+
+namespace kelvane {
+
+/// One per document. It works on the pictures handed to each call and holds only the current
+/// kernel and the receiver of its events.
+///
+/// Operations return true when they ran. Pictures that do not fit together (empty, two sizes
+/// where one is needed) are left alone and give false.
+class cImageProcessDIB {
+  public:
+    /// `executable_name` is the program's name as errors show it. Starts with the filter Blur.
+    explicit cImageProcessDIB(std::string executable_name = "kelvane");
+
+    /// Receives `InitProgress`, `Progress` and `Complete` of every operation; null for nobody.
+    /// It must outlive the engine or be replaced.
+    void set_observer(ProgressObserver* observer) { observer_ = observer; }
+    ProgressObserver* observer() const { return observer_; }
+
+    // Filters.
+
+    /// 1 to 15 (see `FilterType` in process/filter_kernel.h). Setting one but `kCustom` resets the
+    /// weight and, where the filter has a kernel, builds it. Throws `EngineError` 0x8004051A
+    /// (16100) on any other number.
+    int FilterType() const { return filter_type_; }
+    void set_FilterType(int type);
+    /// 1, 3, 5, 7 or 9; setting it clears every cell. Throws `EngineError` 0x80040519 (16101) on
+    /// an even number, 0x8004051A (16102) on any other.
+    int FilterArraySize() const { return kernel_.size(); }
+    void set_FilterArraySize(int size);
+    /// One cell, x to the right and y up, each -half to +half. Throws `std::out_of_range`.
+    std::int32_t FilterValue(int x, int y) const;
+    void set_FilterValue(int x, int y, std::int32_t value);
+    /// What each channel's sum is divided by. A convolution with weight 0 is refused.
+    std::int32_t FilterWeight() const { return kernel_.weight(); }
+    void set_FilterWeight(std::int32_t weight) { kernel_.set_weight(weight); }
+    bool RangeOVL() const { return false; }
+
+    /// Applies the current filter to `cImage`; `cBuffer` is a picture of the same size whose
+    /// content is lost. `kEmphasizeFirst` leaves its result in the buffer, `kEmphasizeSecond`
+    /// takes the buffer as its source. False too for `kReserved` and for a weight of 0.
+    bool ProcessImage(cDIBSection& cImage, cDIBSection& cBuffer);
+
+    // Combination; see process/combine.h. `cFrom` must be at least as large as `cTo`.
+
+    bool AddLightest(const cDIBSection& cFrom, cDIBSection& cTo);
+    bool AddDarkest(const cDIBSection& cFrom, cDIBSection& cTo);
+    bool AddImages(const cDIBSection& cFrom, cDIBSection& cTo, int lFromMultiplier,
+                   int lFromOffsetR, int lFromOffsetG, int lFromOffsetB, int lToMultiplier,
+                   int lToOffsetR, int lToOffsetG, int lToOffsetB);
+
+    // Tone and colour.
+
+    // Palettes and reductions.
+
+    // Export.
+
+  private:
+    bool run_convolution(ImageView image, ImageView buffer);
+
+    std::string executable_name_;
+    ProgressObserver* observer_ = nullptr;
+    int filter_type_;
+    FilterKernel kernel_;
+};
+
+} // namespace kelvane
