@@ -26,4 +26,13 @@ void walk_columns(int first, int width, int height, const ProgressReporter& prog
     }
 }
 
+/// The events of an operation that another one does along with its own work: nothing is left to
+/// wait for, and yet receivers count on both.
+inline void report_all_columns(int width, const ProgressReporter& progress) {
+    progress.init(3L * width - 3);
+    for (int column = 0; column < width; ++column)
+        progress.at(3L * column);
+    progress.complete();
+}
+
 } // namespace kelvane
