@@ -97,8 +97,7 @@ bool cImageProcessDIB::run_convolution(ImageView image, ImageView buffer) {
         emboss(image, buffer, kernel_, observer_);
         break;
     case kEmphasizeFirst:
-        copy_pixels(image, buffer);
-        convolve(image, buffer, kernel_, observer_);
+        convolve_to_buffer(image, buffer, kernel_, observer_);
         break;
     case kEmphasizeSecond:
         convolve(buffer, image, kernel_, observer_);

@@ -1,6 +1,8 @@
 #include "process/combine.h"
 
-#include <cstring>
+#include <algorithm>
+#include <cstdlib>
+#include <iterator>
 
 namespace kelvane {
 namespace {
@@ -10,19 +12,45 @@ int brightness(const std::uint8_t* pixel) {
     return 929 * pixel[1] + 71 * pixel[0];
 }
 
-// Copies the source pixels for which replaces(source, target brightness) holds.
+// Copies the source pixels for which replaces(source brightness, target brightness) holds. All
+// three bytes are written either way: a branch on pixels would be guessed wrong too often.
 template <typename Replaces>
 void select_pixels(ConstImageView from, ImageView to, Replaces replaces) {
     for (int y = 0; y < to.height; ++y) {
         const std::uint8_t* source = from.row(y);
         std::uint8_t* target = to.row(y);
-        for (int x = 0; x < to.width; ++x, source += 3, target += 3)
-            if (replaces(brightness(source), brightness(target))) std::memcpy(target, source, 3);
+        for (int x = 0; x < to.width; ++x, source += 3, target += 3) {
+            const bool replaced = replaces(brightness(source), brightness(target));
+            for (int channel = 0; channel < 3; ++channel)
+                target[channel] = replaced ? source[channel] : target[channel];
+        }
     }
 }
 
-std::uint32_t wrapped(std::int32_t value) {
-    return static_cast<std::uint32_t>(value);
+std::int32_t constant(const SumPart& from, std::int32_t from_offset, const SumPart& to,
+                      std::int32_t to_offset) {
+    const auto part = [](std::int32_t offset, std::int32_t multiplier) {
+        return static_cast<std::uint32_t>(offset) * static_cast<std::uint32_t>(multiplier);
+    };
+    return static_cast<std::int32_t>(part(from_offset, from.multiplier) +
+                                     part(to_offset, to.multiplier));
+}
+
+// In wrapping arithmetic (byte + offset) x multiplier may be written out.
+ByteSum byte_sum(const SumPart& from, const SumPart& to) {
+    return {from.multiplier,
+            to.multiplier,
+            {constant(from, from.offset_r, to, to.offset_r),
+             constant(from, from.offset_g, to, to.offset_g),
+             constant(from, from.offset_g, to, to.offset_b)}};
+}
+
+// True when no pixels can take the sum out of 16 signed bits.
+bool fits_narrow(const ByteSum& sum) {
+    const std::int64_t scaled =
+        255 * (std::abs(std::int64_t{sum.from}) + std::abs(std::int64_t{sum.to}));
+    return std::all_of(std::begin(sum.constant), std::end(sum.constant),
+                       [&](std::int64_t value) { return scaled + std::abs(value) <= 32767; });
 }
 
 } // namespace
@@ -39,25 +67,16 @@ void AddDarkest(ConstImageView from, ImageView to, ProgressObserver* observer) {
     progress.complete();
 }
 
+ByteAdder::ByteAdder(const SumPart& from_part, const SumPart& to_part)
+    : sum_(byte_sum(from_part, to_part)),
+      add_(fits_narrow(sum_) ? filter_rows().add_narrow : filter_rows().add_wide) {}
+
 void AddImages(ConstImageView from, ImageView to, const SumPart& from_part, const SumPart& to_part,
                ProgressObserver* observer) {
     const ProgressReporter progress(observer);
-    const std::uint32_t m = wrapped(from_part.multiplier);
-    const std::uint32_t n = wrapped(to_part.multiplier);
-    const std::uint32_t offsets[3] = {
-        wrapped(from_part.offset_r) * m + wrapped(to_part.offset_r) * n,
-        wrapped(from_part.offset_g) * m + wrapped(to_part.offset_g) * n,
-        wrapped(from_part.offset_g) * m + wrapped(to_part.offset_b) * n,
-    };
-    for (int y = 0; y < to.height; ++y) {
-        const std::uint8_t* source = from.row(y);
-        std::uint8_t* target = to.row(y);
-        for (int x = 0; x < 3 * to.width; ++x) {
-            const auto sum =
-                static_cast<std::int32_t>(source[x] * m + target[x] * n + offsets[x % 3]);
-            target[x] = static_cast<std::uint8_t>(sum < 0 ? 0 : sum > 255 ? 255 : sum);
-        }
-    }
+    const ByteAdder adder(from_part, to_part);
+    for (int y = 0; y < to.height; ++y)
+        adder.add(from.row(y), to.row(y), 3 * to.width);
     progress.complete();
 }
 

@@ -3,6 +3,7 @@
 
 #include "image/image_view.h"
 #include "image/progress.h"
+#include "process/filter_rows.h"
 
 #include <cstdint>
 
@@ -30,5 +31,19 @@ struct SumPart {
 /// source's B offset is not used.
 void AddImages(ConstImageView from, ImageView to, const SumPart& from_part, const SumPart& to_part,
                ProgressObserver* observer = nullptr);
+
+/// The sum alone, for stretches of whole pixels; it raises no event.
+class ByteAdder {
+  public:
+    ByteAdder(const SumPart& from_part, const SumPart& to_part);
+    /// `count` bytes, starting with a pixel's blue; the stretches do not overlap.
+    void add(const std::uint8_t* from, std::uint8_t* to, int count) const {
+        add_(from, to, count, sum_);
+    }
+
+  private:
+    ByteSum sum_;
+    decltype(FilterRows::add_narrow) add_;
+};
 
 } // namespace kelvane

@@ -4,6 +4,7 @@
 #include "image/image_view.h"
 #include "image/progress.h"
 #include "process/filter_kernel.h"
+#include "process/row_done.h"
 
 namespace kelvane {
 
@@ -12,6 +13,6 @@ namespace kelvane {
 /// clamped to 0 .. 255. The kernel's weight is not 0. A border of half a kernel on every side of
 /// `to` is not written. Columns are reported as byte offsets 3 x half to 3 x (width - half - 1).
 void convolve(ConstImageView from, ImageView to, const FilterKernel& kernel,
-              ProgressObserver* observer = nullptr);
+              ProgressObserver* observer = nullptr, const RowDone& row_done = {});
 
 } // namespace kelvane

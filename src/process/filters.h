@@ -8,12 +8,16 @@ namespace kelvane {
 
 // `image` and `buffer` have one size and share no pixels. Each filter leaves the borders of the
 // picture that its kernel does not reach into as they were, and a picture smaller than the kernel
-// altogether. Events are those of the steps a filter is made of.
+// altogether. Events are those of the steps a filter is made of: the
+// last two raise `Complete` twice, for the convolution and for the sum.
 
 /// The picture and the buffer become the picture convolved.
 void convolve_in_place(ImageView image, ImageView buffer, const FilterKernel& kernel,
                        ProgressObserver* observer = nullptr);
-/// The same with a rank filter.
+/// The buffer becomes the picture convolved.
+void convolve_to_buffer(ConstImageView image, ImageView buffer, const FilterKernel& kernel,
+                        ProgressObserver* observer = nullptr);
+/// The picture and the buffer become the rank filter's result.
 void rank_in_place(ImageView image, ImageView buffer, Rank rank,
                    ProgressObserver* observer = nullptr);
 /// Twice the picture less its 3 x 3 blur, which stays in the buffer.

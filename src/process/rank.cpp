@@ -1,38 +1,23 @@
 #include "process/rank.h"
 
-#include <algorithm>
+#include "process/convolution.h"
+#include "process/filter_rows.h"
+#include "process/strips.h"
 
 namespace kelvane {
-namespace {
 
-std::uint8_t rank_of_nine(ConstImageView from, int byte, int y, Rank rank) {
-    int sum = 0;
-    std::uint8_t low = 255;
-    std::uint8_t high = 0;
-    for (int j = -1; j <= 1; ++j)
-        for (int i = -3; i <= 3; i += 3) {
-            const std::uint8_t value = from.row(y + j)[byte + i];
-            sum += value;
-            low = std::min(low, value);
-            high = std::max(high, value);
-        }
-    if (rank == Rank::Mean) return static_cast<std::uint8_t>(sum / 9);
-    return rank == Rank::Minimum ? low : high;
-}
-
-} // namespace
-
-void rank_filter(ConstImageView from, ImageView to, Rank rank, ProgressObserver* observer) {
-    const ProgressReporter progress(observer);
-    const int last = 3 * from.width - 6;
-    progress.init(last);
-    for (int x = 3; x <= last; x += 3) {
-        for (int y = 1; y < from.height - 1; ++y)
-            for (int byte = x; byte < x + 3; ++byte)
-                to.row(y)[byte] = rank_of_nine(from, byte, y, rank);
-        progress.at(x);
+void rank_filter(ConstImageView from, ImageView to, Rank rank, ProgressObserver* observer,
+                 const RowDone& row_done) {
+    if (rank == Rank::Mean) {
+        // A ninth of the sum of nine samples: the blur's kernel.
+        convolve(from, to, predefined_kernel(kBlur), observer, row_done);
+        return;
     }
-    progress.complete();
+    const ProgressReporter progress(observer);
+    const auto extreme = rank == Rank::Minimum ? filter_rows().minimum : filter_rows().maximum;
+    walk_interior(from, 1, Walk::WholeRows, progress, row_done, [&](int byte, int count, int y) {
+        extreme(from.row(y) + byte, from.row_step, to.row(y) + byte, count);
+    });
 }
 
 } // namespace kelvane
