@@ -38,7 +38,7 @@ bool covers(const cDIBSection& from, const cDIBSection& to) {
 
 cImageProcessDIB::cImageProcessDIB(std::string executable_name)
     : executable_name_(std::move(executable_name)), filter_type_(kBlur),
-      kernel_(predefined_kernel(kBlur)) {}
+      kernel_(predefined_kernel(kBlur)), random_(std::random_device{}()) {}
 
 void cImageProcessDIB::set_FilterType(int type) {
     if (type < kBlur || type > kCustom) raise(kInvalidType, executable_name_);

@@ -4,7 +4,10 @@
 #include "engine/engine_error.h"
 #include "image/dib_section.h"
 #include "image/progress.h"
+#include "image/random_source.h"
 #include "process/filter_kernel.h"
+#include "process/palette.h"
+#include "reduce/black_white.h"
 
 #include <cstdint>
 #include <string>
@@ -12,7 +15,7 @@
 namespace kelvane {
 
 /// One per document. It works on the pictures handed to each call and holds only the current
-/// kernel and the receiver of its events.
+/// kernel, the receiver of its events and the state of its random numbers.
 ///
 /// Operations return true when they ran. Pictures that do not fit together (empty, two sizes
 /// where one is needed) are left alone and give false.
@@ -58,9 +61,30 @@ class cImageProcessDIB {
                    int lFromOffsetR, int lFromOffsetG, int lFromOffsetB, int lToMultiplier,
                    int lToOffsetR, int lToOffsetG, int lToOffsetB);
 
-    // Tone and colour.
+    // Tone and colour, in place; see process/grayscale.h and process/tone.h.
 
-    // Palettes and reductions.
+    bool GrayScale(cDIBSection& cImage);
+    bool Fade(cDIBSection& cImage, int level);
+    bool Lighten(cDIBSection& cImage, int percent);
+    /// `fSaturation` is not looked at: pixels keep theirs.
+    bool Colourise(cDIBSection& cImage, float fHue, float fSaturation = 0);
+    bool AddNoise(cDIBSection& cImage, int percent, bool bRandom = false);
+    bool NegativeImage(cDIBSection& cImage);
+    /// Starts the random numbers of `AddNoise` anew; the same seed gives the same noise.
+    void seed_noise(std::uint32_t seed) { random_ = RandomSource(seed); }
+
+    // Palettes; `cBuffer` is a picture of the same size that ends up holding the result as well.
+    // See process/diffusion.h. An empty palette is refused.
+
+    bool ApplyPalette(cDIBSection& cImage, cDIBSection& cBuffer, const cPalette& cPal);
+    bool Steinberg(cDIBSection& cImage, cDIBSection& cBuffer);
+
+    // Reductions; see reduce/black_white.h. `LineArt2` without a channel is refused.
+
+    bool BlackAndWhite(cDIBSection& cSource, cDIBSection& cDestination, int limit);
+    bool BlackAndWhite2(cDIBSection& cSource, cDIBSection& cDestination, int limit);
+    bool LineArt2(cDIBSection& cSource, cDIBSection& cDestination, int limit, Channels channels);
+    bool EdgeDetect2(cDIBSection& cSource, cDIBSection& cDestination, int limit);
 
     // Export.
 
@@ -71,6 +95,7 @@ class cImageProcessDIB {
     ProgressObserver* observer_ = nullptr;
     int filter_type_;
     FilterKernel kernel_;
+    RandomSource random_;
 };
 
 } // namespace kelvane

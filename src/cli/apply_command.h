@@ -1,0 +1,13 @@
+// `kelvane-cli apply`: operations on a picture file.
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+namespace kelvane {
+
+/// Adds the subcommand; running it throws `UsageError` or, the file's name first, `FileError`.
+void add_apply_command(CLI::App& app);
+
+} // namespace kelvane

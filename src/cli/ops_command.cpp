@@ -1,0 +1,28 @@
+#include "cli/ops_command.h"
+
+#include "cli/operations.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <string>
+
+namespace kelvane {
+namespace {
+
+void list_operations() {
+    constexpr std::size_t kColumn = 28;
+    for (const OperationInfo& info : operations()) {
+        std::string line = std::string(info.name) + std::string(info.arguments);
+        line.resize(std::max(line.size() + 2, kColumn), ' ');
+        std::cout << line << info.help << '\n';
+    }
+}
+
+} // namespace
+
+void add_ops_command(CLI::App& app) {
+    app.add_subcommand("ops", "List the operations, one line each.")->callback(list_operations);
+}
+
+} // namespace kelvane
