@@ -1,7 +1,9 @@
 #include "cli/command_line.h"
 
+#include "cli/apply_command.h"
 #include "cli/exit_code.h"
 #include "cli/export_command.h"
+#include "cli/ops_command.h"
 #include "cli/usage_error.h"
 #include "image/file_error.h"
 
@@ -51,6 +53,8 @@ int run_command_line(const std::vector<std::string>& arguments, const Console& c
     app.require_subcommand(1);
     int exit_code = kExitDone;
     add_export_command(app, console, exit_code);
+    add_apply_command(app, console);
+    add_ops_command(app, console);
     try {
         parse(app, arguments);
         return exit_code;

@@ -13,7 +13,12 @@ constexpr auto kRedrawEvery = std::chrono::milliseconds(100);
 } // namespace
 
 ConsoleProgress::~ConsoleProgress() {
+    wipe();
+}
+
+void ConsoleProgress::wipe() {
     if (drawn_) out_ << '\r' << std::string(kBarWidth + 2, ' ') << '\r' << std::flush;
+    drawn_ = false;
 }
 
 void ConsoleProgress::InitProgress(long lMax) {
@@ -22,7 +27,7 @@ void ConsoleProgress::InitProgress(long lMax) {
 
 void ConsoleProgress::Progress(long lPosition) {
     const auto now = Clock::now();
-    if (now < next_draw_) return;
+    if (!enabled_ || now < next_draw_) return;
     next_draw_ = now + kRedrawEvery;
     drawn_ = true;
     const double share = std::clamp(static_cast<double>(lPosition) / maximum_, 0.0, 1.0);

@@ -6,9 +6,6 @@
 #include "cli/operations.h"
 #include "cli/usage_error.h"
 #include "cli/utf8_path.h"
-#include "export/vectorize.h"
-#include "image/file_error.h"
-#include "reduce/black_white.h"
 
 #include <CLI/CLI.hpp>
 
@@ -54,7 +51,7 @@ struct Request {
     std::string trace = "full";
     std::string shape = "polygon";
     std::vector<std::string> operations;
-    std::optional<unsigned> seed;
+    std::optional<std::uint32_t> seed;
     bool full_size = false;
     bool stats = false;
 };
@@ -141,20 +138,20 @@ ExitCode export_picture(const Request& request, const Console& console) {
     using Clock = std::chrono::steady_clock;
     const auto start = Clock::now();
     const ExportOptions options = options_of(request);
-    const OperationChain operations = OperationChain::parse(request.operations);
+    const std::vector<Operation> operations = parse_operations(request.operations);
     const std::filesystem::path output = output_of(request);
 
-    std::optional<ConsoleProgress> progress;
-    if (console.shows_progress) progress.emplace(console.error);
-    ProgressObserver* observer = progress ? &*progress : nullptr;
-
+    ConsoleProgress progress(console);
     cDIBSection picture = open_picture(request.input, request.full_size);
-    operations.apply(picture, request.seed, observer);
-    BlackAndWhite2(picture.view(), picture.view(), kExportLimit, observer);
+    cImageProcessDIB engine;
+    engine.set_observer(&progress);
+    if (request.seed) engine.seed_noise(*request.seed);
+    for (const Operation& operation : operations)
+        operation(picture, engine);
+    engine.BlackAndWhite2(picture, picture, kExportLimit);
     ExportReport report;
-    with_file_name(utf8_text(output),
-                   [&] { report = Vectorize(picture.view(), output, options, observer); });
-    progress.reset();
+    with_file_name(utf8_text(output), [&] { report = engine.Vectorize(picture, output, options); });
+    progress.wipe();
 
     if (request.stats)
         print_stats(picture, report, request,
