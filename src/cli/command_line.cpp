@@ -32,6 +32,17 @@ void parse(CLI::App& app, std::vector<std::string> arguments) {
     app.parse(std::move(arguments));
 }
 
+// CLI11 only says that a command is missing.
+void refuse_unknown_command(const CLI::App& app, const std::vector<std::string>& arguments) {
+    if (arguments.empty() || arguments[0].starts_with('-')) return;
+    std::string names;
+    for (const CLI::App* command : app.get_subcommands({})) {
+        if (command->get_name() == arguments[0]) return;
+        names += (names.empty() ? "" : ", ") + command->get_name();
+    }
+    throw UsageError("unknown command \"" + arguments[0] + "\"; there are " + names);
+}
+
 int usage_failure(const std::string& complaint, const CLI::App& app, const Console& console) {
     const auto commands = app.get_subcommands();
     const std::string command = commands.empty() ? "" : commands.front()->get_name() + " ";
@@ -56,6 +67,7 @@ int run_command_line(const std::vector<std::string>& arguments, const Console& c
     add_apply_command(app, console);
     add_ops_command(app, console);
     try {
+        refuse_unknown_command(app, arguments);
         parse(app, arguments);
         return exit_code;
     } catch (const CLI::Success& request) { // --help, --version
