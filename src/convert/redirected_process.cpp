@@ -26,7 +26,7 @@ Pipe make_pipe() {
     SECURITY_ATTRIBUTES security = inheritable();
     HANDLE read_end = nullptr;
     HANDLE write_end = nullptr;
-    if (!CreatePipe(&read_end, &write_end, &security, 0)) return {};
+    if (!CreatePipe(&read_end, &write_end, &security, 65536)) return {};
     Pipe pipe{UniqueHandle(read_end), UniqueHandle(write_end)};
     // A child that held the read end would never see its reader gone.
     if (!SetHandleInformation(read_end, HANDLE_FLAG_INHERIT, 0)) return {};
