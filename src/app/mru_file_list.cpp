@@ -56,8 +56,9 @@ std::wstring cMRUFileList::MenuCaption(int i) const {
 }
 
 void cMRUFileList::AddFile(const std::wstring& file, bool flag) {
-    const auto known = std::find_if(entries_.begin(), entries_.end(),
-                                    [&](const Entry& entry) { return same_file(entry.file, file); });
+    const auto known = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+        return same_file(entry.file, file);
+    });
     if (known != entries_.end())
         entries_.erase(known);
     else if (FileCount() >= capacity_)

@@ -7,8 +7,8 @@
 namespace kelvane {
 namespace {
 
-constexpr DWORD kBlock = 65536;        // bytes read at once
-constexpr DWORD kPollInterval = 20;    // milliseconds
+constexpr DWORD kBlock = 65536;              // bytes read at once
+constexpr DWORD kPollInterval = 20;          // milliseconds
 constexpr std::size_t kLongest = 256u << 20; // bytes; a program that prints without end is cut off
 
 enum class State { kSomething, kNothing, kEnd };

@@ -17,7 +17,8 @@ bool is_folder(const std::wstring& path) {
 std::wstring program_file() {
     std::wstring file(MAX_PATH, L'\0');
     for (;;) {
-        const DWORD length = GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size()));
+        const DWORD length =
+            GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size()));
         if (length < file.size()) return file.substr(0, length);
         file.resize(file.size() * 2);
     }

@@ -33,8 +33,9 @@ double lenient_number(std::string_view text) {
 
 double lenient_number(std::wstring_view text) {
     std::string narrow(text.size(), '?');
-    std::transform(text.begin(), text.end(), narrow.begin(),
-                   [](wchar_t c) { return static_cast<char32_t>(c) < 128 ? static_cast<char>(c) : '?'; });
+    std::transform(text.begin(), text.end(), narrow.begin(), [](wchar_t c) {
+        return static_cast<char32_t>(c) < 128 ? static_cast<char>(c) : '?';
+    });
     return lenient_number(narrow);
 }
 

@@ -23,7 +23,8 @@ int language_offset() {
 }
 
 void set_language_offset(int offset) {
-    current_offset = std::clamp(offset, -0x8000, 0x7FFF); // an edited settings file may hold anything
+    current_offset =
+        std::clamp(offset, -0x8000, 0x7FFF); // an edited settings file may hold anything
 }
 
 std::wstring load_fixed_string(int number) {

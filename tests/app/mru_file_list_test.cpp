@@ -18,7 +18,8 @@ std::wstring caption_of(const std::wstring& path) {
 TEST(RecentFiles, MostRecentFirstAndTheOldestFallsOff) {
     cMRUFileList list;
     EXPECT_EQ(list.MaxFileCount(), 4);
-    for (const wchar_t* file : {L"1", L"2", L"3", L"4", L"5"}) list.AddFile(file, false);
+    for (const wchar_t* file : {L"1", L"2", L"3", L"4", L"5"})
+        list.AddFile(file, false);
     EXPECT_EQ(list.FileCount(), 4);
     EXPECT_EQ(list.file(1), L"5");
     EXPECT_EQ(list.file(4), L"2");
@@ -61,7 +62,8 @@ TEST(RecentFiles, LongPathsAreShownFromAWholeFolderOn) {
 
 TEST(RecentFiles, SurviveTheSettingsFile) {
     const ScratchFolder scratch;
-    const std::wstring path = L"D:\\\x0434\x0443\x0433\x0430\\\x4E2D\x6587\\" + std::wstring(300, L'x');
+    const std::wstring path =
+        L"D:\\\x0434\x0443\x0433\x0430\\\x4E2D\x6587\\" + std::wstring(300, L'x');
     cMRUFileList list;
     list.AddFile(L"C:\\a.bmp", false);
     list.AddFile(L"C:\\b.bmp", false);
@@ -94,8 +96,9 @@ TEST(RecentFiles, CountBeyondTheCapacityStays) {
 }
 
 TEST(RecentFiles, DamagedNumbersDoNoHarm) {
-    for (const char* numbers : {"MaxCount=2000000000\r\nCount=2000000000", "MaxCount=-5\r\nCount=-7",
-                                "MaxCount=0\r\nCount=1e300", "MaxCount=abc\r\nCount=abc", ""}) {
+    for (const char* numbers :
+         {"MaxCount=2000000000\r\nCount=2000000000", "MaxCount=-5\r\nCount=-7",
+          "MaxCount=0\r\nCount=1e300", "MaxCount=abc\r\nCount=abc", ""}) {
         const ScratchFolder scratch;
         scratch.put("[ImageMRU]\r\n" + std::string(numbers) + "\r\nFile1=a\r\n");
         const auto start = std::chrono::steady_clock::now();

@@ -11,7 +11,8 @@
 namespace {
 
 void print_lines(int count) {
-    for (int i = 0; i < count; ++i) std::printf("line %d\n", i);
+    for (int i = 0; i < count; ++i)
+        std::printf("line %d\n", i);
 }
 
 void alternate(int count) {
@@ -25,8 +26,10 @@ void alternate(int count) {
 // Every byte but the control characters, in blocks of odd length.
 void print_bytes() {
     std::string bytes;
-    for (int c = 32; c < 256; ++c) bytes += static_cast<char>(c);
-    for (int i = 0; i < 50; ++i) std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+    for (int c = 32; c < 256; ++c)
+        bytes += static_cast<char>(c);
+    for (int i = 0; i < 50; ++i)
+        std::fwrite(bytes.data(), 1, bytes.size(), stdout);
 }
 
 void print_arguments(int count, wchar_t** arguments) {

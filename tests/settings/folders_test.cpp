@@ -23,7 +23,8 @@ TEST(Folders, ExistingFolderIsTheLongestThatExists) {
 
 TEST(Folders, NothingThatExistsGivesTheProgramFolder) {
     EXPECT_TRUE(std::filesystem::exists(program_folder() + L"\\settings_tests.exe"));
-    for (const wchar_t* path : {L"", L"Q:", L"Q:\\pics\\logo.png", L"logo.png", L"\\", L"\\logo.png"})
+    for (const wchar_t* path :
+         {L"", L"Q:", L"Q:\\pics\\logo.png", L"logo.png", L"\\", L"\\logo.png"})
         EXPECT_EQ(ExistingFolderOf(path), program_folder()) << std::filesystem::path(path);
 }
 

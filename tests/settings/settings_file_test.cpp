@@ -12,7 +12,8 @@
 namespace kelvane {
 namespace {
 
-const std::wstring kEveryScript = L"D:\\Gr\x00F6\x00DF" L"e\\\x0434\x0443\x0433\x0430\\"
+const std::wstring kEveryScript = L"D:\\Gr\x00F6\x00DF"
+                                  L"e\\\x0434\x0443\x0433\x0430\\"
                                   L"\x4E2D\x6587\\\xD83D\xDE00\\logo.png";
 
 TEST(SettingsFileTest, MissingKeysTakeTheirDefaults) {
@@ -59,7 +60,8 @@ TEST(SettingsFileTest, OnlyPathsAreReadBeyond254Characters) {
 
 TEST(SettingsFileTest, AnOlderFileKeepsWhatIsNotOurs) {
     const ScratchFolder scratch;
-    scratch.put("; mine\r\n[other]\r\nname=Gr\xF6\xDF" "e\r\n[global]\r\nlanguage=0\r\nodd=1\r\n");
+    scratch.put("; mine\r\n[other]\r\nname=Gr\xF6\xDF"
+                "e\r\n[global]\r\nlanguage=0\r\nodd=1\r\n");
     const SettingsFile file = scratch.settings();
     write_setting(file, settings::kSaveFolder, L"C:\\pics\\");
     EXPECT_EQ(scratch.bytes().substr(0, 6), "; mine") << "turned into UTF-16 without need";
@@ -68,12 +70,14 @@ TEST(SettingsFileTest, AnOlderFileKeepsWhatIsNotOurs) {
     EXPECT_EQ(read_setting(file, settings::kOpenFolder), kEveryScript);
     EXPECT_EQ(read_setting(file, settings::kSaveFolder), L"C:\\pics\\");
     EXPECT_EQ(read_setting(file, settings::kLanguage), 0);
-    EXPECT_EQ(file.ReadIniValue(L"other", L"name"), L"Gr\x00F6\x00DF" L"e");
+    EXPECT_EQ(file.ReadIniValue(L"other", L"name"), L"Gr\x00F6\x00DF"
+                                                    L"e");
     EXPECT_EQ(file.ReadIniValue(L"global", L"odd"), L"1");
 
     EXPECT_TRUE(file.DeleteIniSection(L"global"));
     EXPECT_EQ(file.ReadIniValue(L"global", L"odd"), L"");
-    EXPECT_EQ(file.ReadIniValue(L"other", L"name"), L"Gr\x00F6\x00DF" L"e");
+    EXPECT_EQ(file.ReadIniValue(L"other", L"name"), L"Gr\x00F6\x00DF"
+                                                    L"e");
 }
 
 TEST(SettingsFileTest, AFileThatCannotBeWrittenSwallowsWrites) {
@@ -98,10 +102,12 @@ TEST(SettingsFileTest, RubbishAndSizeDoNoHarm) {
     const SettingsFile file = scratch.settings();
     std::mt19937 random(1);
     std::string rubbish(100000, '\0');
-    for (char& c : rubbish) c = static_cast<char>(random());
+    for (char& c : rubbish)
+        c = static_cast<char>(random());
     const std::string line = "[section]\r\nkey=" + std::string(70, 'x') + "\r\n";
     std::string large;
-    while (large.size() < (10u << 20)) large += line;
+    while (large.size() < (10u << 20))
+        large += line;
     for (const std::string& bytes : {rubbish, "\xFF\xFE" + rubbish, large}) {
         scratch.put(bytes);
         const auto start = std::chrono::steady_clock::now();

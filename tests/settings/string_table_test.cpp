@@ -58,7 +58,8 @@ TEST(StringTable, EveryTextIsThereInBothLanguages) {
     for (const int id : ids) {
         EXPECT_TRUE(id >= kFirst && id <= kLast) << id;
         ASSERT_TRUE(exists(id) && exists(id + kEnglishOffset)) << id;
-        EXPECT_EQ(frame(load_fixed_string(id)), frame(load_fixed_string(id + kEnglishOffset))) << id;
+        EXPECT_EQ(frame(load_fixed_string(id)), frame(load_fixed_string(id + kEnglishOffset)))
+            << id;
     }
     for (int id = kFirst; id <= kLast; ++id) {
         const bool named = std::count(ids.begin(), ids.end(), id) == 1;
@@ -175,7 +176,8 @@ TEST(StringTable, LanguageSwitchesAndFieldsAreFilled) {
     EXPECT_EQ(LoadString(IDS_EXPORT_HINT).substr(0, 25), L"If the Preview is to dark");
     EXPECT_EQ(LoadString(IDS_SUBIMAGE_NUMBER, {L"%2", L"10"}), L"Image %2 of 10");
     set_language_offset(kGermanOffset);
-    EXPECT_EQ(LoadString(IDS_MENU_UNDO), L"&R\x00FC" L"ckg\x00E4ngig");
+    EXPECT_EQ(LoadString(IDS_MENU_UNDO), L"&R\x00FC"
+                                         L"ckg\x00E4ngig");
     for (const int offset : {5000, -1000000, 0x7FFFFFFF}) {
         set_language_offset(offset);
         EXPECT_THROW(LoadString(IDS_TITLE), MissingTextError) << offset;
@@ -190,7 +192,8 @@ TEST(StringTable, LayerNamesAreComplete) {
     EXPECT_EQ(load_fixed_string(IDS_LAYER_FIRST + 49), L"51 tDocu (B)");
     EXPECT_EQ(load_fixed_string(IDS_LAYER_USERDEFINED), L" Userdefined");
     EXPECT_EQ(load_fixed_string(IDS_LAYER_LAST), L"96 Values (S)");
-    for (int i = IDS_LAYER_FIRST; i <= IDS_LAYER_LAST; ++i) EXPECT_TRUE(exists(i)) << i;
+    for (int i = IDS_LAYER_FIRST; i <= IDS_LAYER_LAST; ++i)
+        EXPECT_TRUE(exists(i)) << i;
     EXPECT_FALSE(exists(IDS_LAYER_LAST + 1));
 }
 
