@@ -52,9 +52,9 @@ TEST(RecentFiles, LongPathsAreShownFromAWholeFolderOn) {
     EXPECT_EQ(caption_of(L"C:\\pictures\\from\\the\\year\\folder\\picture.bmp"),
               L"&1)  ...\\the\\year\\folder\\picture.bmp");
     // A tail of 32 characters fits, one of 33 does not.
-    const std::wstring tail = L"\\" + std::wstring(27, L'b') + L".bmp";
-    EXPECT_EQ(caption_of(L"C:\\dir" + tail), L"&1)  ..." + tail);
-    EXPECT_EQ(caption_of(L"C:\\dir\\b" + tail), L"&1)  ..." + tail);
+    const std::wstring file = L"\\" + std::wstring(23, L'b') + L".bmp";
+    EXPECT_EQ(caption_of(L"C:\\dir\\sub" + file), L"&1)  ...\\sub" + file);
+    EXPECT_EQ(caption_of(L"C:\\dir\\subs" + file), L"&1)  ..." + file);
     const std::wstring name = L"\\" + std::wstring(60, L'c') + L".bmp";
     EXPECT_EQ(caption_of(L"C:\\dir" + name), L"&1)  ..." + name);
     EXPECT_EQ(caption_of(name.substr(1)), L"&1)  " + name.substr(1));

@@ -126,21 +126,25 @@ TEST(ConsoleRunner, ChildGetsItsStreamsAndNothingElse) {
     EXPECT_EQ(child_doing(L"event " + value).WinExec(), L"not inherited");
 }
 
+// One by one, because Wine does not count them.
+int open_handles() {
+    int count = 0;
+    DWORD flags = 0;
+    for (std::uintptr_t value = 4; value < 0x4000; value += 4)
+        count += GetHandleInformation(reinterpret_cast<HANDLE>(value), &flags) != FALSE;
+    return count;
+}
+
 TEST(ConsoleRunner, NoHandleIsLeftOver) {
-    const auto handles = [] {
-        DWORD count = 0;
-        EXPECT_TRUE(GetProcessHandleCount(GetCurrentProcess(), &count));
-        return count;
-    };
     const Exec works = child_doing(L"lines 1");
     const Exec fails{L"\"C:\\no such program.exe\"", L""};
     works.WinExec();
-    const DWORD before = handles();
+    const int before = open_handles();
     for (int i = 0; i < 100; ++i) {
         works.WinExec();
         fails.WinExec();
     }
-    EXPECT_EQ(handles(), before);
+    EXPECT_EQ(open_handles(), before);
 }
 
 } // namespace
