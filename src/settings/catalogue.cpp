@@ -20,7 +20,9 @@ std::wstring numbered_key(const wchar_t* key, int n) {
 } // namespace
 
 int read_setting(const SettingsFile& file, const NumberSetting& setting) {
-    return read_number(file, setting.section, setting.key).value_or(setting.when_missing);
+    const auto value = read_number(file, setting.section, setting.key);
+    const bool usable = value && *value >= setting.lowest && *value <= setting.highest;
+    return usable ? *value : setting.when_missing;
 }
 
 std::optional<int> read_setting(const SettingsFile& file, const OptionalSetting& setting) {
@@ -60,7 +62,8 @@ std::wstring read_setting(const SettingsFile& file, const Numbered<PathSetting>&
 
 int read_setting(const SettingsFile& file, const Numbered<NumberSetting>& entry) {
     const std::wstring key = numbered_key(entry.setting.key, entry.n);
-    const NumberSetting setting{entry.setting.section, key.c_str(), entry.setting.when_missing};
+    NumberSetting setting = entry.setting;
+    setting.key = key.c_str();
     return read_setting(file, setting);
 }
 

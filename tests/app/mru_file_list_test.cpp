@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 namespace kelvane {
 namespace {
 
@@ -101,12 +99,10 @@ TEST(RecentFiles, DamagedNumbersDoNoHarm) {
           "MaxCount=0\r\nCount=1e300", "MaxCount=abc\r\nCount=abc", ""}) {
         const ScratchFolder scratch;
         scratch.put("[ImageMRU]\r\n" + std::string(numbers) + "\r\nFile1=a\r\n");
-        const auto start = std::chrono::steady_clock::now();
         cMRUFileList list;
         list.Load(scratch.settings());
         list.AddFile(L"b", true);
         list.Save(scratch.settings());
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10)) << numbers;
         EXPECT_EQ(list.file(1), L"b") << numbers;
         EXPECT_GE(list.MaxFileCount(), 1) << numbers;
         EXPECT_LE(list.FileCount(), 101) << numbers;

@@ -5,15 +5,12 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <stdexcept>
 
 namespace kelvane {
 namespace {
-
-using std::chrono::milliseconds;
 
 std::wstring child() {
     wchar_t program[MAX_PATH];
@@ -31,12 +28,6 @@ std::wstring lines(int count) {
     for (int i = 0; i < count; ++i)
         text += L"line " + std::to_wstring(i) + L"\r\n";
     return text;
-}
-
-template <class Work> auto time_of(Work work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::steady_clock::now() - start;
 }
 
 TEST(ConsoleRunner, LargeOutputArrivesWholeAndInOrder) {
@@ -98,20 +89,12 @@ TEST(ConsoleRunner, ArgumentsArriveAsTheyWere) {
               L"spoken by the interpreter\r\n");
 }
 
-TEST(ConsoleRunner, GrandchildWithTheOutputIsWaitedFor) {
-    std::wstring output;
-    const auto time = time_of([&] { output = child_doing(L"grandchild 1000").WinExec(); });
-    EXPECT_EQ(output, L"child grandchild");
-    EXPECT_GE(time, milliseconds(1000));
-}
-
-TEST(ConsoleRunner, WaitingCanBeEnded) {
+TEST(ConsoleRunner, GrandchildWithTheOutputIsWaitedForUnlessWaitingIsEnded) {
+    EXPECT_EQ(child_doing(L"grandchild 1000").WinExec(), L"child grandchild");
     Exec run = child_doing(L"grandchild 60000");
     int asked = 0;
     run.keep_waiting = [&] { return ++asked < 50; };
-    std::wstring output;
-    EXPECT_LT(time_of([&] { output = run.WinExec(); }), milliseconds(20000));
-    EXPECT_EQ(output, L"child ");
+    EXPECT_EQ(run.WinExec(), L"child ");
     EXPECT_EQ(asked, 50);
     run = child_doing(L"lines 5000");
     run.keep_waiting = [] { return true; };

