@@ -45,3 +45,16 @@ function(kelvane_test name)
   add_test(NAME ${KELVANE_WORLD}.${name} COMMAND ${name})
   set_tests_properties(${KELVANE_WORLD}.${name} PROPERTIES TIMEOUT 300)
 endfunction()
+
+# kelvane_avx2_sources(file...)
+# Compiles the files for processors with AVX2. They may hold only what the linker cannot hand to
+# other files (static functions, unnamed namespaces, intrinsics): no templates or inline functions
+# of the standard library.
+function(kelvane_avx2_sources)
+  set(flags -mavx2)
+  if(MINGW)
+    # GCC aligns the stack to 16 bytes only on 64-bit Windows; aligned 32-byte moves would trap.
+    list(APPEND flags -Wa,-muse-unaligned-vector-move)
+  endif()
+  set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS "${flags}")
+endfunction()

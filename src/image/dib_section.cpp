@@ -1,7 +1,9 @@
 #include "image/dib_section.h"
 
+#include "image/random_source.h"
 #include "image/resample.h"
 
+#include <chrono>
 #include <cstring>
 #include <limits>
 
@@ -64,6 +66,14 @@ cDIBSection cDIBSection::Resample(int lNewHeight, int lNewWidth) const {
     cDIBSection result;
     if (!empty() && result.Create(lNewWidth, lNewHeight)) resample_bilinear(view(), result.view());
     return result;
+}
+
+void cDIBSection::RandomiseBits(bool bGray) {
+    using namespace std::chrono;
+    const auto now = system_clock::now();
+    const auto since_midnight = now - floor<days>(now);
+    RandomSource random(static_cast<std::uint32_t>(floor<seconds>(since_midnight).count()));
+    randomise_bits(view(), bGray, random);
 }
 
 } // namespace kelvane

@@ -41,6 +41,9 @@ class cDIBSection {
     /// same. Empty when it cannot be created; this picture stays as it is.
     cDIBSection Resample(int lNewHeight, int lNewWidth) const;
 
+    /// Fills the picture with noise seeded by the time of day; see `randomise_bits`.
+    void RandomiseBits(bool bGray);
+
     static constexpr int bytes_per_scan_line(int width) {
         return static_cast<int>((static_cast<std::int64_t>(width) * 3 + 3) & ~std::int64_t{3});
     }

@@ -1,4 +1,7 @@
-// Reduction to black and white by brightness.
+// Reductions of a colour picture to pure black and white.
+//
+// All take a source and a destination of one size, which may be the same picture; both end up
+// holding the result. Columns are reported by their byte offsets, ascending.
 #pragma once
 
 #include "image/image_view.h"
@@ -6,10 +9,30 @@
 
 namespace kelvane {
 
-/// Turns `source` to grey, writes black into `destination` where the grey is at most `limit` and
-/// white elsewhere, and copies `destination` back over `source`. Both have one size; they may be
-/// the same picture.
+/// Black where the pixel's grey (see `GrayScale`) is at most `limit`, white elsewhere. The events
+/// of `GrayScale` come before its own.
+void BlackAndWhite(ImageView source, ImageView destination, int limit,
+                   ProgressObserver* observer = nullptr);
+/// The same operation by its second name.
 void BlackAndWhite2(ImageView source, ImageView destination, int limit,
                     ProgressObserver* observer = nullptr);
+
+/// Which channels `LineArt2` looks at.
+struct Channels {
+    bool red;
+    bool green;
+    bool blue;
+};
+
+/// Black where the mean of the chosen channels, rounded with halves to even, is at most `limit`.
+/// Throws `std::invalid_argument` when no channel is chosen.
+void LineArt2(ImageView source, ImageView destination, int limit, Channels channels,
+              ProgressObserver* observer = nullptr);
+
+/// Black where red x 65536 + green x 256 + blue differs from the left neighbour's by at least the
+/// cube of `limit` (-32768 to 32767), white elsewhere. The destination's column 0 and row 0 keep
+/// what they held; columns are reported from the second on.
+void EdgeDetect2(ImageView source, ImageView destination, int limit,
+                 ProgressObserver* observer = nullptr);
 
 } // namespace kelvane

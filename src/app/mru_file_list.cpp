@@ -1,0 +1,92 @@
+#include "app/mru_file_list.h"
+
+#include "settings/catalogue.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+namespace kelvane {
+namespace {
+
+constexpr std::size_t kLongestShown = 32; // characters
+
+// The number of entries is taken from the file as it stands, even beyond the capacity; but an
+// edited or damaged file may claim billions, each of which would be looked up.
+constexpr int kMostLoaded = 100;
+
+// As the file system compares names: without regard to capitals or locale.
+bool same_file(const std::wstring& a, const std::wstring& b) {
+    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
+                                static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
+}
+
+// Keeps whole folders: the shown end begins with a backslash and is as long as fits. A file name
+// too long for that is shown whole.
+std::wstring shortened(const std::wstring& path) {
+    if (path.size() <= kLongestShown) return path;
+    std::size_t shown_from = std::wstring::npos;
+    for (std::size_t k = path.size(); k-- > 0;) {
+        if (path[k] != L'\\') continue;
+        const bool fits = path.size() - k <= kLongestShown;
+        if (fits || shown_from == std::wstring::npos) shown_from = k;
+        if (!fits) break;
+    }
+    return shown_from == std::wstring::npos ? path : L"..." + path.substr(shown_from);
+}
+
+} // namespace
+
+void cMRUFileList::MaxFileCount(int capacity) {
+    if (capacity < 1 || capacity == capacity_) return;
+    capacity_ = capacity;
+    if (FileCount() > capacity) entries_.resize(static_cast<std::size_t>(capacity));
+}
+
+std::wstring cMRUFileList::file(int i) const {
+    return has(i) ? entries_[static_cast<std::size_t>(i - 1)].file : std::wstring();
+}
+
+bool cMRUFileList::fileflag(int i) const {
+    return has(i) && entries_[static_cast<std::size_t>(i - 1)].flag;
+}
+
+std::wstring cMRUFileList::MenuCaption(int i) const {
+    return L"&" + std::to_wstring(i) + L")  " + shortened(file(i));
+}
+
+void cMRUFileList::AddFile(const std::wstring& file, bool flag) {
+    const auto known = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+        return same_file(entry.file, file);
+    });
+    if (known != entries_.end())
+        entries_.erase(known);
+    else if (FileCount() >= capacity_)
+        entries_.pop_back();
+    entries_.insert(entries_.begin(), Entry{file, flag});
+}
+
+void cMRUFileList::Save(const SettingsFile& file) const {
+    file.DeleteIniSection(settings::kRecentSection);
+    write_setting(file, settings::kRecentCapacity, capacity_);
+    write_setting(file, settings::kRecentCount, FileCount());
+    for (int i = 1; i <= FileCount(); ++i) {
+        const Entry& entry = entries_[static_cast<std::size_t>(i - 1)];
+        write_setting(file, Numbered{settings::kRecentFile, i}, entry.file);
+        write_setting(file, Numbered{settings::kRecentFlag, i}, entry.flag ? 1 : 0);
+    }
+}
+
+void cMRUFileList::Load(const SettingsFile& file) {
+    MaxFileCount(read_setting(file, settings::kRecentCapacity).value_or(capacity_));
+    const auto count = read_setting(file, settings::kRecentCount);
+    if (!count) return;
+    entries_.resize(static_cast<std::size_t>(std::clamp(*count, 0, kMostLoaded)));
+    for (int i = 1; i <= FileCount(); ++i) {
+        Entry& entry = entries_[static_cast<std::size_t>(i - 1)];
+        entry.file = read_setting(file, Numbered{settings::kRecentFile, i});
+        entry.flag = read_setting(file, Numbered{settings::kRecentFlag, i}) != 0;
+    }
+}
+
+} // namespace kelvane

@@ -1,0 +1,51 @@
+// The recent files of the File menu.
+#pragma once
+
+#include "settings/settings_file.h"
+
+#include <string>
+#include <vector>
+
+namespace kelvane {
+
+/// The files opened or saved last, the most recent first, each with a flag that says whether the
+/// converter opens it. Entries are counted from 1; an entry that does not exist reads as an empty
+/// name without flag.
+class cMRUFileList {
+  public:
+    /// Capacity. A smaller one drops the oldest entries; below 1 it is ignored.
+    int MaxFileCount() const { return capacity_; }
+    void MaxFileCount(int capacity);
+    /// Number of entries. A list loaded from an edited settings file may exceed the capacity.
+    int FileCount() const { return static_cast<int>(entries_.size()); }
+
+    std::wstring file(int i) const;
+    bool fileflag(int i) const;
+    /// Whether entry `i` has a name; the disk is not asked.
+    bool FileExists(int i) const { return !file(i).empty(); }
+
+    /// Caption of entry `i` in the menu: its number as access key and its path, which loses its
+    /// beginning when it has more than 32 characters ("&1)  ...\folder\picture.bmp").
+    std::wstring MenuCaption(int i) const;
+
+    /// Puts a file to the top with the given flag. The same path in other capitals is the same
+    /// file and takes the new spelling; in a full list the oldest entry goes.
+    void AddFile(const std::wstring& file, bool flag);
+
+    /// Writes the list in the place of the one that the settings file holds.
+    void Save(const SettingsFile& file) const;
+    /// Takes capacity and entries from the settings file, as far as it holds them.
+    void Load(const SettingsFile& file);
+
+  private:
+    struct Entry {
+        std::wstring file;
+        bool flag = false;
+    };
+    bool has(int i) const { return i >= 1 && i <= FileCount(); }
+
+    int capacity_ = 4;
+    std::vector<Entry> entries_;
+};
+
+} // namespace kelvane

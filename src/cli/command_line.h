@@ -1,0 +1,22 @@
+// kelvane-cli without its process: arguments in, texts and an exit code out.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace kelvane {
+
+/// Where a command's results and complaints go.
+struct Console {
+    std::ostream& out;
+    std::ostream& error;
+    /// Whether `error` is a terminal that can show a progress bar.
+    bool shows_progress = false;
+};
+
+/// Runs the command that `arguments` (UTF-8, without the program's name) name and returns an
+/// `ExitCode`. Throws nothing: failures become one line on `console.error`.
+int run_command_line(const std::vector<std::string>& arguments, const Console& console);
+
+} // namespace kelvane

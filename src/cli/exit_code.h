@@ -1,0 +1,13 @@
+// How kelvane-cli ends.
+#pragma once
+
+namespace kelvane {
+
+enum ExitCode : int {
+    kExitDone = 0,
+    kExitFailed = 1,     // an unreadable picture, an unwritable file
+    kExitUsage = 2,      // the command line was wrong
+    kExitOutOfRange = 3, // written, but a coordinate left EAGLE's range
+};
+
+} // namespace kelvane

@@ -1,0 +1,330 @@
+#include "cli/operations.h"
+
+#include "cli/operation_arguments.h"
+#include "cli/usage_error.h"
+#include "cli/utf8_path.h"
+#include "image/file_error.h"
+#include "image/picture_reader.h"
+
+#include <array>
+#include <charconv>
+#include <utility>
+#include <vector>
+
+namespace kelvane {
+namespace {
+
+// The engine refuses only pictures without pixels; a failed allocation is what leads to those.
+void require(bool done) {
+    if (!done) throw FileError("there is not enough memory for the picture");
+}
+
+cDIBSection buffer_for(const cDIBSection& picture) {
+    cDIBSection buffer;
+    require(buffer.Create(picture.Width(), picture.Height()));
+    return buffer;
+}
+
+// Filters.
+
+template <int Type> Operation filter(OperationArguments& arguments) {
+    arguments.expect_none();
+    return [](cDIBSection& picture, cImageProcessDIB& engine) {
+        cDIBSection buffer = buffer_for(picture);
+        engine.set_FilterType(Type);
+        require(engine.ProcessImage(picture, buffer));
+    };
+}
+
+Operation emphasize(OperationArguments& arguments) {
+    arguments.expect_none();
+    return [](cDIBSection& picture, cImageProcessDIB& engine) {
+        cDIBSection buffer = buffer_for(picture);
+        for (const int pass : {kEmphasizeFirst, kEmphasizeSecond}) {
+            engine.set_FilterType(pass);
+            require(engine.ProcessImage(picture, buffer));
+        }
+    };
+}
+
+// 81 products with a byte stay below 2^31.
+constexpr int kLargestCoefficient = 100000;
+constexpr int kLargestWeight = 2147483647;
+
+struct CustomFilter {
+    int size;
+    int weight;
+    std::vector<int> coefficients;
+};
+
+CustomFilter custom_filter(const OperationArguments& arguments) {
+    if (arguments.count() < 2) arguments.fail("needs SIZE, WEIGHT and SIZE x SIZE coefficients");
+    CustomFilter filter;
+    filter.size = arguments.integer(0, "SIZE", 1, FilterKernel::kLargestSize);
+    if (filter.size % 2 == 0) arguments.fail("SIZE is odd: 1, 3, 5, 7 or 9");
+    filter.weight = arguments.integer(1, "WEIGHT", -kLargestWeight, kLargestWeight);
+    if (filter.weight == 0) arguments.fail("WEIGHT divides every sum and cannot be 0");
+    const auto cells = static_cast<std::size_t>(filter.size * filter.size);
+    arguments.expect_count(2 + cells, 2 + cells);
+    for (std::size_t i = 0; i < cells; ++i)
+        filter.coefficients.push_back(
+            arguments.integer(2 + i, "a coefficient", -kLargestCoefficient, kLargestCoefficient));
+    return filter;
+}
+
+Operation custom(OperationArguments& arguments) {
+    return [filter = custom_filter(arguments)](cDIBSection& picture, cImageProcessDIB& engine) {
+        engine.set_FilterType(kCustom);
+        engine.set_FilterArraySize(filter.size);
+        engine.set_FilterWeight(filter.weight);
+        const int half = filter.size / 2;
+        auto coefficient = filter.coefficients.begin();
+        for (int y = -half; y <= half; ++y)
+            for (int x = -half; x <= half; ++x)
+                engine.set_FilterValue(x, y, *coefficient++);
+        cDIBSection buffer = buffer_for(picture);
+        require(engine.ProcessImage(picture, buffer));
+    };
+}
+
+// Tone and colour.
+
+Operation grayscale(OperationArguments& arguments) {
+    arguments.expect_none();
+    return
+        [](cDIBSection& picture, cImageProcessDIB& engine) { require(engine.GrayScale(picture)); };
+}
+
+Operation darken(OperationArguments& arguments) {
+    arguments.expect_count(0, 1);
+    const int level = arguments.given() ? arguments.integer(0, "LEVEL", 0, 255) : 240;
+    return [level](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.Fade(picture, level));
+    };
+}
+
+Operation lighten(OperationArguments& arguments) {
+    arguments.expect_count(0, 1);
+    const int percent = arguments.given() ? arguments.integer(0, "PERCENT", -100, 1000) : 20;
+    return [percent](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.Lighten(picture, percent));
+    };
+}
+
+Operation colourise(OperationArguments& arguments) {
+    arguments.expect_count(1, 1);
+    const float hue = arguments.decimal(0, "HUE", -1, 5);
+    return [hue](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.Colourise(picture, hue));
+    };
+}
+
+Operation noise(OperationArguments& arguments) {
+    arguments.expect_count(1, 2);
+    const int percent = arguments.integer(0, "PERCENT", 0, 100);
+    const bool random = arguments.count() == 2;
+    if (random && arguments.field(1) != "random")
+        arguments.fail("the second argument can only be \"random\"");
+    return [=](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.AddNoise(picture, percent, random));
+    };
+}
+
+Operation negative(OperationArguments& arguments) {
+    arguments.expect_none();
+    return [](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.NegativeImage(picture));
+    };
+}
+
+// Palettes and reductions.
+
+Operation steinberg(OperationArguments& arguments) {
+    arguments.expect_none();
+    return [](cDIBSection& picture, cImageProcessDIB& engine) {
+        cDIBSection buffer = buffer_for(picture);
+        require(engine.Steinberg(picture, buffer));
+    };
+}
+
+cPalette palette_from(const std::string& file) try {
+    cPalette palette = read_palette(utf8_path(file));
+    if (palette.Count() == 0) throw FileError("holds no line of three numbers from 0 to 255");
+    return palette;
+} catch (const FileError& error) {
+    throw FileError(file + ": " + error.what());
+}
+
+Operation palette(OperationArguments& arguments) {
+    return [file = arguments.file()](cDIBSection& picture, cImageProcessDIB& engine) {
+        const cPalette colours = palette_from(file);
+        cDIBSection buffer = buffer_for(picture);
+        require(engine.ApplyPalette(picture, buffer, colours));
+    };
+}
+
+Operation bw(OperationArguments& arguments) {
+    arguments.expect_count(1, 1);
+    const int limit = arguments.integer(0, "LIMIT", 0, 255);
+    return [limit](cDIBSection& picture, cImageProcessDIB& engine) {
+        cDIBSection destination = buffer_for(picture);
+        require(engine.BlackAndWhite2(picture, destination, limit));
+    };
+}
+
+Operation line_art(OperationArguments& arguments) {
+    arguments.expect_count(4, 4);
+    const int limit = arguments.integer(0, "LIMIT", 0, 255);
+    const Channels channels{arguments.integer(1, "R", 0, 1) == 1,
+                            arguments.integer(2, "G", 0, 1) == 1,
+                            arguments.integer(3, "B", 0, 1) == 1};
+    if (!channels.red && !channels.green && !channels.blue)
+        arguments.fail("at least one of R, G and B is 1");
+    return [=](cDIBSection& picture, cImageProcessDIB& engine) {
+        cDIBSection destination = buffer_for(picture);
+        require(engine.LineArt2(picture, destination, limit, channels));
+    };
+}
+
+Operation edges(OperationArguments& arguments) {
+    arguments.expect_count(1, 1);
+    const int limit = arguments.integer(0, "LIMIT", 0, 256);
+    return [limit](cDIBSection& picture, cImageProcessDIB& engine) {
+        cDIBSection destination = picture.Copy();
+        require(engine.EdgeDetect2(picture, destination, limit));
+    };
+}
+
+// Size and combination.
+
+int side(const OperationArguments& arguments, std::string_view text) {
+    int value = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    constexpr int most = 1000000;
+    if (error != std::errc{} || stop != text.data() + text.size() || value < 1 || value > most)
+        arguments.fail("WIDTH and HEIGHT are from 1 to 1000000, with an x between them");
+    return value;
+}
+
+Operation resample(OperationArguments& arguments) {
+    arguments.expect_count(1, 1);
+    const std::string_view text = arguments.field(0);
+    const std::size_t x = std::min(text.find('x'), text.size());
+    const int width = side(arguments, text.substr(0, x));
+    const int height = side(arguments, text.substr(std::min(x + 1, text.size())));
+    return [=](cDIBSection& picture, cImageProcessDIB&) {
+        cDIBSection resized = picture.Resample(height, width);
+        require(!resized.empty());
+        picture = std::move(resized);
+    };
+}
+
+std::string size_text(const cDIBSection& picture) {
+    return std::to_string(picture.Width()) + " x " + std::to_string(picture.Height());
+}
+
+cDIBSection second_picture(const std::string& file, const cDIBSection& first) try {
+    cDIBSection second = read_picture(utf8_path(file));
+    if (second.Width() != first.Width() || second.Height() != first.Height())
+        throw FileError("is " + size_text(second) + " pixels, the picture to change " +
+                        size_text(first));
+    return second;
+} catch (const FileError& error) {
+    throw FileError(file + ": " + error.what());
+}
+
+template <auto Combine> Operation select(OperationArguments& arguments) {
+    return [file = arguments.file()](cDIBSection& picture, cImageProcessDIB& engine) {
+        require((engine.*Combine)(second_picture(file, picture), picture));
+    };
+}
+
+Operation add(OperationArguments& arguments) {
+    constexpr std::size_t numbers = 8;
+    arguments.join_file_before(numbers);
+    // Multipliers and offsets in the order they are written; products stay below 2^31.
+    std::array<int, numbers> n{};
+    for (std::size_t i = 0; i < numbers; ++i)
+        n[i] = i % 4 == 0 ? arguments.integer(1 + i, "a multiplier", -1000, 1000)
+                          : arguments.integer(1 + i, "an offset", -100000, 100000);
+    return [file = arguments.field(0), n](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.AddImages(second_picture(file, picture), picture, n[0], n[1], n[2], n[3],
+                                 n[4], n[5], n[6], n[7]));
+    };
+}
+
+constexpr OperationInfo kOperations[] = {
+    {"soften", "", "3 x 3 mean that favours the centre", filter<kSoften>},
+    {"soften-more", "", "5 x 5 mean that favours the centre", filter<kSoftenMore>},
+    {"blur", "", "3 x 3 mean", filter<kBlur>},
+    {"blur-more", "", "5 x 5 mean", filter<kBlurMore>},
+    {"sharpen", "", "raise differences to the eight neighbours", filter<kSharpen>},
+    {"sharpen-more", "", "raise differences to the four neighbours", filter<kSharpenMore>},
+    {"unsharp", "", "twice the picture less its blur", filter<kUnsharp>},
+    {"emboss", "", "relief on medium grey", filter<kEmboss>},
+    {"median", "", "mean of the 3 x 3 neighbourhood", filter<kMeanRank>},
+    {"minimum", "", "darkest of the 3 x 3 neighbourhood, by channel", filter<kMinimumRank>},
+    {"maximum", "", "lightest of the 3 x 3 neighbourhood, by channel", filter<kMaximumRank>},
+    {"emphasize", "", "sharpen in two passes of different weight", emphasize},
+    {"custom", ":SIZE,WEIGHT,C1,...,Cn",
+     "own filter: SIZE 1, 3, 5, 7 or 9; SIZE x SIZE coefficients from the lowest row up; each sum "
+     "is divided by WEIGHT",
+     custom},
+    {"grayscale", "", "grey of the luminance", grayscale},
+    {"darken", "[:LEVEL=240]", "every channel times LEVEL / 255 (0 to 255)", darken},
+    {"lighten", "[:PERCENT=20]", "lightness up by PERCENT (-100 to 1000)", lighten},
+    {"colourise", ":HUE", "one hue for all pixels: red 0, green 2, blue 4 (-1 to 5)", colourise},
+    {"noise", ":PERCENT[,random]",
+     "add noise (0 to 100); random: to fewer pixels the higher PERCENT is", noise},
+    {"negative", "", "every channel turned round", negative},
+    {"steinberg", "", "black and white by error diffusion", steinberg},
+    {"palette", ":FILE.pal", "the colours of a palette file by error diffusion", palette},
+    {"bw", ":LIMIT", "black where the grey is at most LIMIT (0 to 255), else white", bw},
+    {"line-art", ":LIMIT,R,G,B",
+     "black where the mean of the channels marked 1 is at most LIMIT (0 to 255)", line_art},
+    {"edges", ":LIMIT", "black where the colour changes to the right (0 to 256)", edges},
+    {"resample", ":WIDTHxHEIGHT", "another size, bilinear", resample},
+    {"add-lightest", ":FILE", "combine with FILE, pixel by pixel; both of one size",
+     select<&cImageProcessDIB::AddLightest>},
+    {"add-darkest", ":FILE", "the opposite choice of add-lightest",
+     select<&cImageProcessDIB::AddDarkest>},
+    {"add", ":FILE,FROMMULT,FROMOFF_R,FROMOFF_G,FROMOFF_B,TOMULT,TOOFF_R,TOOFF_G,TOOFF_B",
+     "(FILE + FROMOFF) x FROMMULT + (picture + TOOFF) x TOMULT; both of one size", add},
+};
+
+[[noreturn]] void fail_unknown(std::string_view name) {
+    std::string accepted;
+    for (const OperationInfo& known : kOperations)
+        accepted += (accepted.empty() ? "" : ", ") + std::string(known.name);
+    throw UsageError("unknown operation \"" + std::string(name) + "\"; there are " + accepted);
+}
+
+const OperationInfo& find_operation(std::string_view name) {
+    for (const OperationInfo& known : kOperations)
+        if (known.name == name) return known;
+    fail_unknown(name);
+}
+
+} // namespace
+
+std::span<const OperationInfo> operations() {
+    return kOperations;
+}
+
+Operation parse_operation(std::string_view text) {
+    const std::size_t colon = std::min(text.find(':'), text.size());
+    const OperationInfo& info = find_operation(text.substr(0, colon));
+    const std::string form = std::string(info.name) + std::string(info.arguments);
+    OperationArguments arguments(form, text.substr(std::min(colon + 1, text.size())),
+                                 colon < text.size());
+    return info.parse(arguments);
+}
+
+std::vector<Operation> parse_operations(const std::vector<std::string>& texts) {
+    std::vector<Operation> result;
+    for (const std::string& text : texts)
+        result.push_back(parse_operation(text));
+    return result;
+}
+
+} // namespace kelvane

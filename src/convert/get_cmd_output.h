@@ -1,0 +1,26 @@
+// MGetCmdOutput: runs a console program and returns what it prints.
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace kelvane {
+
+/// Asked about fifty times a second while a program prints nothing; may let the windows paint.
+/// False ends the program and all it has started.
+using KeepWaiting = std::function<bool()>;
+
+/// Runs `command_line` and returns all that it prints on the captured streams. Captured together,
+/// they come as the program writes them, in one text. The program reads an empty standard input.
+///
+/// `oem_convert`: the output is in the OEM code page, as console programs write it, else in the
+/// ANSI one. `show_window`: the platform's show state (SW_HIDE ...) for the program's window.
+///
+/// Blocks until the program and everything it started have closed the streams; with
+/// `keep_waiting` the user can end that, and what came so far is returned. The empty text when the
+/// program cannot be started. Throws `std::invalid_argument` when neither stream is captured.
+std::wstring GetCommandOutput(const std::wstring& command_line, bool capture_std_out,
+                              bool capture_std_err, bool oem_convert, unsigned short show_window,
+                              const KeepWaiting& keep_waiting = {});
+
+} // namespace kelvane

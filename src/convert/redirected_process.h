@@ -1,0 +1,32 @@
+// A child process whose streams end in a pipe.
+#pragma once
+
+#include "win/unique_handle.h"
+
+#include <string>
+
+namespace kelvane {
+
+/// A started program. The parent holds only the pipe's read end, so the pipe breaks when the child
+/// and everything that inherited the write end from it are gone. The child inherits its three
+/// streams and no other handle of this program. Letting go of the object does not end the child.
+class RedirectedProcess {
+  public:
+    /// Starts the program; false when it cannot be started. A stream that is not captured, and
+    /// standard input, lead nowhere.
+    bool start(const std::wstring& command_line, bool capture_std_out, bool capture_std_err,
+               WORD show_window);
+
+    /// The pipe's read end.
+    HANDLE output() const { return read_end_.get(); }
+
+    /// Ends the program and all that it has started.
+    void terminate() const;
+
+  private:
+    UniqueHandle read_end_;
+    UniqueHandle process_;
+    UniqueHandle job_; // the process and its descendants
+};
+
+} // namespace kelvane

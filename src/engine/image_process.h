@@ -1,0 +1,110 @@
+// cImageProcessDIB, the engine's face: what the windows and the command line call.
+#pragma once
+
+#include "engine/engine_error.h"
+#include "export/vectorize.h"
+#include "image/dib_section.h"
+#include "image/progress.h"
+#include "image/random_source.h"
+#include "process/filter_kernel.h"
+#include "process/palette.h"
+#include "reduce/black_white.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+namespace kelvane {
+
+/// One per document. It works on the pictures handed to each call and holds only the current
+/// kernel, the receiver of its events and the state of its random numbers.
+///
+/// Operations return true when they ran. Pictures that do not fit together (empty, two sizes
+/// where one is needed) are left alone and give false.
+class cImageProcessDIB {
+  public:
+    /// `executable_name` is the program's name as errors show it. Starts with the filter Blur.
+    explicit cImageProcessDIB(std::string executable_name = "kelvane");
+
+    /// Receives `InitProgress`, `Progress` and `Complete` of every operation; null for nobody.
+    /// It must outlive the engine or be replaced.
+    void set_observer(ProgressObserver* observer) { observer_ = observer; }
+    ProgressObserver* observer() const { return observer_; }
+
+    // Filters.
+
+    /// 1 to 15 (see `FilterType` in process/filter_kernel.h). Setting one but `kCustom` resets the
+    /// weight and, where the filter has a kernel, builds it. Throws `EngineError` 0x8004051A
+    /// (16100) on any other number.
+    int FilterType() const { return filter_type_; }
+    void set_FilterType(int type);
+    /// 1, 3, 5, 7 or 9; setting it clears every cell. Throws `EngineError` 0x80040519 (16101) on
+    /// an even number, 0x8004051A (16102) on any other.
+    int FilterArraySize() const { return kernel_.size(); }
+    void set_FilterArraySize(int size);
+    /// One cell, x to the right and y up, each -half to +half. Throws `std::out_of_range`.
+    std::int32_t FilterValue(int x, int y) const;
+    void set_FilterValue(int x, int y, std::int32_t value);
+    /// What each channel's sum is divided by. A convolution with weight 0 is refused.
+    std::int32_t FilterWeight() const { return kernel_.weight(); }
+    void set_FilterWeight(std::int32_t weight) { kernel_.set_weight(weight); }
+    /// Whether a coordinate of the last export left EAGLE's range; the filters never set it.
+    bool RangeOVL() const { return range_ovl_; }
+
+    /// Applies the current filter to `cImage`; `cBuffer` is a picture of the same size whose
+    /// content is lost. `kEmphasizeFirst` leaves its result in the buffer, `kEmphasizeSecond`
+    /// takes the buffer as its source. False too for `kReserved` and for a weight of 0.
+    bool ProcessImage(cDIBSection& cImage, cDIBSection& cBuffer);
+
+    // Combination; see process/combine.h. `cFrom` must be at least as large as `cTo`.
+
+    bool AddLightest(const cDIBSection& cFrom, cDIBSection& cTo);
+    bool AddDarkest(const cDIBSection& cFrom, cDIBSection& cTo);
+    bool AddImages(const cDIBSection& cFrom, cDIBSection& cTo, int lFromMultiplier,
+                   int lFromOffsetR, int lFromOffsetG, int lFromOffsetB, int lToMultiplier,
+                   int lToOffsetR, int lToOffsetG, int lToOffsetB);
+
+    // Tone and colour, in place; see process/grayscale.h and process/tone.h.
+
+    bool GrayScale(cDIBSection& cImage);
+    bool Fade(cDIBSection& cImage, int level);
+    bool Lighten(cDIBSection& cImage, int percent);
+    /// `fSaturation` is not looked at: pixels keep theirs.
+    bool Colourise(cDIBSection& cImage, float fHue, float fSaturation = 0);
+    bool AddNoise(cDIBSection& cImage, int percent, bool bRandom = false);
+    bool NegativeImage(cDIBSection& cImage);
+    /// Starts the random numbers of `AddNoise` anew; the same seed gives the same noise.
+    void seed_noise(std::uint32_t seed) { random_ = RandomSource(seed); }
+
+    // Palettes; `cBuffer` is a picture of the same size that ends up holding the result as well.
+    // See process/diffusion.h. An empty palette is refused.
+
+    bool ApplyPalette(cDIBSection& cImage, cDIBSection& cBuffer, const cPalette& cPal);
+    bool Steinberg(cDIBSection& cImage, cDIBSection& cBuffer);
+
+    // Reductions; see reduce/black_white.h. `LineArt2` without a channel is refused.
+
+    bool BlackAndWhite(cDIBSection& cSource, cDIBSection& cDestination, int limit);
+    bool BlackAndWhite2(cDIBSection& cSource, cDIBSection& cDestination, int limit);
+    bool LineArt2(cDIBSection& cSource, cDIBSection& cDestination, int limit, Channels channels);
+    bool EdgeDetect2(cDIBSection& cSource, cDIBSection& cDestination, int limit);
+
+    // Export; see export/vectorize.h.
+
+    /// Traces a picture that holds only black and white and writes the script. Sets `RangeOVL`
+    /// anew. Throws `FileError`.
+    ExportReport Vectorize(const cDIBSection& cImage, const std::filesystem::path& FileName,
+                           const ExportOptions& options);
+
+  private:
+    bool run_convolution(ImageView image, ImageView buffer);
+
+    std::string executable_name_;
+    ProgressObserver* observer_ = nullptr;
+    int filter_type_;
+    bool range_ovl_ = false;
+    FilterKernel kernel_;
+    RandomSource random_;
+};
+
+} // namespace kelvane

@@ -1,0 +1,83 @@
+// Which runs of neighbouring rows touch, and which contacts join them into one outline.
+#pragma once
+
+#include "export/runs.h"
+
+#include <vector>
+
+namespace kelvane {
+
+/// How run a of row y and run b of row y + 1 meet.
+enum class ContactClass : std::uint8_t {
+    kNone = 0,
+    kEqualStarts = 1, // the ends differ
+    kEqual = 2,
+    kEqualEnds = 3, // the starts differ
+    kOverlap = 4,   // starts and ends differ, columns in common
+    kCorner = 5,    // the start of one is the end of the other
+};
+
+constexpr ContactClass classify_contact(const Run& a, const Run& b) {
+    if (a.end < b.begin || b.end < a.begin) return ContactClass::kNone;
+    if (a.end == b.begin || b.end == a.begin) return ContactClass::kCorner;
+    if (a.begin == b.begin)
+        return a.end == b.end ? ContactClass::kEqual : ContactClass::kEqualStarts;
+    return a.end == b.end ? ContactClass::kEqualEnds : ContactClass::kOverlap;
+}
+
+constexpr bool shares_columns(const Run& a, const Run& b) {
+    return a.begin < b.end && b.begin < a.end;
+}
+
+/// The contacts between the runs of neighbouring rows, with a mark on those that join.
+///
+/// The runs that a run touches in the row above are neighbours in the run list, and so are those
+/// below: a first index and a count tell them all.
+class ContactMap {
+  public:
+    /// Which contacts carry the join mark.
+    enum class Joining {
+        /// As many as leave no ring: the outlines of a connected group of runs become one. Contacts
+        /// with columns in common go first, so that corner contacts never cost a bridge.
+        kWithoutRings,
+        /// All contacts with columns in common, so that holes keep outlines of their own; corner
+        /// contacts as in kWithoutRings.
+        kAllOverlaps,
+    };
+
+    /// Time and memory grow linearly with the runs.
+    static ContactMap find(const RunList& runs, Joining joining,
+                           ProgressObserver* observer = nullptr);
+
+    /// First run that `run` touches in the row above; meaningless when it touches none.
+    RunIndex first_above(RunIndex run) const { return entries_[run].first_above; }
+    /// How many runs of the row above it touches.
+    std::uint32_t count_above(RunIndex run) const {
+        return entries_[run + 1].first_contact - entries_[run].first_contact;
+    }
+    /// First run of the row below that touches `run`, or `kNoRun`.
+    RunIndex first_below(RunIndex run) const { return entries_[run].first_below; }
+    /// Whether the contact of two touching runs joins them.
+    bool joined(RunIndex lower, RunIndex upper) const {
+        const Entry& entry = entries_[lower];
+        return joined_[entry.first_contact + (upper - entry.first_above)];
+    }
+
+    static constexpr RunIndex kNoRun = 0xFFFFFFFF;
+
+  private:
+    struct Entry {
+        std::uint32_t first_contact;
+        RunIndex first_above;
+        RunIndex first_below;
+    };
+    class Sets;
+
+    void find_contacts_of_row(const RunList& runs, int y);
+    void join(const RunList& runs, Joining joining, ProgressObserver* observer);
+
+    std::vector<Entry> entries_; // one per run and a last one that closes the contact numbering
+    std::vector<bool> joined_;   // one per contact, sorted by lower, then upper run
+};
+
+} // namespace kelvane

@@ -1,0 +1,28 @@
+#include "export/coordinate_text.h"
+
+#include "export/number_text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+namespace kelvane {
+
+CoordinateText::CoordinateText(int last_line, double offset, double size, double limit,
+                               const char* prefix, const char* suffix)
+    : entries_(static_cast<std::size_t>(last_line) + 1), offset_(offset), size_(size),
+      limit_(limit), prefix_(prefix), suffix_(suffix) {}
+
+void CoordinateText::format(int line, Entry& entry) {
+    const double value = (line + offset_) * size_;
+    if (std::abs(value) > limit_) out_of_range_ = true;
+    static_assert(kLongestNumber + 4 <= sizeof(entry.text));
+    const std::string_view prefix(prefix_);
+    const std::string_view suffix(suffix_);
+    char* end = std::copy(prefix.begin(), prefix.end(), entry.text.data());
+    end = format_number(value, end);
+    end = std::copy(suffix.begin(), suffix.end(), end);
+    entry.length = static_cast<std::uint8_t>(end - entry.text.data());
+}
+
+} // namespace kelvane

@@ -1,0 +1,46 @@
+#include "platform/console.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <cstdio>
+#include <fcntl.h>
+#include <io.h>
+#include <memory>
+
+namespace kelvane {
+namespace {
+
+std::string utf8(const wchar_t* text) {
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
+    std::string result(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text, -1, result.data(), size, nullptr, nullptr);
+    result.resize(result.size() - 1); // the closing NUL
+    return result;
+}
+
+} // namespace
+
+// `argv` came through the system's code page and has lost what that cannot write.
+std::vector<std::string> utf8_arguments(int, char**) {
+    int count = 0;
+    const std::unique_ptr<wchar_t*, decltype(&LocalFree)> arguments(
+        CommandLineToArgvW(GetCommandLineW(), &count), LocalFree);
+    std::vector<std::string> result;
+    for (int i = 1; i < count; ++i)
+        result.push_back(utf8(arguments.get()[i]));
+    return result;
+}
+
+void prepare_console() {
+    SetConsoleOutputCP(CP_UTF8);
+    _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stderr), _O_BINARY);
+}
+
+bool standard_error_is_terminal() {
+    return _isatty(_fileno(stderr)) != 0;
+}
+
+} // namespace kelvane

@@ -1,0 +1,38 @@
+// The walk of operations whose pixels do not look at their neighbours.
+#pragma once
+
+#include "image/progress.h"
+
+#include <algorithm>
+
+namespace kelvane {
+
+/// Pixels per strip: wide enough for the memory to stream, narrow enough for progress to move.
+inline constexpr int kStripPixels = 1024;
+
+/// Calls stretch(x, count, y) for `count` pixels from (x, y) until every pixel of the columns
+/// from `first` on was met once, and reports each column by its byte offset when it is finished.
+/// Columns finish in ascending order, but walking one at a time would touch a cache line for
+/// three bytes: the walk goes through strips of columns, rows ascending inside a strip.
+template <typename Stretch>
+void walk_columns(int first, int width, int height, const ProgressReporter& progress,
+                  Stretch stretch) {
+    for (int x = first; x < width; x += kStripPixels) {
+        const int count = std::min(kStripPixels, width - x);
+        for (int y = 0; y < height; ++y)
+            stretch(x, count, y);
+        for (int column = x; column < x + count; ++column)
+            progress.at(3L * column);
+    }
+}
+
+/// The events of an operation that another one does along with its own work: nothing is left to
+/// wait for, and yet receivers count on both.
+inline void report_all_columns(int width, const ProgressReporter& progress) {
+    progress.init(3L * width - 3);
+    for (int column = 0; column < width; ++column)
+        progress.at(3L * column);
+    progress.complete();
+}
+
+} // namespace kelvane

@@ -1,0 +1,81 @@
+#include "process/convolution.h"
+
+#include "process/filter_rows.h"
+#include "process/strips.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace kelvane {
+namespace {
+
+// True when no pixels can take the sum out of 16 signed bits, intermediate sums included.
+bool fits_narrow(const FilterKernel& kernel) {
+    std::int64_t largest = 0;
+    for (int j = -kernel.half(); j <= kernel.half(); ++j)
+        for (int i = -kernel.half(); i <= kernel.half(); ++i)
+            largest += std::abs(std::int64_t{kernel.cell(i, j)}) * 255;
+    return kernel.weight() > 0 && largest <= 32767;
+}
+
+// The place of the kernel's column i among the different ones found so far, it being added when
+// it is new.
+int place_of_column(NarrowKernel& narrow, const FilterKernel& kernel, int i) {
+    std::int16_t* column = narrow.cell[narrow.columns];
+    for (int j = -kernel.half(); j <= kernel.half(); ++j)
+        column[j + kernel.half()] = static_cast<std::int16_t>(kernel.cell(i, j));
+    for (int known = 0; known < narrow.columns; ++known)
+        if (std::equal(column, column + narrow.size, narrow.cell[known])) return known;
+    return narrow.columns++;
+}
+
+NarrowKernel narrow_kernel(const FilterKernel& kernel) {
+    NarrowKernel narrow{};
+    narrow.size = kernel.size();
+    narrow.weight = kernel.weight();
+    for (int i = -kernel.half(); i <= kernel.half(); ++i)
+        narrow.column_at[i + kernel.half()] = place_of_column(narrow, kernel, i);
+    return narrow;
+}
+
+Taps taps_of(const FilterKernel& kernel, std::ptrdiff_t row_step) {
+    Taps taps;
+    taps.weight = kernel.weight();
+    const auto add = [&](int i, int j) {
+        taps.offset[taps.count] = j * row_step + 3 * i;
+        taps.coefficient[taps.count] = kernel.cell(i, j);
+        ++taps.count;
+    };
+    for (int j = -kernel.half(); j <= kernel.half(); ++j)
+        for (int i = -kernel.half(); i <= kernel.half(); ++i)
+            if (kernel.cell(i, j) != 0) add(i, j);
+    return taps;
+}
+
+// Kernels of more cells than this take long enough to be watched.
+constexpr int kQuickCells = 25;
+
+} // namespace
+
+void convolve(ConstImageView from, ImageView to, const FilterKernel& kernel,
+              ProgressObserver* observer, const RowDone& row_done) {
+    const ProgressReporter progress(observer);
+    const FilterRows& rows = filter_rows();
+    const int half = kernel.half();
+    if (fits_narrow(kernel)) {
+        const NarrowKernel narrow = narrow_kernel(kernel);
+        const bool quick = kernel.size() * kernel.size() <= kQuickCells;
+        walk_interior(from, half, quick ? Walk::WholeRows : Walk::Strips, progress, row_done,
+                      [&](int byte, int count, int y) {
+                          rows.narrow(from.row(y) + byte, from.row_step, to.row(y) + byte, count,
+                                      narrow);
+                      });
+        return;
+    }
+    const Taps taps = taps_of(kernel, from.row_step);
+    walk_interior(from, half, Walk::Strips, progress, row_done, [&](int byte, int count, int y) {
+        rows.wide(from.row(y) + byte, to.row(y) + byte, count, taps);
+    });
+}
+
+} // namespace kelvane

@@ -1,0 +1,256 @@
+// The text of the inner loops, compiled once per processor level: everything has internal linkage
+// and nothing comes from the standard library, so that the linker never hands one level's code to
+// another. The file that includes this one provides `PairLanes`, the level's vector of sums.
+//
+// Most loops are plain and left to the compiler's vectorizer; the arithmetic is chosen to fit the
+// narrowest lanes that hold it.
+
+#include "process/filter_rows.h"
+
+namespace kelvane {
+namespace {
+
+using Byte = std::uint8_t;
+
+Byte clamped(std::int32_t value) {
+    return static_cast<Byte>(value < 0 ? 0 : value > 255 ? 255 : value);
+}
+
+// Division of 0 .. 32767 by d in 16-bit lanes. With l = ceil(log2 d) and
+// m = floor(2^(15 + l) / d) + 1, m x d lies in (2^(15 + l), 2^(15 + l) + 2^l], for which
+// floor(n x m / 2^(15 + l)) = floor(n / d) for every n below 2^15; m is below 2^16. The product's
+// upper half needs one bit more, hence 2n.
+struct Reciprocal {
+    std::uint16_t multiplier;
+    int shift;
+};
+
+Reciprocal reciprocal_of(std::int32_t divisor) {
+    // From 32768 on every quotient is 0, as it is for 32768.
+    const std::int32_t d = divisor > 32768 ? 32768 : divisor;
+    int shift = 0;
+    while ((1 << shift) < d)
+        ++shift;
+    const std::uint64_t power = std::uint64_t{1} << (15 + shift);
+    return {static_cast<std::uint16_t>(power / static_cast<std::uint32_t>(d) + 1), shift};
+}
+
+// Toward zero and clamped at 0 are one: a negative sum gives 0.
+Byte divided(std::int16_t sum, Reciprocal by) {
+    const auto twice = static_cast<std::uint16_t>(sum < 0 ? 0 : 2 * sum);
+    const auto upper = static_cast<std::uint16_t>((std::uint32_t{twice} * by.multiplier) >> 16);
+    const auto value = static_cast<std::uint16_t>(upper >> by.shift);
+    return static_cast<Byte>(value > 255 ? 255 : value);
+}
+
+// A kernel is applied column by column: first the vertical sums over a stretch, once for each
+// different column, then the sum across.
+using Sums = std::int16_t[kLongestStretch + 3 * NarrowKernel::kMost];
+
+// The vertical sums of the columns `first` and, for Count 2, its neighbour.
+template <int Size, int Count>
+void sum_columns(const Byte* from, std::ptrdiff_t row_step, int count, const NarrowKernel& kernel,
+                 int first, Sums* sums) {
+    const Byte* row[Size];
+    for (int j = 0; j < Size; ++j)
+        row[j] = from + (j - Size / 2) * row_step;
+    const std::int16_t* cell = kernel.cell[first];
+    const std::int16_t* next_cell = kernel.cell[first + Count - 1];
+    std::int16_t* __restrict here = sums[first];
+    std::int16_t* __restrict there = sums[first + Count - 1];
+    for (int k = 0; k < count; ++k) {
+        std::int16_t sum = 0;
+        std::int16_t next_sum = 0;
+#pragma GCC unroll 9
+        for (int j = 0; j < Size; ++j) {
+            sum = static_cast<std::int16_t>(sum + cell[j] * row[j][k]);
+            if constexpr (Count == 2)
+                next_sum = static_cast<std::int16_t>(next_sum + next_cell[j] * row[j][k]);
+        }
+        here[k] = sum;
+        if constexpr (Count == 2) there[k] = next_sum;
+    }
+}
+
+template <int Size>
+void sum_across(const Sums* sums, Byte* __restrict to, int count, const NarrowKernel& kernel) {
+    const std::int16_t* column[Size];
+    for (int i = 0; i < Size; ++i)
+        column[i] = sums[kernel.column_at[i]] + 3 * i;
+    const auto sum_at = [&](int k) {
+        std::int16_t sum = 0;
+#pragma GCC unroll 9
+        for (int i = 0; i < Size; ++i)
+            sum = static_cast<std::int16_t>(sum + column[i][k]);
+        return sum;
+    };
+    const Reciprocal by = reciprocal_of(kernel.weight);
+    if (kernel.weight == 1)
+        for (int k = 0; k < count; ++k)
+            to[k] = clamped(sum_at(k));
+    else
+        for (int k = 0; k < count; ++k)
+            to[k] = divided(sum_at(k), by);
+}
+
+template <int Size>
+void narrow_of(const Byte* from, std::ptrdiff_t row_step, Byte* to, int count,
+               const NarrowKernel& kernel) {
+    alignas(32) Sums sums[Size];
+    const Byte* first = from - 3 * (Size / 2);
+    const int reach = count + 3 * (Size - 1);
+    int done = 0;
+    if constexpr (Size > 1)
+        for (; done + 2 <= kernel.columns; done += 2)
+            sum_columns<Size, 2>(first, row_step, reach, kernel, done, sums);
+    if (done < kernel.columns) sum_columns<Size, 1>(first, row_step, reach, kernel, done, sums);
+    sum_across<Size>(sums, to, count, kernel);
+}
+
+void narrow(const Byte* from, std::ptrdiff_t row_step, Byte* to, int count,
+            const NarrowKernel& kernel) {
+    switch (kernel.size) {
+    case 1:
+        return narrow_of<1>(from, row_step, to, count, kernel);
+    case 3:
+        return narrow_of<3>(from, row_step, to, count, kernel);
+    case 5:
+        return narrow_of<5>(from, row_step, to, count, kernel);
+    case 7:
+        return narrow_of<7>(from, row_step, to, count, kernel);
+    default:
+        return narrow_of<9>(from, row_step, to, count, kernel);
+    }
+}
+
+// A coefficient's lower or upper half; the whole is lower + 65536 x upper.
+std::int16_t lower_half(std::int32_t coefficient) {
+    return static_cast<std::int16_t>(coefficient);
+}
+std::int16_t upper_half(std::int32_t coefficient) {
+    const std::uint32_t rest = static_cast<std::uint32_t>(coefficient) -
+                               static_cast<std::uint32_t>(std::int32_t{lower_half(coefficient)});
+    return static_cast<std::int16_t>(rest >> 16);
+}
+
+// Taps two by two, as the processor multiplies and adds pairs of 16-bit numbers.
+struct TapPairs {
+    int count = 0;
+    std::ptrdiff_t offset[Taps::kMost + 1][2];
+    std::int16_t coefficient[Taps::kMost + 1][2];
+};
+
+template <typename Half> TapPairs pairs_of(const Taps& taps, Half half) {
+    TapPairs pairs;
+    for (int t = 0; t < taps.count; ++t) {
+        const std::int16_t coefficient = half(taps.coefficient[t]);
+        if (coefficient == 0) continue;
+        pairs.offset[pairs.count / 2][pairs.count % 2] = taps.offset[t];
+        pairs.coefficient[pairs.count / 2][pairs.count % 2] = coefficient;
+        ++pairs.count;
+    }
+    if (pairs.count % 2 == 1) {
+        pairs.offset[pairs.count / 2][1] = pairs.offset[pairs.count / 2][0];
+        pairs.coefficient[pairs.count / 2][1] = 0;
+        ++pairs.count;
+    }
+    pairs.count /= 2;
+    return pairs;
+}
+
+void sum_pairs(const Byte* from, const TapPairs& pairs, std::int32_t* sums, int count) {
+    int k = 0;
+    for (; k + PairLanes::kBytes <= count; k += PairLanes::kBytes) {
+        PairLanes lanes;
+        for (int p = 0; p < pairs.count; ++p)
+            lanes.add(from + k + pairs.offset[p][0], from + k + pairs.offset[p][1],
+                      pairs.coefficient[p][0], pairs.coefficient[p][1]);
+        lanes.store(sums + k);
+    }
+    for (; k < count; ++k) {
+        std::uint32_t sum = 0;
+        for (int p = 0; p < pairs.count; ++p)
+            for (int t = 0; t < 2; ++t)
+                sum += static_cast<std::uint32_t>(pairs.coefficient[p][t] *
+                                                  from[k + pairs.offset[p][t]]);
+        sums[k] = static_cast<std::int32_t>(sum);
+    }
+}
+
+// |s| and |w| of a sum s and a weight w are at most 2^31: (|s| + 1/2) / |w| is at least 1 / 2|w|
+// away from the next whole number, and the two roundings of a double move it by less than
+// 2^-20 / |w|.
+void store_wide(const std::int32_t* sums, Byte* __restrict to, int count, std::int32_t weight) {
+    const double sign = weight < 0 ? -1 : 1;
+    const double reciprocal = 1 / (sign * weight);
+    for (int k = 0; k < count; ++k) {
+        const double value = (sign * sums[k] + 0.5) * reciprocal;
+        const double positive = value > 0 ? value : 0;
+        to[k] = static_cast<Byte>(static_cast<std::int32_t>(positive < 255 ? positive : 255));
+    }
+}
+
+void wide(const Byte* from, Byte* to, int count, const Taps& taps) {
+    alignas(32) std::int32_t sums[kLongestStretch];
+    sum_pairs(from, pairs_of(taps, lower_half), sums, count);
+    const TapPairs upper = pairs_of(taps, upper_half);
+    if (upper.count > 0) {
+        alignas(32) std::int32_t upper_sums[kLongestStretch];
+        sum_pairs(from, upper, upper_sums, count);
+        for (int k = 0; k < count; ++k)
+            sums[k] = static_cast<std::int32_t>(static_cast<std::uint32_t>(sums[k]) +
+                                                (static_cast<std::uint32_t>(upper_sums[k]) << 16));
+    }
+    store_wide(sums, to, count, taps.weight);
+}
+
+struct Smaller {
+    static Byte of(Byte a, Byte b) { return a < b ? a : b; }
+};
+struct Larger {
+    static Byte of(Byte a, Byte b) { return a > b ? a : b; }
+};
+
+template <typename Choice>
+void extreme(const Byte* from, std::ptrdiff_t row_step, Byte* __restrict to, int count) {
+    alignas(32) Byte column[kLongestStretch + 6];
+    const Byte* middle = from - 3;
+    const Byte* lower = middle - row_step;
+    const Byte* upper = middle + row_step;
+    for (int k = 0; k < count + 6; ++k)
+        column[k] = Choice::of(Choice::of(lower[k], middle[k]), upper[k]);
+    for (int k = 0; k < count; ++k)
+        to[k] = Choice::of(Choice::of(column[k], column[k + 3]), column[k + 6]);
+}
+
+// `Lane` holds every sum; the constants are laid out for a run of whole pixels and whole vectors.
+template <typename Lane, typename Signed>
+void add(const Byte* __restrict from, Byte* __restrict to, int count, const ByteSum& sum) {
+    constexpr int run = 96;
+    alignas(32) Lane constant[run];
+    for (int k = 0; k < run; ++k)
+        constant[k] = static_cast<Lane>(sum.constant[k % 3]);
+    const Lane m = static_cast<Lane>(sum.from);
+    const Lane n = static_cast<Lane>(sum.to);
+    const auto one = [&](int k, int phase) {
+        const auto value =
+            static_cast<Signed>(static_cast<Lane>(from[k] * m + to[k] * n + constant[phase]));
+        to[k] = static_cast<Byte>(value < 0 ? 0 : value > 255 ? 255 : value);
+    };
+    int k = 0;
+    for (; k + run <= count; k += run)
+        for (int phase = 0; phase < run; ++phase)
+            one(k + phase, phase);
+    for (int phase = 0; k < count; ++k, ++phase)
+        one(k, phase);
+}
+
+constexpr FilterRows kRows{narrow,
+                           wide,
+                           extreme<Smaller>,
+                           extreme<Larger>,
+                           add<std::uint16_t, std::int16_t>,
+                           add<std::uint32_t, std::int32_t>};
+
+} // namespace
+} // namespace kelvane

@@ -1,0 +1,94 @@
+#include "process/palette.h"
+
+#include "image/file_bytes.h"
+#include "image/file_error.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+namespace kelvane {
+namespace {
+
+constexpr int kFarthest = 3 * 255;
+
+std::string_view without_trailing_blanks(std::string_view line) {
+    const std::size_t last = line.find_last_not_of(" \t\r");
+    return last == std::string_view::npos ? std::string_view{} : line.substr(0, last + 1);
+}
+
+std::optional<std::array<std::string_view, 3>> three_fields(std::string_view line) {
+    if (std::count(line.begin(), line.end(), ' ') != 2) return std::nullopt;
+    const std::size_t first = line.find(' ');
+    const std::size_t second = line.find(' ', first + 1);
+    return std::array{line.substr(0, first), line.substr(first + 1, second - first - 1),
+                      line.substr(second + 1)};
+}
+
+std::optional<std::uint8_t> channel(std::string_view field) {
+    std::uint8_t value = 0;
+    const char* end = field.data() + field.size();
+    const auto [stop, error] = std::from_chars(field.data(), end, value);
+    if (error != std::errc{} || stop != end) return std::nullopt;
+    return value;
+}
+
+cPalette::Colour colour(const std::array<std::string_view, 3>& fields, std::size_t line_number) {
+    cPalette::Colour colour{};
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const std::optional<std::uint8_t> value = channel(fields[i]);
+        if (!value)
+            throw FileError("line " + std::to_string(line_number) +
+                            " is not three numbers from 0 to 255");
+        colour[i] = *value;
+    }
+    return colour;
+}
+
+} // namespace
+
+cPalette parse_palette(std::string_view text) {
+    std::vector<cPalette::Colour> colours;
+    for (std::size_t line_number = 1; !text.empty(); ++line_number) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        if (const auto fields = three_fields(without_trailing_blanks(text.substr(0, end))))
+            colours.push_back(colour(*fields, line_number));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return cPalette(std::move(colours));
+}
+
+cPalette read_palette(const std::filesystem::path& file) {
+    const std::vector<std::uint8_t> bytes = read_file_bytes(file);
+    return parse_palette({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+}
+
+bool cPalette::LoadFromFile(const std::filesystem::path& file) {
+    colours_.clear();
+    try {
+        *this = read_palette(file);
+        return true;
+    } catch (const FileError&) {
+        return false;
+    }
+}
+
+int cPalette::ClosestIndex(int red, int Green, int Blue) const {
+    int best = 0;
+    int best_distance = kFarthest;
+    for (int index = 1; index <= Count(); ++index) {
+        const Colour& candidate = colours_[static_cast<std::size_t>(index) - 1];
+        const int distance = std::abs(red - candidate[0]) + std::abs(Green - candidate[1]) +
+                             std::abs(Blue - candidate[2]);
+        if (distance == 0) return index;
+        if (distance < best_distance) {
+            best_distance = distance;
+            best = index;
+        }
+    }
+    return best;
+}
+
+} // namespace kelvane

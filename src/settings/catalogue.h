@@ -1,0 +1,116 @@
+// Every setting the program keeps: its section, its key and what holds while it is missing. No
+// other place spells a key. Sections and keys are those that existing settings files have.
+#pragma once
+
+#include "settings/settings_file.h"
+
+#include <limits>
+#include <optional>
+#include <string>
+
+namespace kelvane {
+
+/// A whole number. Text that is no number reads as 0, a value outside `lowest` to `highest` as if
+/// it were missing.
+struct NumberSetting {
+    const wchar_t* section;
+    const wchar_t* key;
+    int when_missing;
+    int lowest = std::numeric_limits<int>::min();
+    int highest = std::numeric_limits<int>::max();
+};
+
+/// A whole number whose absence means "as the dialog was designed".
+struct OptionalSetting {
+    const wchar_t* section;
+    const wchar_t* key;
+};
+
+/// A number with decimals, read as the text that fills its field.
+struct DecimalSetting {
+    const wchar_t* section;
+    const wchar_t* key;
+    const wchar_t* when_missing;
+};
+
+/// A file or a folder; empty while missing.
+struct PathSetting {
+    const wchar_t* section;
+    const wchar_t* key;
+};
+
+int read_setting(const SettingsFile& file, const NumberSetting& setting);
+std::optional<int> read_setting(const SettingsFile& file, const OptionalSetting& setting);
+std::wstring read_setting(const SettingsFile& file, const DecimalSetting& setting);
+std::wstring read_setting(const SettingsFile& file, const PathSetting& setting);
+
+// A failed write is nobody's concern: the choice holds while the program runs.
+void write_setting(const SettingsFile& file, const NumberSetting& setting, int value);
+void write_setting(const SettingsFile& file, const OptionalSetting& setting, int value);
+void write_setting(const SettingsFile& file, const DecimalSetting& setting, double value);
+void write_setting(const SettingsFile& file, const PathSetting& setting, const std::wstring& path);
+
+namespace settings {
+
+/// String table offset: 0 German, 10000 English. Any other number is taken as well, and then no
+/// text is found.
+inline constexpr NumberSetting kLanguage{L"global", L"language", 10000};
+/// Where the open dialogs and where the save dialogs start.
+inline constexpr PathSetting kOpenFolder{L"global", L"lastpath"};
+inline constexpr PathSetting kSaveFolder{L"global", L"lastpath2"};
+
+/// The sliders of the three reductions; 0 leaves a slider where it was designed.
+inline constexpr NumberSetting kBrightnessLimit{L"imageexport", L"bwval", 0, 0, 255};
+inline constexpr NumberSetting kColourLimit{L"imageexport", L"bwval2", 0, 0, 255};
+inline constexpr NumberSetting kEdgeLimit{L"imageexport", L"bwval3", 0, 0, 255};
+/// The channels of the colour reduction, 0 or 1. Blue has always been spelled "bbb".
+inline constexpr NumberSetting kUseRed{L"imageexport", L"bwr", 0, 0, 1};
+inline constexpr NumberSetting kUseGreen{L"imageexport", L"bwg", 0, 0, 1};
+inline constexpr NumberSetting kUseBlue{L"imageexport", L"bbb", 0, 0, 1};
+
+/// Layer number, from 1: the position in the export dialog's list.
+inline constexpr NumberSetting kLayer{L"imageexport", L"layer", 20, 1, 255};
+/// Edge length of one pixel in the chosen unit.
+inline constexpr DecimalSetting kPixelSize{L"imageexport", L"size", L"1"};
+/// Positions in the lists of units and of versions, from 0.
+inline constexpr NumberSetting kUnit{L"imageexport", L"unit", 0, 0, 3};
+inline constexpr NumberSetting kVersion{L"imageexport", L"version", 0, 0, 2};
+/// Option buttons of the export dialog: full autotrace chosen (-1 or 0), its shape, the linewise
+/// shape.
+inline constexpr OptionalSetting kFullAutotrace{L"imageexport", L"exp1"};
+inline constexpr OptionalSetting kAutotraceShape{L"imageexport", L"poly1"};
+inline constexpr OptionalSetting kLinewiseShape{L"imageexport", L"poly2"};
+
+/// Last size entered in the size dialog, in pixels; below 1 the picture's own size is offered.
+inline constexpr NumberSetting kNewWidth{L"imageexport", L"resx", 0};
+inline constexpr NumberSetting kNewHeight{L"imageexport", L"resy", 0};
+
+/// The converter's two programs.
+inline constexpr PathSetting kConvertProgram{L"ImageMagick", L"Convert"};
+inline constexpr PathSetting kIdentifyProgram{L"ImageMagick", L"Identify"};
+/// 1: the warning about files with several images is not shown again.
+inline constexpr NumberSetting kHideSeveralImagesWarning{L"ImageMagick", L"Warning", 0, 0, 1};
+
+/// The recent files: capacity, number of entries, and what entry n (see `Numbered`) holds: its path
+/// and whether the converter opens it.
+inline constexpr const wchar_t* kRecentSection = L"ImageMRU";
+inline constexpr OptionalSetting kRecentCapacity{kRecentSection, L"MaxCount"};
+inline constexpr OptionalSetting kRecentCount{kRecentSection, L"Count"};
+inline constexpr PathSetting kRecentFile{kRecentSection, L"File"};
+inline constexpr NumberSetting kRecentFlag{kRecentSection, L"FileFlag", 0};
+
+} // namespace settings
+
+/// A setting whose key is followed by a number: entry `n` of the recent files, from 1.
+template <class Setting> struct Numbered {
+    Setting setting;
+    int n;
+};
+
+std::wstring read_setting(const SettingsFile& file, const Numbered<PathSetting>& entry);
+int read_setting(const SettingsFile& file, const Numbered<NumberSetting>& entry);
+void write_setting(const SettingsFile& file, const Numbered<PathSetting>& entry,
+                   const std::wstring& path);
+void write_setting(const SettingsFile& file, const Numbered<NumberSetting>& entry, int value);
+
+} // namespace kelvane

@@ -1,0 +1,24 @@
+// Folders and temporary files.
+#pragma once
+
+#include <string>
+
+namespace kelvane {
+
+/// The folder of the running program, without a backslash at its end (but "C:\" for a root).
+std::wstring program_folder();
+
+/// The folder to remember for a chosen file: the longest beginning of `path` that ends with a
+/// backslash and is an existing folder ("D:\pics\" for "D:\pics\logo.png"), with its backslash;
+/// for a bare existing drive "C:" the root "C:\". When nothing of the path exists, the program's
+/// folder.
+std::wstring ExistingFolderOf(const std::wstring& path);
+
+/// The platform's folder for temporary files, with a backslash at its end. Throws `PlatformError`.
+std::wstring TempDir();
+
+/// Makes an empty file with a new name in `folder` (when empty: in `TempDir`) and returns its
+/// path; the name begins with the first three characters of `prefix`. Throws `PlatformError`.
+std::wstring TempFileName(const std::wstring& prefix, const std::wstring& folder);
+
+} // namespace kelvane

@@ -1,0 +1,113 @@
+#include "app/mru_file_list.h"
+
+#include "settings/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace kelvane {
+namespace {
+
+std::wstring caption_of(const std::wstring& path) {
+    cMRUFileList list;
+    list.AddFile(path, false);
+    return list.MenuCaption(1);
+}
+
+TEST(RecentFiles, MostRecentFirstAndTheOldestFallsOff) {
+    cMRUFileList list;
+    EXPECT_EQ(list.MaxFileCount(), 4);
+    for (const wchar_t* file : {L"1", L"2", L"3", L"4", L"5"})
+        list.AddFile(file, false);
+    EXPECT_EQ(list.FileCount(), 4);
+    EXPECT_EQ(list.file(1), L"5");
+    EXPECT_EQ(list.file(4), L"2");
+    list.MaxFileCount(2);
+    list.MaxFileCount(0);
+    EXPECT_EQ(list.MaxFileCount(), 2);
+    EXPECT_EQ(list.FileCount(), 2);
+    EXPECT_EQ(list.file(2), L"4");
+    EXPECT_FALSE(list.FileExists(3));
+    EXPECT_FALSE(list.FileExists(0));
+}
+
+TEST(RecentFiles, KnownFileMovesToTheTopWithNewSpellingAndFlag) {
+    cMRUFileList list;
+    list.AddFile(L"c:\\\x00E4.bmp", false);
+    list.AddFile(L"c:\\b.bmp", true);
+    list.AddFile(L"C:\\\x00C4.BMP", true);
+    EXPECT_EQ(list.FileCount(), 2);
+    EXPECT_EQ(list.file(1), L"C:\\\x00C4.BMP");
+    EXPECT_TRUE(list.fileflag(1));
+    list.AddFile(L"c:\\b.bmp", false);
+    EXPECT_FALSE(list.fileflag(1));
+    EXPECT_TRUE(list.fileflag(2));
+}
+
+TEST(RecentFiles, LongPathsAreShownFromAWholeFolderOn) {
+    const std::wstring whole = L"C:\\" + std::wstring(25, L'a') + L".bmp";
+    EXPECT_EQ(caption_of(whole), L"&1)  " + whole);
+    EXPECT_EQ(caption_of(L"C:\\a" + whole.substr(3)), L"&1)  ...\\a" + whole.substr(3));
+    EXPECT_EQ(caption_of(L"C:\\pictures\\from\\the\\year\\folder\\picture.bmp"),
+              L"&1)  ...\\the\\year\\folder\\picture.bmp");
+    // A tail of 32 characters fits, one of 33 does not.
+    const std::wstring file = L"\\" + std::wstring(23, L'b') + L".bmp";
+    EXPECT_EQ(caption_of(L"C:\\dir\\sub" + file), L"&1)  ...\\sub" + file);
+    EXPECT_EQ(caption_of(L"C:\\dir\\subs" + file), L"&1)  ..." + file);
+    const std::wstring name = L"\\" + std::wstring(60, L'c') + L".bmp";
+    EXPECT_EQ(caption_of(L"C:\\dir" + name), L"&1)  ..." + name);
+    EXPECT_EQ(caption_of(name.substr(1)), L"&1)  " + name.substr(1));
+}
+
+TEST(RecentFiles, SurviveTheSettingsFile) {
+    const ScratchFolder scratch;
+    const std::wstring path =
+        L"D:\\\x0434\x0443\x0433\x0430\\\x4E2D\x6587\\" + std::wstring(300, L'x');
+    cMRUFileList list;
+    list.AddFile(L"C:\\a.bmp", false);
+    list.AddFile(L"C:\\b.bmp", false);
+    list.AddFile(path, true);
+    list.Save(scratch.settings());
+    cMRUFileList loaded;
+    loaded.Load(scratch.settings());
+    ASSERT_EQ(loaded.FileCount(), 3);
+    EXPECT_EQ(loaded.file(1), path);
+    EXPECT_TRUE(loaded.fileflag(1));
+    EXPECT_FALSE(loaded.fileflag(2));
+
+    // A shorter list leaves nothing of the longer one behind.
+    cMRUFileList().Save(scratch.settings());
+    EXPECT_EQ(scratch.settings().ReadIniValue(L"ImageMRU", L"File1"), L"");
+    EXPECT_EQ(scratch.settings().ReadIniValue(L"ImageMRU", L"MaxCount"), L"4");
+}
+
+TEST(RecentFiles, CountBeyondTheCapacityStays) {
+    const ScratchFolder scratch;
+    scratch.put("[ImageMRU]\r\nMaxCount=2\r\nCount=3\r\nFile1=a\r\nFileFlag1=1\r\nFile3=c\r\n");
+    cMRUFileList list;
+    list.Load(scratch.settings());
+    EXPECT_EQ(list.MaxFileCount(), 2);
+    EXPECT_EQ(list.FileCount(), 3);
+    EXPECT_FALSE(list.FileExists(2));
+    list.AddFile(L"d", false);
+    EXPECT_EQ(list.FileCount(), 3);
+    EXPECT_EQ(list.file(2), L"a");
+}
+
+TEST(RecentFiles, DamagedNumbersDoNoHarm) {
+    for (const char* numbers :
+         {"MaxCount=2000000000\r\nCount=2000000000", "MaxCount=-5\r\nCount=-7",
+          "MaxCount=0\r\nCount=1e300", "MaxCount=abc\r\nCount=abc", ""}) {
+        const ScratchFolder scratch;
+        scratch.put("[ImageMRU]\r\n" + std::string(numbers) + "\r\nFile1=a\r\n");
+        cMRUFileList list;
+        list.Load(scratch.settings());
+        list.AddFile(L"b", true);
+        list.Save(scratch.settings());
+        EXPECT_EQ(list.file(1), L"b") << numbers;
+        EXPECT_GE(list.MaxFileCount(), 1) << numbers;
+        EXPECT_LE(list.FileCount(), 101) << numbers;
+    }
+}
+
+} // namespace
+} // namespace kelvane

@@ -1,0 +1,134 @@
+// kelvane-cli as a user meets it: files, texts and exit codes.
+#include "cli/command_line.h"
+#include "cli/exit_code.h"
+#include "cli/utf8_path.h"
+#include "image/bitmap_file.h"
+#include "support/drawn_picture.h"
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace kelvane::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+struct Outcome {
+    int exit_code;
+    std::string out;
+    std::string error;
+};
+
+Outcome run(const std::vector<std::string>& arguments) {
+    std::ostringstream out;
+    std::ostringstream error;
+    const int exit_code = run_command_line(arguments, {out, error});
+    return {exit_code, out.str(), error.str()};
+}
+
+class CommandLine : public ::testing::Test {
+  protected:
+    CommandLine() { save_bitmap(drawn({"##", "#."}).view(), folder_ / "in.bmp"); }
+
+    std::string path(const std::string& name) const { return utf8_text(folder_ / utf8_path(name)); }
+    Outcome export_in(std::vector<std::string> more) const {
+        more.insert(more.begin(), {"export", path("in.bmp"), "-o", path("out.scr")});
+        return run(more);
+    }
+    void expect_usage_error(const Outcome& outcome, const std::string& complaint) const {
+        EXPECT_EQ(outcome.exit_code, kExitUsage);
+        EXPECT_THAT(outcome.error, HasSubstr(complaint));
+        EXPECT_THAT(outcome.error, HasSubstr("--help"));
+        EXPECT_FALSE(std::filesystem::exists(folder_ / "out.scr"));
+    }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(CommandLine, ExportWithDefaults) {
+    const Outcome outcome = run({"export", path("in.bmp")});
+    EXPECT_EQ(outcome.exit_code, kExitDone) << outcome.error;
+    EXPECT_EQ(outcome.out + outcome.error, "");
+    EXPECT_EQ(file_text(folder_ / "in.scr"),
+              "Grid mil;\r\nChange Layer  20 ;\r\nChange Pour Solid;\r\nChange Thermals off;\r\n"
+              "Change Isolate 0;\r\nSet wire_bend 2;\r\n"
+              "Polygon 0 (0 0)\\\r\n(1 0)\\\r\n(1 1)\\\r\n(2 1)\\\r\n(2 2)\\\r\n(0 2)(0 0);\r\n"
+              "Grid last;\r\nWindow fit;\r\n");
+}
+
+TEST_F(CommandLine, ExportWithEveryOption) {
+    const Outcome outcome = export_in({"--layer", "16", "--unit", "inch", "--size", ".25",
+                                       "--eagle", "3", "--trace", "lines", "--shape", "rectangle",
+                                       "--op", "negative", "--op", "bw:128", "--stats"});
+    EXPECT_EQ(outcome.exit_code, kExitDone) << outcome.error;
+    EXPECT_THAT(
+        outcome.out,
+        StartsWith(
+            "{\"width\": 2, \"height\": 2, \"dark_pixels\": 0, \"runs\": 0, \"rectangles\": 0, "
+            "\"points\": 0, \"bridges\": 0, \"bytes\": 76, \"out_of_range\": false, \"seconds\": "
+            "0."));
+    EXPECT_EQ(file_text(folder_ / "out.scr"),
+              "Grid Inch;\r\nChange Layer  16 ;\r\nSet wire_style 2;\r\n"
+              "Grid last;\r\nWindow fit;\r\n");
+}
+
+TEST_F(CommandLine, LargePicturesAreReducedUnlessToldOtherwise) {
+    cDIBSection wide;
+    ASSERT_TRUE(wide.Create(3201, 3));
+    save_bitmap(wide.view(), folder_ / "in.bmp");
+    EXPECT_THAT(export_in({"--stats"}).out, StartsWith("{\"width\": 1600, \"height\": 1,"));
+    EXPECT_THAT(export_in({"--stats", "--full-size"}).out,
+                StartsWith("{\"width\": 3201, \"height\": 3,"));
+}
+
+TEST_F(CommandLine, OutOfRangeIsWrittenWithAWarning) {
+    const Outcome outcome = export_in({"--size", "30000", "--stats"});
+    EXPECT_EQ(outcome.exit_code, kExitOutOfRange);
+    EXPECT_THAT(outcome.error, HasSubstr("out of range of EAGLE"));
+    EXPECT_THAT(outcome.out, HasSubstr("\"out_of_range\": true"));
+    EXPECT_THAT(file_text(folder_ / "out.scr"), HasSubstr("60000"));
+}
+
+TEST_F(CommandLine, WrongUsageWritesNothing) {
+    expect_usage_error(run({}), "subcommand");
+    expect_usage_error(run({"expor"}), "there are export, apply, ops");
+    expect_usage_error(run({"export"}), "INPUT");
+    expect_usage_error(export_in({"--layer", "0"}), "--layer");
+    expect_usage_error(export_in({"--layer", "256"}), "--layer");
+    expect_usage_error(export_in({"--unit", "kg"}), "mil");
+    expect_usage_error(export_in({"--eagle", "5"}), "--eagle");
+    for (const char* size : {"0", "-1", "nan", "inf", "0,1", "x"})
+        expect_usage_error(export_in({"--size", size}), "--size");
+    expect_usage_error(export_in({"--shape", "rectangle"}), "--trace lines");
+    expect_usage_error(export_in({"--op", "blurr"}), "blurr");
+    expect_usage_error(run({"export", path("in.bmp"), "-o", path("in.bmp")}), "replace");
+    EXPECT_EQ(run({"export", "--help"}).exit_code, kExitDone);
+}
+
+TEST_F(CommandLine, FailuresNameFileAndCauseAndKeepTheOldScript) {
+    write_text(folder_ / "out.scr", "before");
+    write_text(folder_ / "in.bmp", "no picture");
+    for (const char* input : {"in.bmp", "missing.png", "."}) {
+        const Outcome outcome = run({"export", path(input), "-o", path("out.scr")});
+        EXPECT_EQ(outcome.exit_code, kExitFailed);
+        EXPECT_THAT(outcome.error, StartsWith("kelvane-cli: " + path(input) + ": "));
+        EXPECT_EQ(std::count(outcome.error.begin(), outcome.error.end(), '\n'), 1) << outcome.error;
+    }
+    EXPECT_EQ(file_text(folder_ / "out.scr"), "before");
+}
+
+TEST_F(CommandLine, PathsInAnyScript) {
+    std::filesystem::create_directory(folder_ / utf8_path("Prüfung"));
+    std::filesystem::copy(folder_ / "in.bmp", folder_ / utf8_path("Prüfung/徽标.bmp"));
+    const Outcome outcome = run({"export", path("Prüfung/徽标.bmp")});
+    EXPECT_EQ(outcome.exit_code, kExitDone) << outcome.error;
+    EXPECT_TRUE(std::filesystem::exists(folder_ / utf8_path("Prüfung/徽标.scr")));
+    EXPECT_THAT(run({"export", path("Prüfung/標.bmp")}).error, HasSubstr(path("Prüfung/標.bmp")));
+}
+
+} // namespace
+} // namespace kelvane::test

@@ -1,0 +1,187 @@
+#include "export/script_reader.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
+#include <sstream>
+#include <stdexcept>
+#include <utility>
+
+namespace kelvane::test {
+namespace {
+
+std::vector<std::string> lines_of(const std::string& text) {
+    std::vector<std::string> lines;
+    std::size_t begin = 0;
+    while (begin < text.size()) {
+        const std::size_t end = text.find("\r\n", begin);
+        if (end == std::string::npos) throw std::runtime_error("a line without CR LF");
+        lines.push_back(text.substr(begin, end - begin));
+        begin = end + 2;
+    }
+    return lines;
+}
+
+int half_pixels(const std::string& number, double size) {
+    std::size_t used = 0;
+    const double halves = std::stod(number, &used) / size * 2;
+    if (used != number.size() || std::abs(halves - std::round(halves)) > 1e-6)
+        throw std::runtime_error("no grid coordinate: " + number);
+    return static_cast<int>(std::lround(halves));
+}
+
+// "(x y)" at `position`, which moves behind it.
+HalfPoint point_at(const std::string& text, std::size_t& position, double size) {
+    const std::size_t blank = text.find(' ', position);
+    const std::size_t close = text.find(')', position);
+    if (text[position] != '(' || blank == std::string::npos || close < blank)
+        throw std::runtime_error("no point in: " + text.substr(position, 40));
+    const HalfPoint point{half_pixels(text.substr(position + 1, blank - position - 1), size),
+                          half_pixels(text.substr(blank + 1, close - blank - 1), size)};
+    position = close + 1;
+    return point;
+}
+
+HalfPath points_of(const std::string& command, double size) {
+    HalfPath path;
+    std::size_t position = command.find('(');
+    while (position < command.size() && command[position] == '(')
+        path.push_back(point_at(command, position, size));
+    if (command.substr(position) != ";")
+        throw std::runtime_error("a command that does not end: " + command);
+    return path;
+}
+
+HalfPath closed(HalfPath path) {
+    if (path.size() < 5 || path.front() != path.back())
+        throw std::runtime_error("an outline that is not closed");
+    path.pop_back();
+    return path;
+}
+
+void add_wire(const HalfPath& wire, HalfPath& chain) {
+    if (wire.size() != 2 || (!chain.empty() && chain.back() != wire[0]))
+        throw std::runtime_error("a wire that does not continue its chain");
+    if (chain.empty()) chain.push_back(wire[0]);
+    chain.push_back(wire[1]);
+}
+
+bool starts_with_word(const std::string& line, const std::string& word) {
+    return line.rfind(word, 0) == 0 ||
+           line.rfind(char(std::tolower(word[0])) + word.substr(1), 0) == 0;
+}
+
+} // namespace
+
+Script parse_script(const std::string& text, double size) {
+    Script script;
+    HalfPath chain;
+    std::string command;
+    for (const std::string& line : lines_of(text)) {
+        command += line;
+        // A polygon goes on behind a backslash, and a strip's command behind its name.
+        if (!line.empty() && line.back() == '\\') {
+            command.pop_back();
+        } else if (command == "Polygon 0 ") {
+            continue;
+        } else {
+            if (starts_with_word(command, "Polygon "))
+                script.polygons.push_back(closed(points_of(command, size)));
+            else if (starts_with_word(command, "Wire "))
+                add_wire(points_of(command, size), chain);
+            else if (starts_with_word(command, "Rect "))
+                script.rectangles.push_back(points_of(command, size));
+            else if (command == ";")
+                script.chains.push_back(closed(std::exchange(chain, {})));
+            else
+                script.settings.push_back(command);
+            command.clear();
+        }
+    }
+    if (!command.empty() || !chain.empty()) throw std::runtime_error("the script breaks off");
+    return script;
+}
+
+std::string Cells::drawing() const {
+    std::string text;
+    for (int y = height_ - 1; y >= 0; --y) {
+        for (int x = 0; x < width_; ++x)
+            text += at(x, y) == 0 ? '.' : static_cast<char>('0' + at(x, y));
+        text += '\n';
+    }
+    return text;
+}
+
+void add_winding(const HalfPath& path, Cells& half_cells) {
+    for (std::size_t i = 0; i < path.size(); ++i) {
+        const HalfPoint& from = path[i];
+        const HalfPoint& to = path[(i + 1) % path.size()];
+        // An edge going down has the area on its right, seen on the screen.
+        const int step = to.y < from.y ? 1 : -1;
+        for (int y = std::min(from.y, to.y); y < std::max(from.y, to.y); ++y)
+            for (int x = from.x; x < half_cells.width(); ++x)
+                half_cells.at(x, y) += step;
+    }
+}
+
+Cells dark_cells(ConstImageView image) {
+    Cells cells(image.width, image.height);
+    for (int y = 0; y < image.height; ++y)
+        for (int x = 0; x < image.width; ++x)
+            cells.at(x, y) = image.pixel(x, y)[0] < 129;
+    if (cells.get(0, 0) == 0)
+        for (int x = 1; cells.get(x, 0) != 0; ++x)
+            cells.at(x, 0) = 0;
+    return cells;
+}
+
+Cells doubled(const Cells& cells) {
+    Cells result(cells.width() * 2, cells.height() * 2);
+    for (int y = 0; y < result.height(); ++y)
+        for (int x = 0; x < result.width(); ++x)
+            result.at(x, y) = cells.at(x / 2, y / 2);
+    return result;
+}
+
+std::string outline_fault(const HalfPath& path) {
+    std::map<HalfPoint, int> visits;
+    std::set<std::pair<HalfPoint, HalfPoint>> pieces;
+    std::set<HalfPoint> straight;
+    const std::size_t count = path.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const HalfPoint a = path[i];
+        const HalfPoint b = path[(i + 1) % count];
+        const HalfPoint c = path[(i + 2) % count];
+        std::ostringstream where;
+        where << " at (" << a.x / 2. << ' ' << a.y / 2. << ')';
+        if (a == b) return "equal points in a row" + where.str();
+        if (a.x != b.x && a.y != b.y) return "an edge askew" + where.str();
+        if ((a.x == b.x) == (b.x == c.x)) return "collinear edges" + where.str();
+        const HalfPoint step{(b.x > a.x) - (b.x < a.x), (b.y > a.y) - (b.y < a.y)};
+        for (HalfPoint p = a; p != b;) {
+            const HalfPoint q{p.x + step.x, p.y + step.y};
+            if (!pieces.insert(std::minmax(p, q)).second)
+                return "an outline along itself" + where.str();
+            ++visits[p];
+            if (p != a) straight.insert(p);
+            p = q;
+        }
+    }
+    for (const auto& [point, times] : visits)
+        if (times > 1 && (point.x % 2 != 0 || point.y % 2 != 0 || straight.contains(point)))
+            return "an outline that meets itself off a pixel corner or crosses itself";
+    return {};
+}
+
+std::string coverage_fault(const std::vector<HalfPath>& paths, const Cells& dark) {
+    Cells drawn(dark.width() * 2, dark.height() * 2);
+    for (const HalfPath& path : paths) {
+        if (const std::string fault = outline_fault(path); !fault.empty()) return fault;
+        add_winding(path, drawn);
+    }
+    if (drawn == doubled(dark)) return {};
+    return "drawn:\n" + drawn.drawing() + "instead of:\n" + dark.drawing();
+}
+
+} // namespace kelvane::test

@@ -1,0 +1,187 @@
+// Finished scripts byte for byte.
+#include "export/number_text.h"
+#include "export/vectorize.h"
+#include "image/file_error.h"
+#include "image/safe_file.h"
+#include "support/drawn_picture.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace kelvane::test {
+namespace {
+
+// The script with LF for CR LF.
+std::string script_of(const cDIBSection& picture, const ExportOptions& options,
+                      ExportReport* report = nullptr) {
+    const TemporaryFolder folder;
+    const ExportReport made = Vectorize(picture.view(), folder / "s.scr", options);
+    if (report) *report = made;
+    std::string text = file_text(folder / "s.scr");
+    EXPECT_EQ(made.bytes, text.size());
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\r'),
+              std::count(text.begin(), text.end(), '\n'));
+    std::erase(text, '\r');
+    return text;
+}
+
+ExportOptions with(bool autotrace, ShapeKind shape, std::int16_t layer) {
+    ExportOptions options;
+    options.exp = autotrace;
+    options.optPoly = shape;
+    options.lay = layer;
+    return options;
+}
+
+// The part between the settings and the closing lines.
+std::string shapes_of(const cDIBSection& picture, const ExportOptions& options) {
+    const std::string text = script_of(picture, options);
+    const std::string last_setting = "Set wire_bend 2;\n";
+    const std::size_t begin = text.find(last_setting) + last_setting.size();
+    return text.substr(begin, text.find("Grid last;") - begin);
+}
+
+const cDIBSection& ring() {
+    static const cDIBSection picture = drawn({".###", ".#.#", ".###", "...."});
+    return picture;
+}
+
+TEST(Script, WholeFileOfEachKind) {
+    const cDIBSection empty = drawn({".."});
+    ExportOptions options;
+    options.unit = 3;
+    options.lay = 16;
+    EXPECT_EQ(script_of(empty, options), "Grid mm;\nChange Layer  16 ;\nChange Pour Solid;\n"
+                                         "Change Thermals off;\nChange Isolate 0;\n"
+                                         "Set wire_bend 2;\nGrid last;\nWindow fit;\n");
+    for (const std::int16_t version : {1, 2}) {
+        options.ver = version;
+        options.optPoly = kShapeWire;
+        options.unit = 1;
+        EXPECT_EQ(script_of(empty, options), "Grid Inch;\nChange Layer  16 ;\nSet wire_style 2;\n"
+                                             "Grid last;\nWindow fit;\n");
+    }
+}
+
+TEST(Script, LinewiseShapes) {
+    const cDIBSection picture = drawn({"...#..", ".....#", "#....."});
+    ExportOptions options = with(false, kShapePolygon, 19);
+    options.size = .5;
+    EXPECT_EQ(shapes_of(picture, options),
+              "Polygon 0 (0 0)\\\n(.5 0)\\\n(.5 .5)\\\n(0 .5)(0 0);\n"
+              "Polygon 0 (2.5 .5)\\\n(3 .5)\\\n(3 1)\\\n(2.5 1)(2.5 .5);\n"
+              "Polygon 0 (1.5 1)\\\n(2 1)\\\n(2 1.5)\\\n(1.5 1.5)(1.5 1);\n");
+    EXPECT_EQ(
+        shapes_of(drawn({"##"}), with(false, kShapeWire, 20)),
+        "Wire 0 (0 0)(2 0);\nwire 0 (2 0)(2 1);\nwire 0 (2 1)(0 1);\nwire 0 (0 1)(0 0);\n;\n");
+    EXPECT_EQ(shapes_of(drawn({"#####.#"}), with(false, kShapeRectangle, 1)),
+              "Rect (0 0)(5 1);\nRect (6 0)(7 1);\n");
+}
+
+TEST(Script, NamesByLayer) {
+    const cDIBSection two = drawn({"#.#"});
+    const std::string first = "(0 0)\\\n(1 0)\\\n(1 1)\\\n(0 1)(0 0);\n";
+    const std::string second = "(2 0)\\\n(3 0)\\\n(3 1)\\\n(2 1)(2 0);\n";
+    EXPECT_EQ(shapes_of(two, with(true, kShapePolygon, 16)),
+              "Polygon 'Image0' 0 " + first + "Polygon 'Image1' 0 " + second);
+    EXPECT_EQ(shapes_of(two, with(true, kShapePolygon, 17)),
+              "Polygon Image 0 " + first + "Polygon Image 0 " + second);
+    EXPECT_EQ(shapes_of(two, with(true, kShapePolygon, 19)),
+              "Polygon 0 " + first + "Polygon 0 " + second);
+    const std::string rest = "wire 0 (1 0)(1 1);\nwire 0 (1 1)(0 1);\nwire 0 (0 1)(0 0);\n;\n";
+    const cDIBSection one = drawn({"#"});
+    EXPECT_EQ(shapes_of(one, with(true, kShapeWire, 16)), "wire 'Image0' 0 (0 0)(1 0);\n" + rest);
+    EXPECT_EQ(shapes_of(one, with(true, kShapeWire, 18)), "Wire 'Image' 0 (0 0)(1 0);\n" + rest);
+    EXPECT_EQ(shapes_of(one, with(true, kShapeWire, 19)), "Wire 0 (0 0)(1 0);\n" + rest);
+}
+
+TEST(Script, BridgedRing) {
+    const std::string outline =
+        "(1 1)\\\n(4 1)\\\n(4 2.5)\\\n(3 2.5)\\\n(3 2)\\\n(2 2)\\\n(2 3)\\\n"
+        "(4 3)\\\n(4 4)\\\n(1 4)(1 1);\n";
+    const std::string strip = "(4 2.5)\\\n(4 3)\\\n(3 3)\\\n(3 2.5)(4 2.5);\n";
+    // The strip's plain command stands on a line of its own, the named ones do not.
+    EXPECT_EQ(shapes_of(ring(), with(true, kShapePolygon, 19)),
+              "Polygon 0 " + outline + "Polygon 0 \n" + strip);
+    EXPECT_EQ(shapes_of(ring(), with(true, kShapePolygon, 18)),
+              "Polygon Image 0 " + outline + "Polygon Image 0 " + strip);
+    EXPECT_EQ(shapes_of(ring(), with(true, kShapePolygon, 1)),
+              "Polygon 'Image0' 0 " + outline + "Polygon 'Image1' 0 " + strip);
+}
+
+TEST(Script, WiresGoAroundHoles) {
+    EXPECT_EQ(
+        shapes_of(ring(), with(true, kShapeWire, 20)),
+        "Wire 0 (1 1)(4 1);\nwire 0 (4 1)(4 4);\nwire 0 (4 4)(1 4);\nwire 0 (1 4)(1 1);\n;\n"
+        "Wire 0 (2 2)(2 3);\nwire 0 (2 3)(3 3);\nwire 0 (3 3)(3 2);\nwire 0 (3 2)(2 2);\n;\n");
+}
+
+TEST(Script, RunLostAtColumnOneOfRowZero) {
+    for (const ShapeKind shape : {kShapePolygon, kShapeWire}) {
+        EXPECT_EQ(shapes_of(drawn({".##"}), with(true, shape, 20)), "");
+        EXPECT_NE(shapes_of(drawn({"##."}), with(true, shape, 20)), "");
+    }
+    EXPECT_EQ(shapes_of(drawn({".#.#"}), with(false, kShapeRectangle, 20)), "Rect (3 0)(4 1);\n");
+    EXPECT_EQ(shapes_of(drawn({".#", ".."}), with(false, kShapeRectangle, 20)),
+              "Rect (1 1)(2 2);\n");
+}
+
+TEST(Script, RangeFlagBeyondTheLimitOnly) {
+    const cDIBSection one = drawn({"#"});
+    ExportOptions options;
+    ExportReport report;
+    for (std::int16_t unit = 0; unit < 4; ++unit) {
+        options.unit = unit;
+        options.size = kUnits[static_cast<std::size_t>(unit)].coordinate_limit;
+        script_of(one, options, &report);
+        EXPECT_FALSE(report.RangeOVL);
+        options.size *= 1 + 1e-9;
+        script_of(one, options, &report);
+        EXPECT_TRUE(report.RangeOVL);
+    }
+    // Only coordinates that are written count: the white column does not.
+    options.unit = 0;
+    options.size = 33026;
+    script_of(drawn({"#.."}), options, &report);
+    EXPECT_FALSE(report.RangeOVL);
+    options.unit = 4;
+    options.size = 1e6;
+    EXPECT_EQ(script_of(one, options, &report).substr(0, 6), "Grid ;");
+    EXPECT_FALSE(report.RangeOVL);
+}
+
+TEST(Script, FailureLeavesTheOldFile) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder / "old.scr");
+    EXPECT_THROW(Vectorize(ring().view(), folder / "old.scr", {}), FileError);
+    EXPECT_THROW(Vectorize(ring().view(), folder / "none" / "s.scr", {}), FileError);
+    write_text(folder / "s.scr", "before");
+    {
+        SafeFile dropped(folder / "s.scr");
+        dropped.write("half");
+    }
+    EXPECT_EQ(file_text(folder / "s.scr"), "before");
+    // Nothing half-written stays either.
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / ""), {}), 2);
+}
+
+TEST(NumberToText, ShortGeneralForm) {
+    EXPECT_EQ(NumberToText(0), "0");
+    EXPECT_EQ(NumberToText(-0.0), "0");
+    EXPECT_EQ(NumberToText(.5), ".5");
+    EXPECT_EQ(NumberToText(-.25), "-.25");
+    EXPECT_EQ(NumberToText(10), "10");
+    EXPECT_EQ(NumberToText(3 * .1), ".3");
+    EXPECT_EQ(NumberToText(1 / 3.), ".333333333333333");
+    EXPECT_EQ(NumberToText(-1234567890.0625), "-1234567890.0625");
+    EXPECT_EQ(NumberToText(1e14), "100000000000000");
+    EXPECT_EQ(NumberToText(1e15), "1E+15");
+    EXPECT_EQ(NumberToText(.0001), ".0001");
+    EXPECT_EQ(NumberToText(.00001), "1E-05");
+    EXPECT_EQ(NumberToText(-1.23456789012345e-300), "-1.23456789012345E-300");
+}
+
+} // namespace
+} // namespace kelvane::test

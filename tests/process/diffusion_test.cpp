@@ -1,0 +1,179 @@
+#include "image/cpu.h"
+#include "image/file_error.h"
+#include "process/closest_colour.h"
+#include "process/diffusion.h"
+#include "process/grayscale.h"
+#include "support/pictures.h"
+#include "support/recording_observer.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <random>
+
+namespace kelvane::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+void add(std::uint8_t& byte, int amount) {
+    byte = static_cast<std::uint8_t>(std::clamp(byte + amount, 0, 255));
+}
+
+// Passes `error` on, column by column order assumed; weights of below left, below, below right.
+void diffuse(cDIBSection& image, int x, int y, const std::array<int, 3>& error,
+             const std::array<int, 3>& below) {
+    for (std::size_t c = 0; c < 3; ++c) {
+        if (3 * x < 3 * image.Width() - 6) add(image.view().pixel(x + 1, y)[c], error[c] * 7 / 16);
+        if (y >= image.Height() - 1) continue;
+        for (int dx = -1; dx <= 1; ++dx)
+            if (3 * (x + dx) >= 1 && 3 * (x + dx) < 3 * image.Width() - 3)
+                add(image.view().pixel(x + dx, y + 1)[c],
+                    error[c] * below[static_cast<std::size_t>(dx + 1)] / 16);
+    }
+}
+
+cDIBSection slow_steinberg(cDIBSection image) {
+    cDIBSection result = image.Copy();
+    GrayScale(image.view());
+    for (int x = 0; x < image.Width(); ++x)
+        for (int y = 0; y < image.Height(); ++y) {
+            const int v = pixel_at(image, x, y)[0];
+            const int e = v < 129 ? (v < 17 ? 0 : v) : 127 - v;
+            std::memset(result.view().pixel(x, y), v < 129 ? 0 : 255, 3);
+            diffuse(image, x, y, {e, e, e}, {3, 5, 1});
+        }
+    return result;
+}
+
+cDIBSection slow_palette(cDIBSection image, const cPalette& palette) {
+    cDIBSection result = image.Copy();
+    for (int x = 0; x < image.Width(); ++x)
+        for (int y = 0; y < image.Height(); ++y) {
+            const auto [b, g, r] = pixel_at(image, x, y);
+            const int k = std::max(palette.ClosestIndex(r, g, b), 1);
+            const std::array<int, 3> got{palette.Blue(k), palette.Green(k), palette.Red(k)};
+            const std::array<int, 3> e{b - got[0], g - got[1], r - got[2]};
+            for (std::size_t c = 0; c < 3; ++c)
+                result.view().pixel(x, y)[c] = static_cast<std::uint8_t>(got[c]);
+            if (std::abs(e[0]) + std::abs(e[1]) + std::abs(e[2]) >= 4)
+                diffuse(image, x, y, e, {0, 4, 0});
+        }
+    return result;
+}
+
+cPalette random_palette(int count, std::uint32_t seed) {
+    std::mt19937 random(seed);
+    std::vector<cPalette::Colour> colours(static_cast<std::size_t>(count));
+    for (cPalette::Colour& colour : colours)
+        for (std::uint8_t& channel : colour)
+            channel = static_cast<std::uint8_t>(random() % 9 * 31); // many ties
+    return cPalette(colours);
+}
+
+std::vector<std::pair<int, int>> sizes_across_strips() {
+    std::vector<std::pair<int, int>> sizes = odd_sizes();
+    sizes.insert(sizes.end(), {{1023, 5}, {1024, 5}, {1025, 5}, {1026, 5}, {2051, 4}});
+    return sizes;
+}
+
+class Diffusion : public testing::TestWithParam<CpuLevel> {
+    CpuLevelCap cap_{GetParam()};
+};
+INSTANTIATE_TEST_SUITE_P(EachProcessor, Diffusion,
+                         testing::Values(CpuLevel::Baseline, CpuLevel::Avx2));
+
+TEST_P(Diffusion, SteinbergIsTheSlowWayColumnByColumn) {
+    for (const auto& [width, height] : sizes_across_strips()) {
+        cDIBSection image = random_picture(width, height, 9);
+        cDIBSection buffer = black_picture(width, height);
+        const cDIBSection expected = slow_steinberg(image.Copy());
+        Steinberg(image.view(), buffer.view());
+        ASSERT_TRUE(same_pixels(image, expected));
+        ASSERT_TRUE(same_pixels(buffer, expected));
+    }
+}
+
+TEST_P(Diffusion, ApplyPaletteIsTheSlowWayColumnByColumn) {
+    for (const int count : {1, 2, 16, 300})
+        for (const auto& [width, height] : sizes_across_strips()) {
+            const cPalette palette = random_palette(count, 4);
+            cDIBSection image = random_picture(width, height, 8);
+            cDIBSection buffer = black_picture(width, height);
+            const cDIBSection expected = slow_palette(image.Copy(), palette);
+            ApplyPalette(image.view(), buffer.view(), palette);
+            ASSERT_TRUE(same_pixels(image, expected)) << count;
+            ASSERT_TRUE(same_pixels(buffer, expected)) << count;
+        }
+}
+
+TEST(Diffusion, EventsOfBothOperations) {
+    cDIBSection image = random_picture(9, 4, 1);
+    cDIBSection buffer = black_picture(9, 4);
+    RecordingObserver observer;
+    ApplyPalette(image.view(), buffer.view(), random_palette(3, 1), &observer);
+    EXPECT_THAT(observer.maxima, ElementsAre(24));
+    EXPECT_EQ(observer.positions, columns(0, 24));
+    RecordingObserver both;
+    Steinberg(image.view(), buffer.view(), &both);
+    EXPECT_THAT(both.maxima, ElementsAre(24, 24)); // GrayScale's, then its own
+    EXPECT_EQ(both.positions.size(), 18u);
+    EXPECT_EQ(both.times.size(), 2u);
+}
+
+TEST(Diffusion, EntriesAllAsFarAsBlackFromWhite) {
+    cDIBSection image = flat_picture(3, 3, 255, 255, 255);
+    cDIBSection buffer = black_picture(3, 3);
+    ApplyPalette(image.view(), buffer.view(), cPalette({{0, 0, 0}}));
+    EXPECT_TRUE(same_pixels(image, black_picture(3, 3)));
+    EXPECT_THROW(ApplyPalette(image.view(), buffer.view(), {}), std::invalid_argument);
+}
+
+TEST(ClosestColour, AnswersLikeTheScan) {
+    for (const int count : {0, 1, 2, 16, 400}) {
+        const cPalette palette = random_palette(count, 6);
+        ClosestColour closest(palette);
+        for (int r = 0; r < 256; r += 3)
+            for (int g = 0; g < 256; g += 5)
+                for (int b = 0; b < 256; b += 15)
+                    ASSERT_EQ(closest.index(r, g, b), palette.ClosestIndex(r, g, b))
+                        << count << ": " << r << ' ' << g << ' ' << b;
+    }
+    const cPalette black({{0, 0, 0}});
+    EXPECT_EQ(black.ClosestIndex(255, 255, 255), 0);
+    EXPECT_EQ(ClosestColour(black).index(255, 255, 255), 0);
+    EXPECT_EQ(cPalette({{0, 0, 0}, {255, 255, 255}}).ClosestIndex(255, 255, 255), 2);
+}
+
+TEST(PaletteFile, TakesLinesOfThreeFieldsOnly) {
+    const cPalette palette = parse_palette(
+        "JASC-PAL\r\n0100\r\n2\r\n0 1 2\r\n\r\n253 254 255  \nnot a colour line\n7 8 9");
+    ASSERT_EQ(palette.Count(), 3);
+    EXPECT_THAT(palette.colours()[0], ElementsAre(0, 1, 2));
+    EXPECT_THAT(palette.colours()[1], ElementsAre(253, 254, 255));
+    EXPECT_EQ(palette.Blue(3), 9);
+    EXPECT_THROW(palette.Red(0), std::out_of_range);
+    EXPECT_THROW(palette.Red(4), std::out_of_range);
+}
+
+TEST(PaletteFile, NamesTheLineThatIsNoColour) {
+    for (const char* line : {"1 2 256", "1 2 -3", "1  2", "a b c", "1 2 3x", "1 2.5 3", "+1 2 3"}) {
+        try {
+            parse_palette(std::string("header\n1 2 3\n") + line + "\n");
+            FAIL() << line;
+        } catch (const FileError& error) {
+            EXPECT_THAT(error.what(), HasSubstr("line 3")) << line;
+        }
+    }
+}
+
+TEST(PaletteFile, FailureLeavesThePaletteEmpty) {
+    cPalette palette({{1, 2, 3}});
+    EXPECT_FALSE(palette.LoadFromFile("no such file.pal"));
+    EXPECT_EQ(palette.Count(), 0);
+}
+
+} // namespace
+} // namespace kelvane::test

@@ -1,0 +1,125 @@
+#include "settings/settings_file.h"
+
+#include "settings/catalogue.h"
+#include "settings/scratch_folder.h"
+#include "win/unique_handle.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace kelvane {
+namespace {
+
+const std::wstring kEveryScript = L"D:\\Gr\x00F6\x00DF"
+                                  L"e\\\x0434\x0443\x0433\x0430\\"
+                                  L"\x4E2D\x6587\\\xD83D\xDE00\\logo.png";
+
+TEST(SettingsFileTest, MissingKeysTakeTheirDefaults) {
+    const ScratchFolder scratch;
+    const SettingsFile file = scratch.settings();
+    EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
+    EXPECT_EQ(read_setting(file, settings::kLayer), 20);
+    EXPECT_EQ(read_setting(file, settings::kPixelSize), L"1");
+    EXPECT_EQ(read_setting(file, settings::kFullAutotrace), std::nullopt);
+    EXPECT_EQ(read_setting(file, settings::kOpenFolder), L"");
+    EXPECT_FALSE(std::filesystem::exists(scratch.ini())) << "reading made a file";
+
+    scratch.put("[global]\r\nlanguage=\r\n[imageexport]\r\nlayer=abc\r\nunit=4\r\n");
+    EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
+    EXPECT_EQ(read_setting(file, settings::kLayer), 20);
+    EXPECT_EQ(read_setting(file, settings::kUnit), 0);
+    write_setting(file, settings::kUnit, 3);
+    EXPECT_EQ(read_setting(file, settings::kUnit), 3);
+    file.WriteIniValue(L"global", L"language", L"abc");
+    EXPECT_EQ(read_setting(file, settings::kLanguage), 0) << "no number is German";
+}
+
+TEST(SettingsFileTest, ValuesOfEveryScriptSurvive) {
+    const ScratchFolder scratch;
+    const SettingsFile file = scratch.settings();
+    write_setting(file, settings::kOpenFolder, kEveryScript);
+    write_setting(file, settings::kPixelSize, 1.5);
+    write_setting(file, settings::kFullAutotrace, -1);
+    EXPECT_EQ(read_setting(file, settings::kOpenFolder), kEveryScript);
+    EXPECT_EQ(read_setting(file, settings::kPixelSize), L"1.5");
+    EXPECT_EQ(read_setting(file, settings::kFullAutotrace), -1);
+    for (const wchar_t* value : {L" blanks ", L"'quoted'", L"\"quoted\"", L"'", L"a=b;c", L"[x]"}) {
+        file.WriteIniValue(L"s", L"k", value);
+        EXPECT_EQ(file.ReadIniValue(L"s", L"k"), value);
+    }
+    file.WriteIniValue(L"s", L"k", L"one\r\n[global]\r\nlanguage=0");
+    EXPECT_EQ(file.ReadIniValue(L"s", L"k"), L"one");
+    EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
+}
+
+TEST(SettingsFileTest, OnlyPathsAreReadBeyond254Characters) {
+    const ScratchFolder scratch;
+    const SettingsFile file = scratch.settings();
+    const std::wstring path = L"C:\\" + std::wstring(3000, L'\x4E2D');
+    write_setting(file, settings::kConvertProgram, path);
+    EXPECT_EQ(read_setting(file, settings::kConvertProgram), path);
+    EXPECT_EQ(file.ReadIniValue(L"ImageMagick", L"Convert"), path.substr(0, 254));
+}
+
+TEST(SettingsFileTest, AnOlderFileKeepsWhatIsNotOurs) {
+    const ScratchFolder scratch;
+    scratch.put("; mine\r\n[other]\r\nname=Gr\xF6\xDF"
+                "e\r\n[global]\r\nlanguage=0\r\nodd=1\r\n");
+    const SettingsFile file = scratch.settings();
+    write_setting(file, settings::kSaveFolder, L"C:\\pics\\");
+    EXPECT_EQ(scratch.bytes().substr(0, 6), "; mine") << "turned into UTF-16 without need";
+    write_setting(file, settings::kOpenFolder, kEveryScript);
+    EXPECT_EQ(scratch.bytes().substr(0, 4), std::string("\xFF\xFE;\0", 4));
+    EXPECT_EQ(read_setting(file, settings::kOpenFolder), kEveryScript);
+    EXPECT_EQ(read_setting(file, settings::kSaveFolder), L"C:\\pics\\");
+    EXPECT_EQ(read_setting(file, settings::kLanguage), 0);
+    EXPECT_EQ(file.ReadIniValue(L"other", L"name"), L"Gr\x00F6\x00DF"
+                                                    L"e");
+    EXPECT_EQ(file.ReadIniValue(L"global", L"odd"), L"1");
+
+    EXPECT_TRUE(file.DeleteIniSection(L"global"));
+    EXPECT_EQ(file.ReadIniValue(L"global", L"odd"), L"");
+    EXPECT_EQ(file.ReadIniValue(L"other", L"name"), L"Gr\x00F6\x00DF"
+                                                    L"e");
+}
+
+TEST(SettingsFileTest, AFileThatCannotBeWrittenSwallowsWrites) {
+    const ScratchFolder scratch;
+    const std::string before = "[global]\r\nlanguage=0\r\n";
+    scratch.put(before);
+    const SettingsFile file = scratch.settings();
+    {
+        const UniqueHandle lock(CreateFileW(scratch.ini().c_str(), GENERIC_READ, FILE_SHARE_READ,
+                                            nullptr, OPEN_EXISTING, 0, nullptr));
+        write_setting(file, settings::kOpenFolder, kEveryScript);
+        write_setting(file, settings::kLanguage, 10000);
+    }
+    EXPECT_EQ(scratch.bytes(), before);
+    const SettingsFile folder(scratch.path());
+    EXPECT_FALSE(folder.WriteIniValue(L"global", L"language", L"0"));
+    EXPECT_EQ(read_setting(folder, settings::kLanguage), 10000);
+}
+
+TEST(SettingsFileTest, RubbishAndSizeDoNoHarm) {
+    const ScratchFolder scratch;
+    const SettingsFile file = scratch.settings();
+    std::mt19937 random(1);
+    std::string rubbish(100000, '\0');
+    for (char& c : rubbish)
+        c = static_cast<char>(random());
+    const std::string line = "[section]\r\nkey=" + std::string(70, 'x') + "\r\n";
+    std::string large;
+    while (large.size() < (10u << 20))
+        large += line;
+    for (const std::string& bytes : {rubbish, "\xFF\xFE" + rubbish, large}) {
+        scratch.put(bytes);
+        EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
+        write_setting(file, settings::kOpenFolder, kEveryScript);
+        read_setting(file, settings::kOpenFolder);
+        EXPECT_GE(scratch.bytes().size(), bytes.size() / 2) << "the user's file was cut down";
+    }
+}
+
+} // namespace
+} // namespace kelvane
