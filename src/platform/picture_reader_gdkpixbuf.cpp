@@ -1,6 +1,7 @@
 // Pictures through gdk-pixbuf.
 #include "image/picture_reader.h"
 #include "platform/paper.h"
+#include "platform/whole_file.h"
 
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
@@ -59,6 +60,7 @@ Pixbuf first_image(GdkPixbufLoader* loader) {
 } // namespace
 
 cDIBSection decode_picture(std::span<const std::uint8_t> file_bytes) {
+    require_whole_file(file_bytes);
     const Loader loader(gdk_pixbuf_loader_new());
     feed(loader.get(), file_bytes);
     const Pixbuf upright = first_image(loader.get());

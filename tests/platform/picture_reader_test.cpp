@@ -27,15 +27,16 @@ std::vector<int> colour(const cDIBSection& picture, int x, int y_from_top) {
 std::vector<std::vector<int>> colours(const cDIBSection& picture) {
     std::vector<std::vector<int>> all;
     for (int y = 0; y < picture.Height(); ++y)
-        for (int x = 0; x < picture.Width(); ++x) all.push_back(colour(picture, x, y));
+        for (int x = 0; x < picture.Width(); ++x)
+            all.push_back(colour(picture, x, y));
     return all;
 }
 
 const std::vector<int> kWhite{255, 255, 255};
 const std::vector<int> kBlack{0, 0, 0};
-const std::vector<std::vector<int>> kScene{{255, 0, 0},     {0, 255, 0},   {0, 0, 255},
-                                           {0, 0, 0},       {255, 255, 255}, {255, 255, 0},
-                                           {0, 255, 255},   {128, 128, 128}};
+const std::vector<std::vector<int>> kScene{{255, 0, 0},   {0, 255, 0},     {0, 0, 255},
+                                           {0, 0, 0},     {255, 255, 255}, {255, 255, 0},
+                                           {0, 255, 255}, {128, 128, 128}};
 
 TEST(PictureReader, ReadsTheSamePixelsFromEveryLosslessKind) {
     for (const char* name : {"rgb.png", "palette.png", "deep.png", "tiff24.tif", "bmp24.bmp",
@@ -95,7 +96,7 @@ TEST(PictureReader, RefusesWhatIsNoWholePicture) {
 
 TEST(PictureReader, OpensPathsInAnyScript) {
     const test::TemporaryFolder folder;
-    const std::filesystem::path file = folder.path() / u8"Prüfung" / u8"徽标.png";
+    const std::filesystem::path file = folder / u8"Prüfung" / u8"徽标.png";
     std::filesystem::create_directory(file.parent_path());
     std::filesystem::copy_file(data("rgb.png"), file);
     EXPECT_EQ(colours(read_picture(file)), kScene);
