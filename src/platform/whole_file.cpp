@@ -46,13 +46,18 @@ bool png_reaches_its_end(Bytes bytes) {
     return false;
 }
 
-bool is_plain_bitmap(Bytes bytes) {
-    constexpr std::size_t headers = 14 + 40;
-    return bytes.size() >= headers && bytes[0] == 'B' && bytes[1] == 'M' &&
-           little_endian(bytes, 14, 4) >= 40 && little_endian(bytes, 30, 4) == 0;
+// A file header of 14 bytes, then an information header that opens with its own size; only the
+// forms of 40 bytes and more are meant.
+bool is_bitmap(Bytes bytes) {
+    return bytes.size() >= 18 && bytes[0] == 'B' && bytes[1] == 'M' &&
+           little_endian(bytes, 14, 4) >= 40;
 }
 
 bool bitmap_reaches_its_end(Bytes bytes) {
+    constexpr std::size_t headers = 14 + 40;
+    if (bytes.size() < headers) return false;
+    const bool compressed = little_endian(bytes, 30, 4) != 0;
+    if (compressed) return true;
     const std::uint64_t width = little_endian(bytes, 18, 4);
     const auto height = static_cast<std::int32_t>(little_endian(bytes, 22, 4));
     const std::uint64_t rows = static_cast<std::uint64_t>(std::llabs(height));
@@ -65,9 +70,9 @@ bool bitmap_reaches_its_end(Bytes bytes) {
 } // namespace
 
 void require_whole_file(Bytes file_bytes) {
-    const bool whole = is_png(file_bytes)            ? png_reaches_its_end(file_bytes)
-                       : is_plain_bitmap(file_bytes) ? bitmap_reaches_its_end(file_bytes)
-                                                     : true;
+    const bool whole = is_png(file_bytes)      ? png_reaches_its_end(file_bytes)
+                       : is_bitmap(file_bytes) ? bitmap_reaches_its_end(file_bytes)
+                                               : true;
     if (!whole) throw FileError("the file ends before its picture does");
 }
 
