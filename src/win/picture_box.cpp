@@ -1,0 +1,53 @@
+#include "win/picture_box.h"
+
+#include <cmath>
+
+namespace kelvane::win {
+namespace {
+
+BITMAPINFO description(const cDIBSection& picture) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = picture.Width();
+    info.bmiHeader.biHeight = picture.Height();
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 24;
+    info.bmiHeader.biCompression = BI_RGB;
+    return info;
+}
+
+} // namespace
+
+void draw_picture(HDC context, const RECT& target, const cDIBSection& picture) {
+    if (picture.empty()) return;
+    const BITMAPINFO info = description(picture);
+    const int width = target.right - target.left;
+    const int height = target.bottom - target.top;
+    const bool same_size = width == picture.Width() && height == picture.Height();
+    SetStretchBltMode(context, same_size ? COLORONCOLOR : HALFTONE);
+    SetBrushOrgEx(context, 0, 0, nullptr);
+    StretchDIBits(context, target.left, target.top, width, height, 0, 0, picture.Width(),
+                  picture.Height(), picture.DIBSectionBitsPtr(), &info, DIB_RGB_COLORS, SRCCOPY);
+}
+
+void draw_picture_box(const DRAWITEMSTRUCT& box, const cDIBSection& picture, double zoom) {
+    RECT target = box.rcItem;
+    target.right = target.left + static_cast<LONG>(std::lround(picture.Width() * zoom));
+    target.bottom = target.top + static_cast<LONG>(std::lround(picture.Height() * zoom));
+    const int saved = SaveDC(box.hDC);
+    IntersectClipRect(box.hDC, box.rcItem.left, box.rcItem.top, box.rcItem.right,
+                      box.rcItem.bottom);
+    draw_picture(box.hDC, target, picture);
+    ExcludeClipRect(box.hDC, target.left, target.top, target.right, target.bottom);
+    FillRect(box.hDC, &box.rcItem, GetSysColorBrush(COLOR_BTNFACE));
+    RestoreDC(box.hDC, saved);
+}
+
+double box_zoom(HWND box, int pixels) {
+    RECT area{};
+    GetClientRect(box, &area);
+    const double zoom = static_cast<double>(area.right) / pixels;
+    return std::abs(zoom - 1) < 0.05 ? 1 : zoom;
+}
+
+} // namespace kelvane::win
