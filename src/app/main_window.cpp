@@ -11,7 +11,6 @@
 #include "ids.h"
 
 #include <commctrl.h>
-#include <shellapi.h>
 
 #include <algorithm>
 
@@ -189,7 +188,7 @@ void mfrmMain::let_windows_paint() {
 }
 
 bool mfrmMain::refuse_while_busy() {
-    if (!busy_) return false;
+    if (!busy_ && IsWindowEnabled(window())) return false; // a dialog disables the window
     MessageBeep(MB_ICONEXCLAMATION);
     SetStatus(LoadString(IDS_IMAGE_BUSY), L"#", L"#");
     return true;

@@ -11,12 +11,16 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace kelvane {
+
+struct MenuEntry;
 
 /// The MDI frame: menu, status line, recent files, and every command, which it hands to the active
 /// document. It owns the documents. One per process: the language is the process's own.
@@ -115,9 +119,6 @@ class mfrmMain : public win::Window, private MainServices {
     void about();
     void language();
 
-    /// Marks an operation that no other may interrupt.
-    class Busy;
-
     SettingsFile settings_;
     std::wstring open_folder_;
     std::wstring save_folder_;
@@ -129,8 +130,9 @@ class mfrmMain : public win::Window, private MainServices {
     HWND mdi_client_ = nullptr;
     std::vector<std::unique_ptr<frmImage>> forms_;
     int image_index_ = 0;
-    bool busy_ = false;
-    DWORD last_paint_ = 0; // tick count
+    cImageProcessDIB custom_filter_; // only carries the kernel typed in last
+    bool busy_ = false;              // an operation runs
+    DWORD last_paint_ = 0;           // tick count
 };
 
 } // namespace kelvane
