@@ -1,6 +1,7 @@
-// Numbers of every text in the string table, for C++ and for the resource compiler alike (hence
-// macros). A number here names the German text; the English one stands kEnglishOffset higher.
-// Texts are in blocks, one block for each window; a block's free numbers are for its own additions.
+// Numbers of every text in the string table and of every dialog and control, for C++ and for the
+// resource compiler alike (hence macros). A text's number here names the German one; the English
+// one stands kEnglishOffset higher. Texts are in blocks, one block for each window; a block's free
+// numbers are for its own additions.
 #ifndef KELVANE_RES_IDS_H
 #define KELVANE_RES_IDS_H
 
@@ -377,5 +378,65 @@
 #define IDS_LAYER_FIRST                  20000
 #define IDS_LAYER_USERDEFINED            20051
 #define IDS_LAYER_LAST                   20057
+
+// Dialogs and their controls, a block for each form. Controls that show nothing but a caption are
+// numbered like the others: captions come from the string table.
+
+// Export dialog.
+#define IDD_EXPORT                       200
+#define IDC_EXPORT_OPTIONS               1100
+#define IDC_EXPORT_LAYER_LABEL           1101
+#define IDC_EXPORT_LAYER                 1102
+#define IDC_EXPORT_VERSION_LABEL         1103
+#define IDC_EXPORT_VERSION               1104
+#define IDC_EXPORT_SIZE_LABEL            1105
+#define IDC_EXPORT_SIZE                  1106
+#define IDC_EXPORT_UNIT_LABEL            1107
+#define IDC_EXPORT_UNIT                  1108
+#define IDC_EXPORT_TRACING               1109
+#define IDC_EXPORT_FULL                  1110
+#define IDC_EXPORT_LINEWISE              1111
+#define IDC_EXPORT_FULL_POLYGON          1112
+#define IDC_EXPORT_FULL_WIRE             1113
+#define IDC_EXPORT_LINEWISE_POLYGON      1114
+#define IDC_EXPORT_LINEWISE_WIRE         1115
+#define IDC_EXPORT_LINEWISE_RECTANGLE    1116
+#define IDC_EXPORT_PREVIEW_LABEL         1117
+#define IDC_EXPORT_PREVIEW               1118
+#define IDC_EXPORT_HINT                  1119
+
+// Out-of-range warning.
+#define IDD_RANGE                        201
+#define IDC_RANGE_ICON                   1150
+#define IDC_RANGE_TEXT                   1151
+#define IDC_RANGE_DELETE                 1152
+
+// Custom filter editor; 49 cells from IDC_CUSTOM_CELL on, row by row.
+#define IDD_CUSTOM                       202
+#define IDC_CUSTOM_CELL                  1200
+#define IDC_CUSTOM_BASE_LABEL            1250
+#define IDC_CUSTOM_BASE                  1251
+#define IDC_CUSTOM_WEIGHT_LABEL          1252
+#define IDC_CUSTOM_WEIGHT                1253
+#define IDC_CUSTOM_AUTO                  1254
+
+// Black and white reduction dialog; reductions and sliders in one order.
+#define IDD_REDUCE                       203
+#define IDC_REDUCE_TYPE                  1300
+#define IDC_REDUCE_BRIGHTNESS            1301
+#define IDC_REDUCE_COLOURS               1302
+#define IDC_REDUCE_EDGES                 1303
+#define IDC_REDUCE_LIMIT_LABEL           1304
+#define IDC_REDUCE_BRIGHTNESS_LIMIT      1305
+#define IDC_REDUCE_COLOUR_LIMIT          1306
+#define IDC_REDUCE_EDGE_LIMIT            1307
+#define IDC_REDUCE_LIMIT                 1308
+#define IDC_REDUCE_RED                   1309
+#define IDC_REDUCE_GREEN                 1310
+#define IDC_REDUCE_BLUE                  1311
+#define IDC_REDUCE_HINT                  1312
+#define IDC_REDUCE_PREVIEW_LABEL         1313
+#define IDC_REDUCE_OVERVIEW              1314
+#define IDC_REDUCE_DETAIL                1315
 
 #endif
