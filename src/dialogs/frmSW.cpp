@@ -185,7 +185,7 @@ INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
 }
 
 void frmSW::draw(const DRAWITEMSTRUCT& box) const {
-    const double zoom = win::box_zoom(box.hwndItem, kPreviewEdge);
+    const double zoom = win::picture_zoom(window());
     if (box.CtlID == IDC_REDUCE_OVERVIEW) {
         win::draw_picture_box(box, preview_.overview(), zoom);
         draw_frame(box, zoom);
@@ -214,7 +214,7 @@ bool frmSW::pick_detail(LPARAM position) {
     RECT area{};
     GetClientRect(box, &area);
     if (!dragging_ && !PtInRect(&area, place)) return false;
-    const double zoom = win::box_zoom(box, kPreviewEdge);
+    const double zoom = win::picture_zoom(window());
     if (preview_.centre_detail_at(static_cast<int>(place.x / zoom),
                                   static_cast<int>(place.y / zoom)))
         show_preview();

@@ -1,5 +1,7 @@
 #include "win/picture_box.h"
 
+#include "win/gdi.h"
+
 #include <cmath>
 
 namespace kelvane::win {
@@ -43,11 +45,14 @@ void draw_picture_box(const DRAWITEMSTRUCT& box, const cDIBSection& picture, dou
     RestoreDC(box.hDC, saved);
 }
 
-double box_zoom(HWND box, int pixels) {
-    RECT area{};
-    GetClientRect(box, &area);
-    const double zoom = static_cast<double>(area.right) / pixels;
-    return std::abs(zoom - 1) < 0.05 ? 1 : zoom;
+double picture_zoom(HWND window) {
+    constexpr double kOrdinaryDpi = 96;
+    // Windows 10 and later; before, all screens have one resolution.
+    using DpiForWindow = UINT(WINAPI*)(HWND);
+    const auto dpi_for_window = reinterpret_cast<DpiForWindow>(reinterpret_cast<void (*)()>(
+        GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
+    if (dpi_for_window != nullptr) return dpi_for_window(window) / kOrdinaryDpi;
+    return GetDeviceCaps(WindowContext(window).get(), LOGPIXELSX) / kOrdinaryDpi;
 }
 
 } // namespace kelvane::win

@@ -15,8 +15,8 @@ void draw_picture(HDC context, const RECT& target, const cDIBSection& picture);
 /// the dialog's background around it, without flicker.
 void draw_picture_box(const DRAWITEMSTRUCT& box, const cDIBSection& picture, double zoom = 1);
 
-/// The zoom at which `pixels` fill the width of a picture box: 1 on an ordinary screen, more where
-/// dialogs are drawn larger. Dialog units never come out exactly, so what is nearly 1 is 1.
-double box_zoom(HWND box, int pixels);
+/// How much larger than one to one pictures are drawn in a window, so that they grow with its
+/// texts: 1 on an ordinary screen, 2 at 200 %.
+double picture_zoom(HWND window);
 
 } // namespace kelvane::win
