@@ -7,6 +7,9 @@
 
 #define KELVANE_ENGLISH_OFFSET 10000
 
+// The program's icon.
+#define IDI_KELVANE                      100
+
 // Main window: title, followed by the version.
 #define IDS_TITLE                        3900
 
@@ -64,6 +67,8 @@
 #define IDS_MENU_ACQUIRE                 3951
 #define IDS_MENU_HELP_CONTENTS           3952
 #define IDS_MENU_VECTORIZE               3953
+// The key of shortcuts as menus show it.
+#define IDS_KEY_CONTROL                  3954
 
 // Main window: what the shell answers when a file or a page cannot be opened.
 #define IDS_SHELL_OUT_OF_MEMORY          4000
@@ -106,6 +111,8 @@
 #define IDS_ABOUT_SYSTEM_INFO            4204
 #define IDS_ABOUT_OK                     4205
 #define IDS_SPLASH_LOADING               4206
+#define IDS_PRODUCT_NAME                 4207
+#define IDS_PRODUCT_PURPOSE              4208
 
 // Noise dialog.
 #define IDS_NOISE_TITLE                  4300
@@ -114,6 +121,7 @@
 #define IDS_NOISE_PREVIEW                4303
 #define IDS_NOISE_OK                     4304
 #define IDS_NOISE_CANCEL                 4305
+#define IDS_NOISE_INVALID                4306
 
 // Hue dialog.
 #define IDS_HUE_TITLE                    4400
@@ -121,6 +129,7 @@
 #define IDS_HUE_PREVIEW                  4402
 #define IDS_HUE_OK                       4403
 #define IDS_HUE_CANCEL                   4404
+#define IDS_HUE_INVALID                  4405
 
 // Palette dialog.
 #define IDS_PALETTE_TITLE                4410
@@ -131,6 +140,8 @@
 #define IDS_PALETTE_CANCEL               4415
 #define IDS_PALETTE_FILTER               4416
 #define IDS_PALETTE_ERROR                4417
+#define IDS_PALETTE_EMPTY                4418
+#define IDS_PALETTE_SELECT               4419
 
 // Combination dialog.
 #define IDS_COMBINE_TITLE                4500
@@ -146,6 +157,8 @@
 #define IDS_COMBINE_CANCEL               4510
 #define IDS_COMBINE_SELECT_TWO           4511
 #define IDS_COMBINE_NEW_SIZE             4512
+#define IDS_COMBINE_RESAMPLED            4513
+#define IDS_COMBINE_INVALID              4514
 
 // Language dialog; its title and its label name the choice in both languages.
 #define IDS_LANGUAGE_TITLE               4600
@@ -290,6 +303,76 @@
 #define IDS_REDUCE_CANCEL                7411
 #define IDS_REDUCE_NO_COLOUR             7412
 #define IDS_REDUCE_HINT                  7413
+
+// Dialog templates and their controls.
+#define IDD_NEW_SIZE                     204
+#define IDC_SIZE_FRAME                   1400
+#define IDC_SIZE_WIDTH_LABEL             1401
+#define IDC_SIZE_WIDTH                   1402
+#define IDC_SIZE_WIDTH_PIXELS            1403
+#define IDC_SIZE_HEIGHT_LABEL            1404
+#define IDC_SIZE_HEIGHT                  1405
+#define IDC_SIZE_HEIGHT_PIXELS           1406
+#define IDC_SIZE_KEEP_RATIO              1407
+
+#define IDD_NOISE                        205
+#define IDC_NOISE_AMOUNT_LABEL           1420
+#define IDC_NOISE_AMOUNT                 1421
+#define IDC_NOISE_SLIDER                 1422
+#define IDC_NOISE_RANDOM                 1423
+#define IDC_NOISE_PREVIEW_LABEL          1424
+#define IDC_NOISE_PREVIEW                1425
+
+#define IDD_HUE                          206
+#define IDC_HUE_VALUE_LABEL              1440
+#define IDC_HUE_VALUE                    1441
+#define IDC_HUE_SPECTRUM                 1442
+#define IDC_HUE_SLIDER                   1443
+#define IDC_HUE_PREVIEW_LABEL            1444
+#define IDC_HUE_PREVIEW                  1445
+
+#define IDD_PALETTE                      207
+#define IDC_PALETTE_FILE_LABEL           1460
+#define IDC_PALETTE_FILE                 1461
+#define IDC_PALETTE_BROWSE               1462
+#define IDC_PALETTE_COUNT                1463
+#define IDC_PALETTE_COLOURS              1464
+
+#define IDD_COMBINATION                  208
+#define IDC_COMBINE_FIRST_LABEL          1480
+#define IDC_COMBINE_FIRST                1481
+#define IDC_COMBINE_SECOND_LABEL         1482
+#define IDC_COMBINE_SECOND               1483
+#define IDC_COMBINE_MULTIPLIER_LABEL     1484
+#define IDC_COMBINE_OFFSET_LABEL         1485
+#define IDC_COMBINE_MULTIPLIER_1         1486
+#define IDC_COMBINE_OFFSET_1             1487
+#define IDC_COMBINE_MULTIPLIER_2         1488
+#define IDC_COMBINE_OFFSET_2             1489
+#define IDC_COMBINE_FRAME                1490
+#define IDC_COMBINE_ADD                  1491
+#define IDC_COMBINE_LIGHTEST             1492
+#define IDC_COMBINE_DARKEST              1493
+#define IDC_COMBINE_NEW_SIZE             1494
+#define IDC_COMBINE_RESAMPLED            1495
+
+#define IDD_LANGUAGE                     209
+#define IDC_LANGUAGE_LABEL               1500
+#define IDC_LANGUAGE                     1501
+
+#define IDD_SPLASH                       210
+#define IDC_SPLASH_ICON                  1520
+#define IDC_SPLASH_NAME                  1521
+#define IDC_SPLASH_PURPOSE               1522
+#define IDC_SPLASH_VERSION               1523
+#define IDC_SPLASH_LOADING               1524
+
+#define IDD_ABOUT                        211
+#define IDC_ABOUT_ICON                   1540
+#define IDC_ABOUT_NAME                   1541
+#define IDC_ABOUT_VERSION                1542
+#define IDC_ABOUT_TEXT                   1543
+#define IDC_ABOUT_SYSTEM_INFO            1544
 
 // EAGLE's layer names: in one language only, looked up without an offset. The list has no name for
 // layer 50, so from there on the name at a position is that of the next layer; "Userdefined" is

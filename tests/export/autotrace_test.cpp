@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <map>
 #include <numeric>
 #include <random>
@@ -156,14 +157,21 @@ TEST(Autotrace, DrawnPictures) {
 }
 
 TEST(Autotrace, EverySmallPicture) {
-    // All pictures of 4 x 3 pixels, without the column that the lost run needs.
-    for (unsigned pattern = 0; pattern < 1u << 12; ++pattern) {
-        cDIBSection picture = drawn({"......", "......", "......"});
-        for (int i = 0; i < 12; ++i)
-            if (pattern >> i & 1) picture.view().pixel(2 + i % 4, i / 4)[0] = 0;
+    // All patterns of 4 x 3 pixels, 64 of them to a picture, two columns and rows apart so that
+    // none touches another nor stands where a run is lost.
+    constexpr int kSide = 8;
+    for (unsigned first = 0; first < 1u << 12 && !HasFailure(); first += kSide * kSide) {
+        cDIBSection picture;
+        ASSERT_TRUE(picture.Create(2 + kSide * 6, 2 + kSide * 5));
+        std::memset(picture.DIBSectionBitsPtr(), 255,
+                    std::size_t(picture.BytesPerScanLine()) * std::size_t(picture.Height()));
+        for (int cell = 0; cell < kSide * kSide; ++cell)
+            for (int i = 0; i < 12; ++i)
+                if ((first + unsigned(cell)) >> i & 1)
+                    picture.view().pixel(2 + cell % kSide * 6 + i % 4,
+                                         2 + cell / kSide * 5 + i / 4)[0] = 0;
         check_polygons(picture);
         check_wires(picture);
-        if (HasFailure()) break;
     }
 }
 
