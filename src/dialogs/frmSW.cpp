@@ -1,14 +1,13 @@
 #include "dialogs/frmSW.h"
 
 #include "dialogs/controls.h"
+#include "dialogs/slider.h"
 #include "settings/catalogue.h"
 #include "win/picture_box.h"
 
 #include "ids.h"
 
 #include <windowsx.h>
-
-#include <commctrl.h>
 
 namespace kelvane {
 namespace {
@@ -54,10 +53,9 @@ constexpr ChannelBox kChannelBoxes[] = {
 };
 
 void prepare_slider(HWND slider, int position) {
-    SendMessageW(slider, TBM_SETRANGE, FALSE, MAKELPARAM(kLowestLimit, kHighestLimit));
-    SendMessageW(slider, TBM_SETTICFREQ, 32, 0);
-    SendMessageW(slider, TBM_SETPAGESIZE, 0, 16);
-    SendMessageW(slider, TBM_SETPOS, TRUE, position);
+    set_slider_range(slider, kHighestLimit, 1, 16);
+    SendMessageW(slider, TBM_SETRANGEMIN, FALSE, kLowestLimit);
+    set_slider_position(slider, position);
 }
 
 void repaint(HWND control) {
@@ -68,8 +66,7 @@ void repaint(HWND control) {
 
 frmSW::frmSW(const SettingsFile& settings, const cDIBSection& picture)
     : Dialog(IDD_REDUCE), settings_(settings), preview_(picture) {
-    const INITCOMMONCONTROLSEX sliders{sizeof sliders, ICC_BAR_CLASSES};
-    InitCommonControlsEx(&sliders);
+    register_sliders();
 }
 
 void frmSW::load() {
@@ -93,7 +90,7 @@ void frmSW::restore() {
 Reduction frmSW::chosen() const {
     Reduction reduction{
         ReductionKind::Brightness,
-        slider_position(),
+        slider_position(slider()),
         {checked(IDC_REDUCE_RED), checked(IDC_REDUCE_GREEN), checked(IDC_REDUCE_BLUE)}};
     if (checked(IDC_REDUCE_COLOURS)) reduction.kind = ReductionKind::Colours;
     if (checked(IDC_REDUCE_EDGES)) reduction.kind = ReductionKind::Edges;
@@ -103,10 +100,6 @@ Reduction frmSW::chosen() const {
 HWND frmSW::slider() const {
     if (checked(IDC_REDUCE_COLOURS)) return control(IDC_REDUCE_COLOUR_LIMIT);
     return control(checked(IDC_REDUCE_EDGES) ? IDC_REDUCE_EDGE_LIMIT : IDC_REDUCE_BRIGHTNESS_LIMIT);
-}
-
-int frmSW::slider_position() const {
-    return static_cast<int>(SendMessageW(slider(), TBM_GETPOS, 0, 0));
 }
 
 bool frmSW::lacks_channel() const {
@@ -126,7 +119,7 @@ void frmSW::show_kind() {
 }
 
 void frmSW::show_preview() {
-    set_text(IDC_REDUCE_LIMIT, std::to_wstring(slider_position()));
+    set_text(IDC_REDUCE_LIMIT, std::to_wstring(slider_position(slider())));
     // Edges are where colours differ by the limit or more: the sentence on pixels is not theirs.
     if (lacks_channel())
         set_text(IDC_REDUCE_HINT, LoadString(IDS_REDUCE_NO_COLOUR));

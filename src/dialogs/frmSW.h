@@ -34,7 +34,6 @@ class frmSW : public win::Dialog {
     void restore();
     Reduction chosen() const;
     HWND slider() const;
-    int slider_position() const;
     bool lacks_channel() const;
     void show_kind();
     void show_preview();
