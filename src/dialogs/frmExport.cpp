@@ -48,6 +48,7 @@ void frmExport::load() {
     fill_lists();
     show_choices();
     loadPreview();
+    win::fit_picture_box(control(IDC_EXPORT_PREVIEW), kPreviewEdge, kPreviewEdge);
     set_title(LoadString(IDS_EXPORT_TITLE));
     set_captions(window(), kCaptions);
 }

@@ -73,6 +73,8 @@ void frmSW::load() {
     result = 0;
     set_title(LoadString(IDS_REDUCE_TITLE));
     set_captions(window(), kCaptions);
+    for (const int box : {IDC_REDUCE_OVERVIEW, IDC_REDUCE_DETAIL})
+        win::fit_picture_box(control(box), kPreviewEdge, kPreviewEdge);
     restore();
     show_kind();
 }
@@ -159,6 +161,8 @@ INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_DRAWITEM:
         draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
         return TRUE;
+    case WM_SETCURSOR:
+        return show_hand();
     case WM_LBUTTONDOWN:
         dragging_ = pick_detail(l);
         if (dragging_) SetCapture(window());
@@ -196,6 +200,18 @@ void frmSW::draw_frame(const DRAWITEMSTRUCT& box, double zoom) const {
     const RECT frame{zoomed(area.left), zoomed(area.top), zoomed(area.left + area.width),
                      zoomed(area.top + area.height)};
     FrameRect(box.hDC, &frame, GetSysColorBrush(COLOR_HIGHLIGHT));
+}
+
+// Over the overview the pointer says that there is something to move.
+INT_PTR frmSW::show_hand() const {
+    POINT pointer{};
+    RECT area{};
+    GetCursorPos(&pointer);
+    GetWindowRect(control(IDC_REDUCE_OVERVIEW), &area);
+    if (!PtInRect(&area, pointer)) return FALSE;
+    SetCursor(LoadCursorW(nullptr, IDC_HAND));
+    SetWindowLongPtrW(window(), DWLP_MSGRESULT, TRUE);
+    return TRUE;
 }
 
 // Moves the detail to a place in the overview, which `position` gives in the dialog. False for a

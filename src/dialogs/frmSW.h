@@ -39,6 +39,7 @@ class frmSW : public win::Dialog {
     void show_preview();
     void draw(const DRAWITEMSTRUCT& box) const;
     void draw_frame(const DRAWITEMSTRUCT& box, double zoom) const;
+    INT_PTR show_hand() const;
     bool pick_detail(LPARAM position);
 
     const SettingsFile& settings_;

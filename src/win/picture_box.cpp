@@ -18,6 +18,10 @@ BITMAPINFO description(const cDIBSection& picture) {
     return info;
 }
 
+LONG zoomed(int pixels, double zoom) {
+    return static_cast<LONG>(std::lround(pixels * zoom));
+}
+
 } // namespace
 
 void draw_picture(HDC context, const RECT& target, const cDIBSection& picture) {
@@ -34,8 +38,8 @@ void draw_picture(HDC context, const RECT& target, const cDIBSection& picture) {
 
 void draw_picture_box(const DRAWITEMSTRUCT& box, const cDIBSection& picture, double zoom) {
     RECT target = box.rcItem;
-    target.right = target.left + static_cast<LONG>(std::lround(picture.Width() * zoom));
-    target.bottom = target.top + static_cast<LONG>(std::lround(picture.Height() * zoom));
+    target.right = target.left + zoomed(picture.Width(), zoom);
+    target.bottom = target.top + zoomed(picture.Height(), zoom);
     const int saved = SaveDC(box.hDC);
     IntersectClipRect(box.hDC, box.rcItem.left, box.rcItem.top, box.rcItem.right,
                       box.rcItem.bottom);
@@ -53,6 +57,18 @@ double picture_zoom(HWND window) {
         GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
     if (dpi_for_window != nullptr) return dpi_for_window(window) / kOrdinaryDpi;
     return GetDeviceCaps(WindowContext(window).get(), LOGPIXELSX) / kOrdinaryDpi;
+}
+
+void fit_picture_box(HWND box, int width, int height) {
+    const double zoom = picture_zoom(box);
+    RECT outside{};
+    RECT inside{};
+    GetWindowRect(box, &outside);
+    GetClientRect(box, &inside);
+    const LONG frame_width = outside.right - outside.left - inside.right;
+    const LONG frame_height = outside.bottom - outside.top - inside.bottom;
+    SetWindowPos(box, nullptr, 0, 0, zoomed(width, zoom) + frame_width,
+                 zoomed(height, zoom) + frame_height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 } // namespace kelvane::win

@@ -19,4 +19,8 @@ void draw_picture_box(const DRAWITEMSTRUCT& box, const cDIBSection& picture, dou
 /// texts: 1 on an ordinary screen, 2 at 200 %.
 double picture_zoom(HWND window);
 
+/// Makes the inside of a picture box as large as a picture of this size comes out in it; dialog
+/// units never give exactly that.
+void fit_picture_box(HWND box, int width, int height);
+
 } // namespace kelvane::win
