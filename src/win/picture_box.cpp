@@ -29,8 +29,8 @@ void draw_picture(HDC context, const RECT& target, const cDIBSection& picture) {
     const BITMAPINFO info = description(picture);
     const int width = target.right - target.left;
     const int height = target.bottom - target.top;
-    const bool same_size = width == picture.Width() && height == picture.Height();
-    SetStretchBltMode(context, same_size ? COLORONCOLOR : HALFTONE);
+    const bool whole_multiple = width % picture.Width() == 0 && height % picture.Height() == 0;
+    SetStretchBltMode(context, whole_multiple ? COLORONCOLOR : HALFTONE);
     SetBrushOrgEx(context, 0, 0, nullptr);
     StretchDIBits(context, target.left, target.top, width, height, 0, 0, picture.Width(),
                   picture.Height(), picture.DIBSectionBitsPtr(), &info, DIB_RGB_COLORS, SRCCOPY);

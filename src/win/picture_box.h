@@ -7,8 +7,8 @@
 
 namespace kelvane::win {
 
-/// Draws the whole picture over `target`; an empty one draws nothing. Pixels are copied as they
-/// are where the sizes agree and averaged where they do not.
+/// Draws the whole picture over `target`; an empty one draws nothing. Pixels stay
+/// squares of one colour where the size is a whole multiple, and are averaged where it is not.
 void draw_picture(HDC context, const RECT& target, const cDIBSection& picture);
 
 /// Answers WM_DRAWITEM of a picture box: the picture at the top left, `zoom` times its size, and
