@@ -21,6 +21,7 @@ struct Combination {
     Type type = kAdd;
     /// First and second picture; they belong to other documents.
     std::array<const cDIBSection*, 2> sources{};
+    /// Of the result, in pixels.
     int width = 0;
     int height = 0;
     /// For `kAdd`.

@@ -8,7 +8,6 @@
 
 #include "ids.h"
 
-#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -26,17 +25,9 @@ cDIBSection created(int width, int height) {
     return picture;
 }
 
-// As a blit between device contexts does it: upper left corner to upper left corner.
-cDIBSection cut_to(const cDIBSection& source, int width, int height) {
-    cDIBSection result = created(width, height);
-    ConstImageView from = source.view();
-    ImageView to = result.view();
-    const int rows = std::min(from.height, to.height);
-    from.bits = from.row(from.height - rows);
-    to.bits = to.row(to.height - rows);
-    to.width = std::min(from.width, to.width);
-    to.height = rows;
-    copy_pixels(from, to);
+cDIBSection resampled(const cDIBSection& picture, int width, int height) {
+    cDIBSection result = picture.Resample(height, width);
+    if (result.empty()) throw std::bad_alloc();
     return result;
 }
 
@@ -150,10 +141,9 @@ void ImageDocument::ApplyPalette(const std::filesystem::path& palette_file) {
 
 void ImageDocument::Resample(int new_width, int new_height) {
     if (new_width != ImageWidth() || new_height != ImageHeight()) {
-        cDIBSection resampled = m_cDIB.Resample(new_height, new_width);
-        if (resampled.empty()) throw std::bad_alloc();
+        cDIBSection result = resampled(m_cDIB, new_width, new_height);
         take_snapshot();
-        m_cDIB = std::move(resampled);
+        m_cDIB = std::move(result);
         fit_work_buffer();
     }
     m_bDirty = true;
@@ -187,8 +177,8 @@ void ImageDocument::Undo() {
 }
 
 void ImageDocument::Combine(const Combination& combination) {
-    cDIBSection from = cut_to(*combination.sources[0], combination.width, combination.height);
-    cDIBSection to = cut_to(*combination.sources[1], combination.width, combination.height);
+    cDIBSection from = resampled(*combination.sources[0], combination.width, combination.height);
+    cDIBSection to = resampled(*combination.sources[1], combination.width, combination.height);
     switch (combination.type) {
     case Combination::kLightest:
         m_cImage.AddLightest(from, to);

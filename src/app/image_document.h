@@ -87,8 +87,7 @@ class ImageDocument {
     /// an undo copy. The document stays as changed as it was.
     void Undo();
 
-    /// Fills this new document with the combination of two pictures. Smaller ones are completed
-    /// with black, larger ones cut, the upper left corners in one place.
+    /// Fills this new document with the combination of two pictures, both brought to its size.
     void Combine(const Combination& combination);
 
     /// Writes the EAGLE script of a black and white copy of the picture, which stays as it is.

@@ -9,6 +9,7 @@
 
 #include "ids.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kelvane {
@@ -69,6 +70,7 @@ bool frmImage::open(const std::wstring& file, const OpenAs& how) {
             show_new();
         else
             take_name(how.name);
+        fit_window();
         Render();
         main_.SetStatus(LoadString(IDS_IMAGE_OPENED) + document_.Filename() + L".",
                         document_.FileTitle(), size_text());
@@ -81,6 +83,25 @@ bool frmImage::open(const std::wstring& file, const OpenAs& how) {
 void frmImage::show_new() {
     take_name(LoadString(IDS_IMAGE_NAME) + std::to_wstring(main_.NewImageIndex()));
     Render();
+}
+
+// As large as the picture, as far as the main window has room for it.
+void frmImage::fit_window() {
+    if (IsZoomed(window()) || IsIconic(window())) return;
+    RECT frame{0, 0, document_.ImageWidth(), document_.ImageHeight()};
+    const auto style = static_cast<DWORD>(GetWindowLongW(window(), GWL_STYLE));
+    const auto extended = static_cast<DWORD>(GetWindowLongW(window(), GWL_EXSTYLE));
+    AdjustWindowRectEx(&frame, style & ~static_cast<DWORD>(WS_HSCROLL | WS_VSCROLL), FALSE,
+                       extended);
+    const HWND client = GetParent(window());
+    RECT own{}, room{};
+    GetWindowRect(window(), &own);
+    MapWindowPoints(nullptr, client, reinterpret_cast<POINT*>(&own), 2);
+    GetClientRect(client, &room);
+    const LONG width = std::min(frame.right - frame.left, room.right - own.left);
+    const LONG height = std::min(frame.bottom - frame.top, room.bottom - own.top);
+    SetWindowPos(window(), nullptr, 0, 0, width, height,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void frmImage::take_name(const std::wstring& name) {

@@ -59,6 +59,7 @@ class frmImage : public win::Window, private ProgressObserver {
         bool recent;
     };
     bool open(const std::wstring& file, const OpenAs& how);
+    void fit_window();
     void take_name(const std::wstring& name);
 
     void InitProgress(long lMax) override;
