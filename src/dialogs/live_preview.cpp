@@ -27,8 +27,7 @@ void LivePreview::show(HWND box, const std::function<void(cDIBSection&)>& operat
 
 void LivePreview::draw(const DRAWITEMSTRUCT& box) const {
     const int longest = std::max({shown_.Width(), shown_.Height(), 1});
-    win::draw_picture_box(box, shown_,
-                          win::box_zoom(box.hwndItem, kPreviewEdge) * kPreviewEdge / longest);
+    win::draw_picture_box(box, shown_, win::picture_zoom(box.hwndItem) * kPreviewEdge / longest);
 }
 
 } // namespace kelvane
