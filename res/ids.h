@@ -67,6 +67,8 @@
 #define IDS_MENU_ACQUIRE                 3951
 #define IDS_MENU_HELP_CONTENTS           3952
 #define IDS_MENU_VECTORIZE               3953
+// The key of shortcuts as menus show it.
+#define IDS_KEY_CONTROL                  3954
 
 // Main window: what the shell answers when a file or a page cannot be opened.
 #define IDS_SHELL_OUT_OF_MEMORY          4000

@@ -7,7 +7,7 @@ namespace kelvane {
 namespace {
 
 int shorter_side(int shorter, int longer, int edge) {
-    const double side = static_cast<double>(shorter) / longer * edge;
+    const double side = static_cast<double>(shorter) / std::max(1, longer) * edge;
     return std::max(1, static_cast<int>(std::nearbyint(side)));
 }
 

@@ -108,6 +108,12 @@ void type_text(HWND dialog, int field, const std::wstring& text) {
     SetDlgItemTextW(dialog, field, text.c_str()); // an edit control sends EN_CHANGE by itself
 }
 
+void choose_in_list(HWND dialog, int list, int entry) {
+    SendDlgItemMessageW(dialog, list, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
+    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(list, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, list)));
+}
+
 std::wstring text_of(HWND dialog, int control) {
     return win::window_text(GetDlgItem(dialog, control));
 }
