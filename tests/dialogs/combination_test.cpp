@@ -1,5 +1,6 @@
 #include "dialogs/frmCombination.h"
 
+#include "dialogs/shown_colours.h"
 #include "support/pictures.h"
 #include "support/windows/modal_script.h"
 
@@ -12,6 +13,7 @@ namespace {
 
 using test::ModalScript;
 using test::press;
+using test::shown_in;
 using test::text_of;
 using test::type_text;
 
@@ -28,8 +30,8 @@ class CombinationDialog : public testing::Test {
         SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(list, CBN_SELCHANGE), 0);
     }
 
-    cDIBSection small_ = test::black_picture(40, 30);
-    cDIBSection large_ = test::black_picture(640, 480);
+    cDIBSection small_ = test::flat_picture(40, 30, 30, 30, 30);
+    cDIBSection large_ = test::flat_picture(640, 480, 100, 100, 100);
 };
 
 TEST_F(CombinationDialog, WeightedSumReturnsItsNumbers) {
@@ -37,6 +39,8 @@ TEST_F(CombinationDialog, WeightedSumReturnsItsNumbers) {
     script.expect([&](HWND dialog) {
         EXPECT_EQ(text_of(dialog, IDC_COMBINE_NEW_SIZE), L"New Image: 40 x 30 Pixels");
         EXPECT_TRUE(IsWindowVisible(GetDlgItem(dialog, IDC_COMBINE_RESAMPLED)));
+        EXPECT_THAT(shown_in(dialog, IDC_COMBINE_PREVIEW),
+                    testing::ElementsAre(RGB(130, 130, 130)));
         pick(dialog, IDC_COMBINE_FIRST, 2);
         pick(dialog, IDC_COMBINE_SECOND, 0);
         EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, IDC_COMBINE_RESAMPLED)));
@@ -48,6 +52,8 @@ TEST_F(CombinationDialog, WeightedSumReturnsItsNumbers) {
         press(dialog, IDOK);
         EXPECT_TRUE(IsWindowVisible(dialog)) << "half a multiplier was taken";
         type_text(dialog, IDC_COMBINE_MULTIPLIER_2, L"2");
+        EXPECT_THAT(shown_in(dialog, IDC_COMBINE_PREVIEW),
+                    testing::ElementsAre(RGB(215, 215, 215)));
         press(dialog, IDOK);
     });
     frmCombination dialog(sources(3));
@@ -69,6 +75,9 @@ TEST_F(CombinationDialog, SelectionNeedsNoNumbers) {
             type_text(dialog, IDC_COMBINE_OFFSET_2, L"rubbish");
             SendDlgItemMessageW(dialog, IDC_COMBINE_ADD + type - 1, BM_CLICK, 0, 0);
             EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDC_COMBINE_OFFSET_2)));
+            const COLORREF kept = type == 2 ? RGB(30, 30, 30) : RGB(100, 100, 100);
+            EXPECT_THAT(shown_in(dialog, IDC_COMBINE_PREVIEW), testing::ElementsAre(kept))
+                << "lightest keeps the smaller measure";
         });
         frmCombination dialog(sources(2));
         EXPECT_TRUE(dialog.show_modal(nullptr));

@@ -1,6 +1,7 @@
 // The two dialogs with a live preview: hue and noise.
 #include "dialogs/frmHue.h"
 #include "dialogs/frmNoise.h"
+#include "dialogs/shown_colours.h"
 #include "dialogs/slider.h"
 #include "support/pictures.h"
 #include "support/windows/modal_script.h"
@@ -9,28 +10,14 @@
 
 #include <gmock/gmock.h>
 
-#include <set>
-
 namespace kelvane {
 namespace {
 
 using test::ModalScript;
 using test::press;
+using test::shown_in;
 using test::text_of;
 using test::type_text;
-
-// Colours in the middle of a picture box as they are on the screen.
-std::set<COLORREF> shown_in(HWND dialog, int box) {
-    const HWND window = GetDlgItem(dialog, box);
-    UpdateWindow(window);
-    const HDC context = GetDC(window);
-    std::set<COLORREF> colours;
-    for (int x = 40; x < 60; ++x)
-        for (int y = 40; y < 60; ++y)
-            colours.insert(GetPixel(context, x, y));
-    ReleaseDC(window, context);
-    return colours;
-}
 
 // Moves a slider as the mouse does.
 void drag(HWND dialog, int slider, int position) {
