@@ -104,6 +104,7 @@ void frmCombination::load_preview() {
     preview_ = first == nullptr ? LivePreview() : LivePreview(*first);
     second_ =
         second == nullptr ? cDIBSection() : second->Resample(preview_.height(), preview_.width());
+    preview_.fit(control(IDC_COMBINE_PREVIEW));
     show_preview();
 }
 

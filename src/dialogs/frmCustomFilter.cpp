@@ -91,6 +91,7 @@ void frmCustomFilter::show_start() {
 
 void frmCustomFilter::show_grid(const KernelGrid& grid) {
     for (int cell = 0; cell < KernelGrid::kCells; ++cell) {
+        grid_.set_value(cell, grid.value(cell));
         grey_[static_cast<std::size_t>(cell)] = grid.value(cell) == 0;
         set_text(IDC_CUSTOM_CELL + cell, std::to_wstring(grid.value(cell)));
     }
@@ -106,6 +107,7 @@ void frmCustomFilter::on_command(int id, int notification) {
 void frmCustomFilter::cell_changed(int cell) {
     const auto value = whole_number(text(IDC_CUSTOM_CELL + cell), KernelGrid::kLargestValue);
     const auto place = static_cast<std::size_t>(cell);
+    grid_.set_value(cell, value.value_or(0));
     if (value && grey_[place] != (*value == 0)) {
         grey_[place] = *value == 0;
         InvalidateRect(control(IDC_CUSTOM_CELL + cell), nullptr, TRUE);
@@ -125,27 +127,17 @@ void frmCustomFilter::base_chosen() {
 }
 
 void frmCustomFilter::calculate_weight() const {
-    set_text(IDC_CUSTOM_WEIGHT, std::to_wstring(read_grid().sum()));
-}
-
-KernelGrid frmCustomFilter::read_grid() const {
-    KernelGrid grid;
-    for (int cell = 0; cell < KernelGrid::kCells; ++cell) {
-        const std::wstring typed = text(IDC_CUSTOM_CELL + cell);
-        grid.set_value(cell, whole_number(typed, KernelGrid::kLargestValue).value_or(0));
-    }
-    return grid;
+    set_text(IDC_CUSTOM_WEIGHT, std::to_wstring(grid_.sum()));
 }
 
 bool frmCustomFilter::confirm() {
-    const KernelGrid grid = read_grid();
     const int weight = whole_number(text(IDC_CUSTOM_WEIGHT), kLargestWeight).value_or(0);
-    const auto radius = grid.radius();
+    const auto radius = grid_.radius();
     if (!radius) return refuse(IDS_CUSTOM_BLACK, IDC_CUSTOM_CELL + KernelGrid::kCentre);
     if (*radius == 0) return refuse(IDS_CUSTOM_TOO_SMALL, IDC_CUSTOM_CELL + KernelGrid::kCentre);
     // The engine runs no filter that divides by 0, so the picture would silently stay as it is.
     if (weight == 0) return refuse(IDS_CUSTOM_BLACK, IDC_CUSTOM_WEIGHT);
-    hand_over(grid.kernel(weight));
+    hand_over(grid_.kernel(weight));
     Cancelled = false;
     return true;
 }

@@ -32,11 +32,12 @@ class frmCustomFilter : public win::Dialog {
     void cell_changed(int cell);
     void base_chosen();
     void calculate_weight() const;
-    KernelGrid read_grid() const;
     bool refuse(int text, int field) const;
     void hand_over(const FilterKernel& kernel);
     INT_PTR cell_brush(HDC context, int cell) const;
 
+    /// What the cells hold; text that is no number counts as 0.
+    KernelGrid grid_;
     /// Cells shown as having no part in the filter.
     std::bitset<KernelGrid::kCells> grey_;
 };

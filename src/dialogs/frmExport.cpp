@@ -48,6 +48,7 @@ void frmExport::load() {
     fill_lists();
     show_choices();
     loadPreview();
+    win::fit_picture_box(control(IDC_EXPORT_PREVIEW), kPreviewEdge, kPreviewEdge);
     set_title(LoadString(IDS_EXPORT_TITLE));
     set_captions(window(), kCaptions);
 }
@@ -106,7 +107,7 @@ void frmExport::loadPreview() {
 INT_PTR frmExport::on_message(UINT message, WPARAM w, LPARAM l) {
     if (message != WM_DRAWITEM || w != IDC_EXPORT_PREVIEW) return FALSE;
     win::draw_picture_box(*reinterpret_cast<const DRAWITEMSTRUCT*>(l), preview_,
-                          win::box_zoom(control(IDC_EXPORT_PREVIEW), kPreviewEdge));
+                          win::picture_zoom(window()));
     return TRUE;
 }
 

@@ -1,14 +1,13 @@
 #include "dialogs/frmSW.h"
 
 #include "dialogs/controls.h"
+#include "dialogs/slider.h"
 #include "settings/catalogue.h"
 #include "win/picture_box.h"
 
 #include "ids.h"
 
 #include <windowsx.h>
-
-#include <commctrl.h>
 
 namespace kelvane {
 namespace {
@@ -54,10 +53,9 @@ constexpr ChannelBox kChannelBoxes[] = {
 };
 
 void prepare_slider(HWND slider, int position) {
-    SendMessageW(slider, TBM_SETRANGE, FALSE, MAKELPARAM(kLowestLimit, kHighestLimit));
-    SendMessageW(slider, TBM_SETTICFREQ, 32, 0);
-    SendMessageW(slider, TBM_SETPAGESIZE, 0, 16);
-    SendMessageW(slider, TBM_SETPOS, TRUE, position);
+    set_slider_range(slider, kHighestLimit, 1, 16);
+    SendMessageW(slider, TBM_SETRANGEMIN, FALSE, kLowestLimit);
+    set_slider_position(slider, position);
 }
 
 void repaint(HWND control) {
@@ -68,14 +66,15 @@ void repaint(HWND control) {
 
 frmSW::frmSW(const SettingsFile& settings, const cDIBSection& picture)
     : Dialog(IDD_REDUCE), settings_(settings), preview_(picture) {
-    const INITCOMMONCONTROLSEX sliders{sizeof sliders, ICC_BAR_CLASSES};
-    InitCommonControlsEx(&sliders);
+    register_sliders();
 }
 
 void frmSW::load() {
     result = 0;
     set_title(LoadString(IDS_REDUCE_TITLE));
     set_captions(window(), kCaptions);
+    for (const int box : {IDC_REDUCE_OVERVIEW, IDC_REDUCE_DETAIL})
+        win::fit_picture_box(control(box), kPreviewEdge, kPreviewEdge);
     restore();
     show_kind();
 }
@@ -93,7 +92,7 @@ void frmSW::restore() {
 Reduction frmSW::chosen() const {
     Reduction reduction{
         ReductionKind::Brightness,
-        slider_position(),
+        slider_position(slider()),
         {checked(IDC_REDUCE_RED), checked(IDC_REDUCE_GREEN), checked(IDC_REDUCE_BLUE)}};
     if (checked(IDC_REDUCE_COLOURS)) reduction.kind = ReductionKind::Colours;
     if (checked(IDC_REDUCE_EDGES)) reduction.kind = ReductionKind::Edges;
@@ -103,10 +102,6 @@ Reduction frmSW::chosen() const {
 HWND frmSW::slider() const {
     if (checked(IDC_REDUCE_COLOURS)) return control(IDC_REDUCE_COLOUR_LIMIT);
     return control(checked(IDC_REDUCE_EDGES) ? IDC_REDUCE_EDGE_LIMIT : IDC_REDUCE_BRIGHTNESS_LIMIT);
-}
-
-int frmSW::slider_position() const {
-    return static_cast<int>(SendMessageW(slider(), TBM_GETPOS, 0, 0));
 }
 
 bool frmSW::lacks_channel() const {
@@ -126,7 +121,7 @@ void frmSW::show_kind() {
 }
 
 void frmSW::show_preview() {
-    set_text(IDC_REDUCE_LIMIT, std::to_wstring(slider_position()));
+    set_text(IDC_REDUCE_LIMIT, std::to_wstring(slider_position(slider())));
     // Edges are where colours differ by the limit or more: the sentence on pixels is not theirs.
     if (lacks_channel())
         set_text(IDC_REDUCE_HINT, LoadString(IDS_REDUCE_NO_COLOUR));
@@ -166,6 +161,8 @@ INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_DRAWITEM:
         draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
         return TRUE;
+    case WM_SETCURSOR:
+        return show_hand();
     case WM_LBUTTONDOWN:
         dragging_ = pick_detail(l);
         if (dragging_) SetCapture(window());
@@ -185,7 +182,7 @@ INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
 }
 
 void frmSW::draw(const DRAWITEMSTRUCT& box) const {
-    const double zoom = win::box_zoom(box.hwndItem, kPreviewEdge);
+    const double zoom = win::picture_zoom(window());
     if (box.CtlID == IDC_REDUCE_OVERVIEW) {
         win::draw_picture_box(box, preview_.overview(), zoom);
         draw_frame(box, zoom);
@@ -205,6 +202,18 @@ void frmSW::draw_frame(const DRAWITEMSTRUCT& box, double zoom) const {
     FrameRect(box.hDC, &frame, GetSysColorBrush(COLOR_HIGHLIGHT));
 }
 
+// Over the overview the pointer says that there is something to move.
+INT_PTR frmSW::show_hand() const {
+    POINT pointer{};
+    RECT area{};
+    GetCursorPos(&pointer);
+    GetWindowRect(control(IDC_REDUCE_OVERVIEW), &area);
+    if (!PtInRect(&area, pointer)) return FALSE;
+    SetCursor(LoadCursorW(nullptr, IDC_HAND));
+    SetWindowLongPtrW(window(), DWLP_MSGRESULT, TRUE);
+    return TRUE;
+}
+
 // Moves the detail to a place in the overview, which `position` gives in the dialog. False for a
 // place outside; a frame that is being dragged follows the pointer along the border.
 bool frmSW::pick_detail(LPARAM position) {
@@ -214,7 +223,7 @@ bool frmSW::pick_detail(LPARAM position) {
     RECT area{};
     GetClientRect(box, &area);
     if (!dragging_ && !PtInRect(&area, place)) return false;
-    const double zoom = win::box_zoom(box, kPreviewEdge);
+    const double zoom = win::picture_zoom(window());
     if (preview_.centre_detail_at(static_cast<int>(place.x / zoom),
                                   static_cast<int>(place.y / zoom)))
         show_preview();

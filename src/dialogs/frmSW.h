@@ -34,12 +34,12 @@ class frmSW : public win::Dialog {
     void restore();
     Reduction chosen() const;
     HWND slider() const;
-    int slider_position() const;
     bool lacks_channel() const;
     void show_kind();
     void show_preview();
     void draw(const DRAWITEMSTRUCT& box) const;
     void draw_frame(const DRAWITEMSTRUCT& box, double zoom) const;
+    INT_PTR show_hand() const;
     bool pick_detail(LPARAM position);
 
     const SettingsFile& settings_;

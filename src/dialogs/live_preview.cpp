@@ -18,6 +18,12 @@ cDIBSection reduced(const cDIBSection& picture) {
 
 LivePreview::LivePreview(const cDIBSection& picture) : unchanged_(reduced(picture)) {}
 
+void LivePreview::fit(HWND box) const {
+    const PreviewSize size =
+        width() == 0 ? PreviewSize{kPreviewEdge, kPreviewEdge} : preview_size(width(), height());
+    win::fit_picture_box(box, size.width, size.height);
+}
+
 void LivePreview::show(HWND box, const std::function<void(cDIBSection&)>& operation) {
     shown_ = unchanged_.Copy();
     operation(shown_);
@@ -27,8 +33,7 @@ void LivePreview::show(HWND box, const std::function<void(cDIBSection&)>& operat
 
 void LivePreview::draw(const DRAWITEMSTRUCT& box) const {
     const int longest = std::max({shown_.Width(), shown_.Height(), 1});
-    win::draw_picture_box(box, shown_,
-                          win::box_zoom(box.hwndItem, kPreviewEdge) * kPreviewEdge / longest);
+    win::draw_picture_box(box, shown_, win::picture_zoom(box.hwndItem) * kPreviewEdge / longest);
 }
 
 } // namespace kelvane

@@ -16,6 +16,8 @@ class LivePreview {
     LivePreview() = default; // of no picture
     explicit LivePreview(const cDIBSection& picture);
 
+    /// Makes `box`, a picture box for `kPreviewEdge` pixels each way, as small as what it shows.
+    void fit(HWND box) const;
     /// Applies an operation to the unchanged preview and has `box`, a picture box, drawn anew.
     void show(HWND box, const std::function<void(cDIBSection&)>& operation);
     /// Answers WM_DRAWITEM of the box. Small pictures are enlarged, pixel by pixel.

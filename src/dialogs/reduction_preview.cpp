@@ -4,6 +4,7 @@
 #include "image/resample.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 namespace kelvane {
@@ -17,6 +18,14 @@ void shrink(ConstImageView from, ImageView to) {
         shrink_by_average(from, to);
     else
         resample_bilinear(from, to);
+}
+
+// Darkness becomes its square root: lines of single pixels, all that edges are made of, would be
+// too pale to see.
+void strengthen_lines(ImageView view) {
+    for (int y = 0; y < view.height; ++y)
+        for (std::uint8_t* byte = view.row(y); byte < view.row(y) + 3 * view.width; ++byte)
+            *byte = static_cast<std::uint8_t>(255 - std::lround(std::sqrt((255 - *byte) * 255.0)));
 }
 
 void copy_area(const cDIBSection& from, int left, int bottom, cDIBSection& to, int to_left,
@@ -77,6 +86,7 @@ void ReductionPreview::update_overview(const Reduction& reduction) {
     reduced.bits += reduced.row_step * spare_rows_;
     reduced.height -= spare_rows_;
     shrink(reduced, overview_.view());
+    if (reduction.kind == ReductionKind::Edges) strengthen_lines(overview_.view());
 }
 
 // The pixels to the left and below come along, because the reduction to edges looks to the left

@@ -3,7 +3,8 @@
 // Reducing a whole scan takes too long for that, and a reduced small copy would lie: edges are
 // steps between neighbouring pixels, and a small copy has other neighbours. So there are two
 // views, both made from pixels that were reduced as they are: an overview of some of the picture's
-// rows, shrunk after the reduction, and a detail at one pixel to one pixel.
+// rows, shrunk after the reduction (edges are drawn stronger, or they would vanish), and a detail
+// at one pixel to one pixel.
 #pragma once
 
 #include "dialogs/preview_size.h"

@@ -1,5 +1,7 @@
 #include "win/picture_box.h"
 
+#include "win/gdi.h"
+
 #include <cmath>
 
 namespace kelvane::win {
@@ -16,6 +18,10 @@ BITMAPINFO description(const cDIBSection& picture) {
     return info;
 }
 
+LONG zoomed(int pixels, double zoom) {
+    return static_cast<LONG>(std::lround(pixels * zoom));
+}
+
 } // namespace
 
 void draw_picture(HDC context, const RECT& target, const cDIBSection& picture) {
@@ -23,8 +29,8 @@ void draw_picture(HDC context, const RECT& target, const cDIBSection& picture) {
     const BITMAPINFO info = description(picture);
     const int width = target.right - target.left;
     const int height = target.bottom - target.top;
-    const bool same_size = width == picture.Width() && height == picture.Height();
-    SetStretchBltMode(context, same_size ? COLORONCOLOR : HALFTONE);
+    const bool whole_multiple = width % picture.Width() == 0 && height % picture.Height() == 0;
+    SetStretchBltMode(context, whole_multiple ? COLORONCOLOR : HALFTONE);
     SetBrushOrgEx(context, 0, 0, nullptr);
     StretchDIBits(context, target.left, target.top, width, height, 0, 0, picture.Width(),
                   picture.Height(), picture.DIBSectionBitsPtr(), &info, DIB_RGB_COLORS, SRCCOPY);
@@ -32,8 +38,8 @@ void draw_picture(HDC context, const RECT& target, const cDIBSection& picture) {
 
 void draw_picture_box(const DRAWITEMSTRUCT& box, const cDIBSection& picture, double zoom) {
     RECT target = box.rcItem;
-    target.right = target.left + static_cast<LONG>(std::lround(picture.Width() * zoom));
-    target.bottom = target.top + static_cast<LONG>(std::lround(picture.Height() * zoom));
+    target.right = target.left + zoomed(picture.Width(), zoom);
+    target.bottom = target.top + zoomed(picture.Height(), zoom);
     const int saved = SaveDC(box.hDC);
     IntersectClipRect(box.hDC, box.rcItem.left, box.rcItem.top, box.rcItem.right,
                       box.rcItem.bottom);
@@ -43,11 +49,26 @@ void draw_picture_box(const DRAWITEMSTRUCT& box, const cDIBSection& picture, dou
     RestoreDC(box.hDC, saved);
 }
 
-double box_zoom(HWND box, int pixels) {
-    RECT area{};
-    GetClientRect(box, &area);
-    const double zoom = static_cast<double>(area.right) / pixels;
-    return std::abs(zoom - 1) < 0.05 ? 1 : zoom;
+double picture_zoom(HWND window) {
+    constexpr double kOrdinaryDpi = 96;
+    // Windows 10 and later; before, all screens have one resolution.
+    using DpiForWindow = UINT(WINAPI*)(HWND);
+    const auto dpi_for_window = reinterpret_cast<DpiForWindow>(reinterpret_cast<void (*)()>(
+        GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
+    if (dpi_for_window != nullptr) return dpi_for_window(window) / kOrdinaryDpi;
+    return GetDeviceCaps(WindowContext(window).get(), LOGPIXELSX) / kOrdinaryDpi;
+}
+
+void fit_picture_box(HWND box, int width, int height) {
+    const double zoom = picture_zoom(box);
+    RECT outside{};
+    RECT inside{};
+    GetWindowRect(box, &outside);
+    GetClientRect(box, &inside);
+    const LONG frame_width = outside.right - outside.left - inside.right;
+    const LONG frame_height = outside.bottom - outside.top - inside.bottom;
+    SetWindowPos(box, nullptr, 0, 0, zoomed(width, zoom) + frame_width,
+                 zoomed(height, zoom) + frame_height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 } // namespace kelvane::win

@@ -7,16 +7,20 @@
 
 namespace kelvane::win {
 
-/// Draws the whole picture over `target`; an empty one draws nothing. Pixels are copied as they
-/// are where the sizes agree and averaged where they do not.
+/// Draws the whole picture over `target`; an empty one draws nothing. Pixels stay
+/// squares of one colour where the size is a whole multiple, and are averaged where it is not.
 void draw_picture(HDC context, const RECT& target, const cDIBSection& picture);
 
 /// Answers WM_DRAWITEM of a picture box: the picture at the top left, `zoom` times its size, and
 /// the dialog's background around it, without flicker.
 void draw_picture_box(const DRAWITEMSTRUCT& box, const cDIBSection& picture, double zoom = 1);
 
-/// The zoom at which `pixels` fill the width of a picture box: 1 on an ordinary screen, more where
-/// dialogs are drawn larger. Dialog units never come out exactly, so what is nearly 1 is 1.
-double box_zoom(HWND box, int pixels);
+/// How much larger than one to one pictures are drawn in a window, so that they grow with its
+/// texts: 1 on an ordinary screen, 2 at 200 %.
+double picture_zoom(HWND window);
+
+/// Makes the inside of a picture box as large as a picture of this size comes out in it; dialog
+/// units never give exactly that.
+void fit_picture_box(HWND box, int width, int height);
 
 } // namespace kelvane::win

@@ -66,6 +66,7 @@ void expect_inside(HWND dialog, HWND control) {
 } // namespace
 
 void expect_captions_fit(HWND dialog) {
+    ASSERT_TRUE(IsWindowVisible(dialog));
     EXPECT_FALSE(win::window_text(dialog).empty()) << "no title";
     for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
          control = GetWindow(control, GW_HWNDNEXT)) {
