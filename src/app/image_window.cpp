@@ -69,11 +69,8 @@ bool frmImage::open(const std::wstring& file, const OpenAs& how) {
         if (how.name.empty())
             show_new();
         else
-            take_name(how.name);
-        fit_window();
-        Render();
-        main_.SetStatus(LoadString(IDS_IMAGE_OPENED) + document_.Filename() + L".",
-                        document_.FileTitle(), size_text());
+            show_as(how.name);
+        main_.SetStatus(LoadString(IDS_IMAGE_OPENED) + document_.Filename() + L".", L"#", L"#");
         if (how.recent) main_.AddMRUFile(file, false);
     }
     main_.SetStatus(L"", L"#", L"#");
@@ -81,8 +78,15 @@ bool frmImage::open(const std::wstring& file, const OpenAs& how) {
 }
 
 void frmImage::show_new() {
-    take_name(LoadString(IDS_IMAGE_NAME) + std::to_wstring(main_.NewImageIndex()));
+    show_as(LoadString(IDS_IMAGE_NAME) + std::to_wstring(main_.NewImageIndex()));
+}
+
+void frmImage::show_as(const std::wstring& name) {
+    document_.Filename(name);
+    loadLanguage();
+    fit_window();
     Render();
+    main_.form_activated(*this); // the name is new
 }
 
 // As large as the picture, as far as the main window has room for it.
@@ -102,11 +106,6 @@ void frmImage::fit_window() {
     const LONG height = std::min(frame.bottom - frame.top, room.bottom - own.top);
     SetWindowPos(window(), nullptr, 0, 0, width, height,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void frmImage::take_name(const std::wstring& name) {
-    document_.Filename(name);
-    loadLanguage();
 }
 
 void frmImage::loadLanguage() {

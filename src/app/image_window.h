@@ -60,7 +60,7 @@ class frmImage : public win::Window, private ProgressObserver {
     };
     bool open(const std::wstring& file, const OpenAs& how);
     void fit_window();
-    void take_name(const std::wstring& name);
+    void show_as(const std::wstring& name);
 
     void InitProgress(long lMax) override;
     void Progress(long lPosition) override;

@@ -20,7 +20,12 @@ namespace kelvane::test {
 
 class AppTest : public testing::Test {
   protected:
-    AppTest() { ShowWindow(main.window(), SW_SHOWNORMAL); }
+    AppTest() {
+        // The window of the test before has told this thread to end.
+        MSG message;
+        PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+        ShowWindow(main.window(), SW_SHOWNORMAL);
+    }
 
     /// The path of a bitmap file with this picture in the test's folder.
     std::wstring saved(const cDIBSection& picture, const std::wstring& name = L"picture.bmp") {
