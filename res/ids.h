@@ -159,6 +159,7 @@
 #define IDS_COMBINE_NEW_SIZE             4512
 #define IDS_COMBINE_RESAMPLED            4513
 #define IDS_COMBINE_INVALID              4514
+#define IDS_COMBINE_PREVIEW              4515
 
 // Language dialog; its title and its label name the choice in both languages.
 #define IDS_LANGUAGE_TITLE               4600
@@ -355,6 +356,8 @@
 #define IDC_COMBINE_DARKEST              1493
 #define IDC_COMBINE_NEW_SIZE             1494
 #define IDC_COMBINE_RESAMPLED            1495
+#define IDC_COMBINE_PREVIEW_LABEL        1496
+#define IDC_COMBINE_PREVIEW              1497
 
 #define IDD_LANGUAGE                     209
 #define IDC_LANGUAGE_LABEL               1500

@@ -1,6 +1,8 @@
 // frmCombination: which two pictures are combined, and how.
 #pragma once
 
+#include "dialogs/live_preview.h"
+#include "engine/image_process.h"
 #include "image/dib_section.h"
 #include "win/dialog.h"
 
@@ -16,7 +18,8 @@ struct CombinationSource {
     const cDIBSection* picture;
 };
 
-/// The new picture has the size of the first one; the caller resamples the second to it.
+/// The new picture has the size of the first one; the caller resamples the second to it. A live
+/// preview shows what comes of the two.
 class frmCombination : public win::Dialog {
   public:
     /// The first two sources are offered to start with.
@@ -42,15 +45,23 @@ class frmCombination : public win::Dialog {
     void load() override;
     bool confirm() override;
     void on_command(int control, int notification) override;
+    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
 
   private:
     void fill_lists();
-    void show_size();
-    int chosen(int list) const;
+    const cDIBSection* chosen_picture(int list) const;
     int chosen_type() const;
-    bool read_numbers();
+    void show_size();
+    void show_type();
+    void load_preview();
+    void show_preview();
+    void combine(cDIBSection& first);
+    int read_numbers();
 
     std::vector<CombinationSource> sources_;
+    LivePreview preview_; // of the first picture
+    cDIBSection second_;  // the second one at the preview's size
+    cImageProcessDIB engine_;
 };
 
 } // namespace kelvane

@@ -13,14 +13,16 @@ namespace kelvane {
 /// as fluently as small ones.
 class LivePreview {
   public:
+    LivePreview() = default; // of no picture
     explicit LivePreview(const cDIBSection& picture);
 
     /// Applies an operation to the unchanged preview and has `box`, a picture box, drawn anew.
     void show(HWND box, const std::function<void(cDIBSection&)>& operation);
     /// Answers WM_DRAWITEM of the box. Small pictures are enlarged, pixel by pixel.
     void draw(const DRAWITEMSTRUCT& box) const;
-    /// What is shown.
-    const cDIBSection& picture() const { return shown_; }
+    /// Size at which the operation works, in pixels.
+    int width() const { return unchanged_.Width(); }
+    int height() const { return unchanged_.Height(); }
 
   private:
     cDIBSection unchanged_;

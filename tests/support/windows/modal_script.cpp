@@ -87,6 +87,7 @@ LRESULT CALLBACK ModalScript::procedure(HWND window, UINT message, WPARAM w, LPA
 
 void ModalScript::answer(HWND dialog) {
     if (!IsWindow(dialog)) return;
+    ShowWindow(dialog, SW_SHOW); // the system puts that off until there are no messages left
     titles_.push_back(win::window_text(dialog));
     if (steps_.empty()) {
         ADD_FAILURE() << "unexpected dialog";
