@@ -2,6 +2,7 @@
 
 #include "dialogs/shown_dialog.h"
 #include "settings/scratch_folder.h"
+#include "settings/string_table.h"
 
 #include "ids.h"
 

@@ -2,16 +2,22 @@
 // screenshots, where people look at it.
 #include "dialogs/frmAbout.h"
 #include "dialogs/frmCombination.h"
+#include "dialogs/frmCustomFilter.h"
+#include "dialogs/frmExport.h"
 #include "dialogs/frmHue.h"
 #include "dialogs/frmLanguage.h"
+#include "dialogs/frmMsg3.h"
 #include "dialogs/frmNewSize.h"
 #include "dialogs/frmNoise.h"
 #include "dialogs/frmPalette.h"
+#include "dialogs/frmSW.h"
 #include "dialogs/frmSplash.h"
 #include "dialogs/shown_dialog.h"
 #include "image/bitmap_file.h"
 #include "settings/scratch_folder.h"
+#include "settings/string_table.h"
 #include "support/pictures.h"
+#include "support/windows/layout_check.h"
 
 namespace kelvane {
 namespace {
@@ -46,6 +52,9 @@ cDIBSection colourful_picture(int width, int height) {
 
 class DialogLooks : public testing::TestWithParam<int> {
   protected:
+    DialogLooks() { set_language_offset(GetParam()); }
+    ~DialogLooks() override { set_language_offset(kEnglishOffset); }
+
     static void look_at(HWND dialog, const std::string& name) {
         test::expect_captions_fit(dialog);
         save_screenshot(dialog, name + (GetParam() == kGermanOffset ? "-de" : "-en"));
@@ -55,7 +64,6 @@ class DialogLooks : public testing::TestWithParam<int> {
             dialog, [&](HWND window) { look_at(window, name); }, IDCANCEL);
     }
 
-    const test::InLanguage language_{GetParam()};
     const ScratchFolder scratch_;
     const SettingsFile settings_ = scratch_.settings();
     const cDIBSection picture_ = colourful_picture(320, 240);
@@ -69,6 +77,17 @@ TEST_P(DialogLooks, CaptionsFit) {
     show(noise, "noise");
     frmCombination combination({{L"C:\\Pictures\\logo.png", &picture_}, {L"Image 2", &other_}});
     show(combination, "combination");
+    frmSW reduction(settings_, picture_);
+    show(reduction, "reduction");
+    frmExport exporting(settings_, picture_);
+    show(exporting, "export");
+    frmMsg3 warning;
+    show(warning, "out_of_range");
+    cImageProcessDIB engine;
+    engine.set_FilterType(kSharpen);
+    engine.set_FilterType(kCustom);
+    frmCustomFilter filter(engine);
+    show(filter, "custom_filter");
     frmPalette palette(settings_);
     palette.FileName = scratch_.path() / L"web.pal";
     std::ofstream colours(palette.FileName);
