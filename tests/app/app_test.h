@@ -5,6 +5,7 @@
 #include "app/image_window.h"
 #include "app/main_window.h"
 #include "image/bitmap_file.h"
+#include "settings/folders.h"
 #include "settings/string_table.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"
@@ -13,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 
@@ -53,6 +55,14 @@ class AppTest : public testing::Test {
     std::wstring status(int field) const { return main.status_bar().text(field); }
     static std::wstring caption(const frmImage& form) { return win::window_text(form.window()); }
     static const cDIBSection& picture_of(const frmImage& form) { return form.document().picture(); }
+
+    /// How many of the program's temporary files there are.
+    static long long temporary_files() {
+        const std::filesystem::directory_iterator all(TempDir());
+        return std::count_if(begin(all), end(all), [](const auto& entry) {
+            return entry.path().filename().wstring().starts_with(L"VBI");
+        });
+    }
 
     TemporaryFolder folder;
     mfrmMain main{SettingsFile(folder / "kelvane.ini")};

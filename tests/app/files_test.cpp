@@ -3,7 +3,6 @@
 #include "menu_path.h"
 
 #include "image/picture_reader.h"
-#include "settings/folders.h"
 #include "win/unique_handle.h"
 
 #include "ids.h"
@@ -21,12 +20,6 @@ using testing::StartsWith;
 
 class Files : public AppTest {
   protected:
-    std::size_t temporary_files() const {
-        std::size_t count = 0;
-        for (const auto& entry : std::filesystem::directory_iterator(TempDir()))
-            count += entry.path().filename().wstring().starts_with(L"VBI");
-        return count;
-    }
     void put_on_clipboard(UINT format, const std::vector<std::uint8_t>& bytes) {
         const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
         std::memcpy(GlobalLock(block), bytes.data(), bytes.size());
@@ -140,7 +133,7 @@ TEST_F(Files, RecentFilesOpenFromTheMenu) {
 TEST_F(Files, CopiedPicturePastesWithoutLoss) {
     const cDIBSection picture = random_picture(33, 9, 5);
     frmImage& form = opened(picture);
-    const std::size_t files = temporary_files();
+    const auto files = temporary_files();
     choose(kCmdCopy);
     EXPECT_TRUE(IsClipboardFormatAvailable(CF_BITMAP) && IsClipboardFormatAvailable(CF_DIB));
     EXPECT_FALSE(form.document().Dirty());
@@ -182,7 +175,7 @@ TEST_F(Files, ForeignBitmapsPaste) {
 }
 
 TEST_F(Files, ClipboardWithoutPictureSaysSo) {
-    const std::size_t files = temporary_files();
+    const auto files = temporary_files();
     put_on_clipboard(CF_TEXT, {'x', 0});
     script.expect_message(IDOK);
     choose(kCmdPaste);

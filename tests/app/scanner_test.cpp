@@ -21,12 +21,6 @@ class Scanning : public AppTest {
         copy_file(std::filesystem::path(program_folder()) / "scanner" / "EZTW32.DLL", library_,
                   std::filesystem::copy_options::overwrite_existing);
     }
-    static std::size_t temporary_files() {
-        const std::filesystem::directory_iterator all(TempDir());
-        return static_cast<std::size_t>(std::count_if(begin(all), end(all), [](const auto& entry) {
-            return entry.path().filename().wstring().starts_with(L"VBI");
-        }));
-    }
 
   private:
     std::filesystem::path library_;
@@ -47,7 +41,7 @@ TEST_F(Scanning, ScannedPictureIsANewDocument) {
     install_library();
     const cDIBSection picture = random_picture(17, 13, 2);
     SetEnvironmentVariableW(L"KELVANE_SCAN", saved(picture).c_str());
-    const std::size_t files = temporary_files();
+    const auto files = temporary_files();
     choose(kCmdSelectSource);
     wchar_t owner[8] = L"";
     GetEnvironmentVariableW(L"KELVANE_SCAN_OWNER", owner, std::size(owner));
@@ -61,7 +55,7 @@ TEST_F(Scanning, ScannedPictureIsANewDocument) {
 
 TEST_F(Scanning, CancelledOrFailedScanLeavesNothing) {
     install_library();
-    const std::size_t files = temporary_files();
+    const auto files = temporary_files();
     SetEnvironmentVariableW(L"KELVANE_SCAN", L"cancel");
     choose(kCmdAcquire); // no message
     SetEnvironmentVariableW(L"KELVANE_SCAN", L"fail");
