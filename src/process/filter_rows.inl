@@ -1,11 +1,13 @@
 // The text of the inner loops, compiled once per processor level: everything has internal linkage
 // and nothing comes from the standard library, so that the linker never hands one level's code to
-// another. The file that includes this one provides `PairLanes`, the level's vector of sums.
+// another. The file that includes this one provides `PairLanes`, the level's vector of sums, and
+// `kFew`, its entry of that name.
 //
 // Most loops are plain and left to the compiler's vectorizer; the arithmetic is chosen to fit the
 // narrowest lanes that hold it.
 
 #include "process/filter_rows.h"
+#include "process/reciprocal.inl"
 
 namespace kelvane {
 namespace {
@@ -14,25 +16,6 @@ using Byte = std::uint8_t;
 
 Byte clamped(std::int32_t value) {
     return static_cast<Byte>(value < 0 ? 0 : value > 255 ? 255 : value);
-}
-
-// Division of 0 .. 32767 by d in 16-bit lanes. With l = ceil(log2 d) and
-// m = floor(2^(15 + l) / d) + 1, m x d lies in (2^(15 + l), 2^(15 + l) + 2^l], for which
-// floor(n x m / 2^(15 + l)) = floor(n / d) for every n below 2^15; m is below 2^16. The product's
-// upper half needs one bit more, hence 2n.
-struct Reciprocal {
-    std::uint16_t multiplier;
-    int shift;
-};
-
-Reciprocal reciprocal_of(std::int32_t divisor) {
-    // From 32768 on every quotient is 0, as it is for 32768.
-    const std::int32_t d = divisor > 32768 ? 32768 : divisor;
-    int shift = 0;
-    while ((1 << shift) < d)
-        ++shift;
-    const std::uint64_t power = std::uint64_t{1} << (15 + shift);
-    return {static_cast<std::uint16_t>(power / static_cast<std::uint32_t>(d) + 1), shift};
 }
 
 // Toward zero and clamped at 0 are one: a negative sum gives 0.
@@ -242,6 +225,7 @@ void add(const Byte* __restrict from, Byte* __restrict to, int count, const Byte
 
 constexpr FilterRows kRows{narrow,
                            wide,
+                           kFew,
                            extreme<Smaller>,
                            extreme<Larger>,
                            add<std::uint16_t, std::int16_t>,
