@@ -40,14 +40,22 @@ Columns columns_of(int from_width, int to_width) {
     return columns;
 }
 
-// Pixels are fetched as four bytes; the fourth is overwritten by the next pixel, or spare.
-constexpr std::size_t kSpare = 1;
+// Pixels are fetched as eight bytes and stored as four, of which the next pixel overwrites one:
+// the rows need spare bytes behind. (x86 keeps the first byte lowest.)
+constexpr std::size_t kSpare = 4;
 
-void fetch_pixels(const std::uint8_t* row, const std::vector<int>& first_byte,
-                  std::uint8_t* pixels) {
+// The pixel at each place in `row` and the one after it.
+void fetch_pixels(const std::uint8_t* row, const std::vector<int>& first_byte, std::uint8_t* left,
+                  std::uint8_t* right) {
     for (const int byte : first_byte) {
-        std::memcpy(pixels, row + byte, 4);
-        pixels += 3;
+        std::uint64_t both;
+        std::memcpy(&both, row + byte, 8);
+        const auto first = static_cast<std::uint32_t>(both);
+        const auto second = static_cast<std::uint32_t>(both >> 24);
+        std::memcpy(left, &first, 4);
+        std::memcpy(right, &second, 4);
+        left += 3;
+        right += 3;
     }
 }
 
@@ -69,8 +77,7 @@ void resample_bilinear(ConstImageView from, ImageView to) {
         const int next = std::min(line.first + 1, from.height - 1);
         rows.one_weight(from.row(line.first), from.row(next), blended.data(), from_bytes,
                         line.weight);
-        fetch_pixels(blended.data(), columns.first_byte, left.data());
-        fetch_pixels(blended.data() + 3, columns.first_byte, right.data());
+        fetch_pixels(blended.data(), columns.first_byte, left.data(), right.data());
         rows.many_weights(left.data(), right.data(), to.row(y), to_bytes, columns.weights.data());
     }
 }

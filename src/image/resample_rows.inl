@@ -8,11 +8,11 @@ namespace kelvane {
 namespace {
 
 // The last place of numbers of this size is 1: adding it rounds to whole numbers, halves to even,
-// in one vector addition.
+// in one vector addition, and leaves the whole number in the lowest bits.
 constexpr double kRounder = 6755399441055744.0; // 1.5 x 2^52
 
 std::uint8_t rounded(double value) {
-    return static_cast<std::uint8_t>(static_cast<std::int32_t>((value + kRounder) - kRounder));
+    return static_cast<std::uint8_t>(__builtin_bit_cast(std::uint64_t, value + kRounder));
 }
 
 void one_weight(const std::uint8_t* __restrict a, const std::uint8_t* __restrict b,
