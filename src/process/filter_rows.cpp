@@ -1,4 +1,5 @@
 // The inner loops for every processor, and the choice between the levels.
+#include "process/filter_rows.h"
 #include "image/cpu.h"
 
 #include <cstdint>
@@ -39,6 +40,8 @@ class PairLanes {
     __m128i sums_[4] = {_mm_setzero_si128(), _mm_setzero_si128(), _mm_setzero_si128(),
                         _mm_setzero_si128()};
 };
+
+constexpr decltype(FilterRows::few) kFew = nullptr;
 
 } // namespace
 } // namespace kelvane

@@ -1,11 +1,13 @@
 // The text of the inner loops, compiled once per processor level: everything has internal linkage
 // and nothing comes from the standard library, so that the linker never hands one level's code to
-// another. The file that includes this one provides `PairLanes`, the level's vector of sums.
+// another. The file that includes this one provides `PairLanes`, the level's vector of sums, and
+// `kFew`, its entry of that name.
 //
 // Most loops are plain and left to the compiler's vectorizer; the arithmetic is chosen to fit the
 // narrowest lanes that hold it.
 
 #include "process/filter_rows.h"
+#include "process/reciprocal.inl"
 
 namespace kelvane {
 namespace {
@@ -14,25 +16,6 @@ using Byte = std::uint8_t;
 
 Byte clamped(std::int32_t value) {
     return static_cast<Byte>(value < 0 ? 0 : value > 255 ? 255 : value);
-}
-
-// Division of 0 .. 32767 by d in 16-bit lanes. With l = ceil(log2 d) and
-// m = floor(2^(15 + l) / d) + 1, m x d lies in (2^(15 + l), 2^(15 + l) + 2^l], for which
-// floor(n x m / 2^(15 + l)) = floor(n / d) for every n below 2^15; m is below 2^16. The product's
-// upper half needs one bit more, hence 2n.
-struct Reciprocal {
-    std::uint16_t multiplier;
-    int shift;
-};
-
-Reciprocal reciprocal_of(std::int32_t divisor) {
-    // From 32768 on every quotient is 0, as it is for 32768.
-    const std::int32_t d = divisor > 32768 ? 32768 : divisor;
-    int shift = 0;
-    while ((1 << shift) < d)
-        ++shift;
-    const std::uint64_t power = std::uint64_t{1} << (15 + shift);
-    return {static_cast<std::uint16_t>(power / static_cast<std::uint32_t>(d) + 1), shift};
 }
 
 // Toward zero and clamped at 0 are one: a negative sum gives 0.
@@ -133,46 +116,41 @@ std::int16_t upper_half(std::int32_t coefficient) {
     return static_cast<std::int16_t>(rest >> 16);
 }
 
-// Taps two by two, as the processor multiplies and adds pairs of 16-bit numbers.
-struct TapPairs {
+// Taps with 16-bit coefficients, an even number of them: the processor multiplies and adds pairs.
+struct ShortTaps {
     int count = 0;
-    std::ptrdiff_t offset[Taps::kMost + 1][2];
-    std::int16_t coefficient[Taps::kMost + 1][2];
+    std::ptrdiff_t offset[Taps::kMost + 1];
+    std::int16_t coefficient[Taps::kMost + 1];
+
+    void append(std::ptrdiff_t at, std::int16_t value) {
+        offset[count] = at;
+        coefficient[count] = value;
+        ++count;
+    }
 };
 
-template <typename Half> TapPairs pairs_of(const Taps& taps, Half half) {
-    TapPairs pairs;
-    for (int t = 0; t < taps.count; ++t) {
-        const std::int16_t coefficient = half(taps.coefficient[t]);
-        if (coefficient == 0) continue;
-        pairs.offset[pairs.count / 2][pairs.count % 2] = taps.offset[t];
-        pairs.coefficient[pairs.count / 2][pairs.count % 2] = coefficient;
-        ++pairs.count;
-    }
-    if (pairs.count % 2 == 1) {
-        pairs.offset[pairs.count / 2][1] = pairs.offset[pairs.count / 2][0];
-        pairs.coefficient[pairs.count / 2][1] = 0;
-        ++pairs.count;
-    }
-    pairs.count /= 2;
-    return pairs;
+template <typename Half> ShortTaps short_taps(const Taps& taps, Half half) {
+    ShortTaps result;
+    for (int t = 0; t < taps.count; ++t)
+        if (half(taps.coefficient[t]) != 0)
+            result.append(taps.offset[t], half(taps.coefficient[t]));
+    if (result.count % 2 == 1) result.append(taps.offset[0], 0);
+    return result;
 }
 
-void sum_pairs(const Byte* from, const TapPairs& pairs, std::int32_t* sums, int count) {
+void sum_taps(const Byte* from, const ShortTaps& taps, std::int32_t* sums, int count) {
     int k = 0;
     for (; k + PairLanes::kBytes <= count; k += PairLanes::kBytes) {
         PairLanes lanes;
-        for (int p = 0; p < pairs.count; ++p)
-            lanes.add(from + k + pairs.offset[p][0], from + k + pairs.offset[p][1],
-                      pairs.coefficient[p][0], pairs.coefficient[p][1]);
+        for (int t = 0; t < taps.count; t += 2)
+            lanes.add(from + k + taps.offset[t], from + k + taps.offset[t + 1], taps.coefficient[t],
+                      taps.coefficient[t + 1]);
         lanes.store(sums + k);
     }
     for (; k < count; ++k) {
         std::uint32_t sum = 0;
-        for (int p = 0; p < pairs.count; ++p)
-            for (int t = 0; t < 2; ++t)
-                sum += static_cast<std::uint32_t>(pairs.coefficient[p][t] *
-                                                  from[k + pairs.offset[p][t]]);
+        for (int t = 0; t < taps.count; ++t)
+            sum += static_cast<std::uint32_t>(taps.coefficient[t] * from[k + taps.offset[t]]);
         sums[k] = static_cast<std::int32_t>(sum);
     }
 }
@@ -192,11 +170,11 @@ void store_wide(const std::int32_t* sums, Byte* __restrict to, int count, std::i
 
 void wide(const Byte* from, Byte* to, int count, const Taps& taps) {
     alignas(32) std::int32_t sums[kLongestStretch];
-    sum_pairs(from, pairs_of(taps, lower_half), sums, count);
-    const TapPairs upper = pairs_of(taps, upper_half);
+    sum_taps(from, short_taps(taps, lower_half), sums, count);
+    const ShortTaps upper = short_taps(taps, upper_half);
     if (upper.count > 0) {
         alignas(32) std::int32_t upper_sums[kLongestStretch];
-        sum_pairs(from, upper, upper_sums, count);
+        sum_taps(from, upper, upper_sums, count);
         for (int k = 0; k < count; ++k)
             sums[k] = static_cast<std::int32_t>(static_cast<std::uint32_t>(sums[k]) +
                                                 (static_cast<std::uint32_t>(upper_sums[k]) << 16));
@@ -247,6 +225,7 @@ void add(const Byte* __restrict from, Byte* __restrict to, int count, const Byte
 
 constexpr FilterRows kRows{narrow,
                            wide,
+                           kFew,
                            extreme<Smaller>,
                            extreme<Larger>,
                            add<std::uint16_t, std::int16_t>,
