@@ -1,0 +1,34 @@
+# Sourced by wine-x64.sh and wine-x86.sh, which set: kelvane_arch (win64 or win32),
+# kelvane_wine and kelvane_wineserver (programs). Runs "$@" under Wine with a prefix of this work
+# tree, never the user's own; the prefix is made on first use.
+#
+#   wine-x64.sh PROGRAM.exe ARGUMENT...   run a program
+#   wine-x64.sh --server OPTION           speak to the prefix's server: -p stays until -k ends it
+prefixes=$(dirname "$(readlink -f "$0")")/../build/wine
+mkdir -p "$prefixes"
+prefixes=$(readlink -f "$prefixes")
+export WINEARCH=$kelvane_arch WINEPREFIX=$prefixes/$kelvane_arch WINESERVER=$kelvane_wineserver
+export WINELOADER=$kelvane_wine WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
+
+make_prefix() {
+    rm -rf "$WINEPREFIX"
+    timeout 120 "$kelvane_wine" wineboot.exe -i >"$prefixes/$WINEARCH.log" 2>&1 &&
+        timeout 60 "$kelvane_wineserver" -w && touch "$WINEPREFIX/complete" && return
+    tail -n 15 "$prefixes/$WINEARCH.log" >&2
+    echo "kelvane: Wine could not set up $WINEPREFIX" >&2
+    exit 1
+}
+
+if [ ! -e "$WINEPREFIX/complete" ]; then
+    # Two tests may start together; the server must not inherit the lock.
+    exec 9>"$prefixes/$WINEARCH.lock"
+    flock 9
+    [ -e "$WINEPREFIX/complete" ] || make_prefix 9>&-
+    exec 9>&-
+fi
+
+if [ "$1" = --server ]; then
+    shift
+    exec "$kelvane_wineserver" "$@"
+fi
+exec "$kelvane_wine" "$@"
