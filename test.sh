@@ -25,7 +25,7 @@ xvfb=
 stop_servers() {
     scripts/wine-x64.sh --server -k || true
     scripts/wine-x86.sh --server -k || true
-    [ -z "$xvfb" ] || kill "$xvfb"
+    [ -z "$xvfb" ] || kill "$xvfb" || true
 }
 trap stop_servers EXIT
 
@@ -45,9 +45,12 @@ start_xvfb() {
 }
 [ -n "${DISPLAY:-}" ] || start_xvfb
 
-# With a server that stays, a Windows program starts in a tenth of the time.
-scripts/wine-x64.sh --server -p
-scripts/wine-x86.sh --server -p
+# With a server that stays, a Windows program starts in a tenth of the time. Wine's services stay
+# as well, with the output of whoever started them: were that a test, ctest would wait for them.
+for world in x64 x86; do
+    scripts/wine-$world.sh --server -p
+    timeout 60 scripts/wine-$world.sh wineboot.exe >"build/services-$world.log" 2>&1
+done
 
 printf 'subdirs("%s")\n' "${trees[@]}" >build/CTestTestfile.cmake
 timeout 1800 ctest --test-dir build -j2 --output-on-failure --no-tests=error "$@"
