@@ -8,6 +8,8 @@ prefixes=$(dirname "$(readlink -f "$0")")/../build/wine
 mkdir -p "$prefixes"
 prefixes=$(readlink -f "$prefixes")
 export WINEARCH=$kelvane_arch WINEPREFIX=$prefixes/$kelvane_arch WINESERVER=$kelvane_wineserver
+# Wine takes the names of files for ASCII where no locale says otherwise.
+export LC_ALL=C.UTF-8
 export WINELOADER=$kelvane_wine WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
 
 make_prefix() {
