@@ -1,10 +1,14 @@
-// Numbers of every text in the string table, for C++ and for the resource compiler alike (hence
-// macros). A number here names the German text; the English one stands kEnglishOffset higher.
-// Texts are in blocks, one block for each window; a block's free numbers are for its own additions.
+// Numbers of every text in the string table and of every dialog and control, for C++ and for the
+// resource compiler alike (hence macros). A text's number here names the German one; the English
+// one stands kEnglishOffset higher. Texts are in blocks, one block for each window; a block's free
+// numbers are for its own additions.
 #ifndef KELVANE_RES_IDS_H
 #define KELVANE_RES_IDS_H
 
 #define KELVANE_ENGLISH_OFFSET 10000
+
+// The program's icon.
+#define IDI_KELVANE                      100
 
 // Main window: title, followed by the version.
 #define IDS_TITLE                        3900
@@ -63,6 +67,8 @@
 #define IDS_MENU_ACQUIRE                 3951
 #define IDS_MENU_HELP_CONTENTS           3952
 #define IDS_MENU_VECTORIZE               3953
+// The key of shortcuts as menus show it.
+#define IDS_KEY_CONTROL                  3954
 
 // Main window: what the shell answers when a file or a page cannot be opened.
 #define IDS_SHELL_OUT_OF_MEMORY          4000
@@ -105,6 +111,8 @@
 #define IDS_ABOUT_SYSTEM_INFO            4204
 #define IDS_ABOUT_OK                     4205
 #define IDS_SPLASH_LOADING               4206
+#define IDS_PRODUCT_NAME                 4207
+#define IDS_PRODUCT_PURPOSE              4208
 
 // Noise dialog.
 #define IDS_NOISE_TITLE                  4300
@@ -113,6 +121,7 @@
 #define IDS_NOISE_PREVIEW                4303
 #define IDS_NOISE_OK                     4304
 #define IDS_NOISE_CANCEL                 4305
+#define IDS_NOISE_INVALID                4306
 
 // Hue dialog.
 #define IDS_HUE_TITLE                    4400
@@ -120,6 +129,7 @@
 #define IDS_HUE_PREVIEW                  4402
 #define IDS_HUE_OK                       4403
 #define IDS_HUE_CANCEL                   4404
+#define IDS_HUE_INVALID                  4405
 
 // Palette dialog.
 #define IDS_PALETTE_TITLE                4410
@@ -130,6 +140,8 @@
 #define IDS_PALETTE_CANCEL               4415
 #define IDS_PALETTE_FILTER               4416
 #define IDS_PALETTE_ERROR                4417
+#define IDS_PALETTE_EMPTY                4418
+#define IDS_PALETTE_SELECT               4419
 
 // Combination dialog.
 #define IDS_COMBINE_TITLE                4500
@@ -145,6 +157,9 @@
 #define IDS_COMBINE_CANCEL               4510
 #define IDS_COMBINE_SELECT_TWO           4511
 #define IDS_COMBINE_NEW_SIZE             4512
+#define IDS_COMBINE_RESAMPLED            4513
+#define IDS_COMBINE_INVALID              4514
+#define IDS_COMBINE_PREVIEW              4515
 
 // Language dialog; its title and its label name the choice in both languages.
 #define IDS_LANGUAGE_TITLE               4600
@@ -290,11 +305,143 @@
 #define IDS_REDUCE_NO_COLOUR             7412
 #define IDS_REDUCE_HINT                  7413
 
+// Dialog templates and their controls.
+#define IDD_NEW_SIZE                     204
+#define IDC_SIZE_FRAME                   1400
+#define IDC_SIZE_WIDTH_LABEL             1401
+#define IDC_SIZE_WIDTH                   1402
+#define IDC_SIZE_WIDTH_PIXELS            1403
+#define IDC_SIZE_HEIGHT_LABEL            1404
+#define IDC_SIZE_HEIGHT                  1405
+#define IDC_SIZE_HEIGHT_PIXELS           1406
+#define IDC_SIZE_KEEP_RATIO              1407
+
+#define IDD_NOISE                        205
+#define IDC_NOISE_AMOUNT_LABEL           1420
+#define IDC_NOISE_AMOUNT                 1421
+#define IDC_NOISE_SLIDER                 1422
+#define IDC_NOISE_RANDOM                 1423
+#define IDC_NOISE_PREVIEW_LABEL          1424
+#define IDC_NOISE_PREVIEW                1425
+
+#define IDD_HUE                          206
+#define IDC_HUE_VALUE_LABEL              1440
+#define IDC_HUE_VALUE                    1441
+#define IDC_HUE_SPECTRUM                 1442
+#define IDC_HUE_SLIDER                   1443
+#define IDC_HUE_PREVIEW_LABEL            1444
+#define IDC_HUE_PREVIEW                  1445
+
+#define IDD_PALETTE                      207
+#define IDC_PALETTE_FILE_LABEL           1460
+#define IDC_PALETTE_FILE                 1461
+#define IDC_PALETTE_BROWSE               1462
+#define IDC_PALETTE_COUNT                1463
+#define IDC_PALETTE_COLOURS              1464
+
+#define IDD_COMBINATION                  208
+#define IDC_COMBINE_FIRST_LABEL          1480
+#define IDC_COMBINE_FIRST                1481
+#define IDC_COMBINE_SECOND_LABEL         1482
+#define IDC_COMBINE_SECOND               1483
+#define IDC_COMBINE_MULTIPLIER_LABEL     1484
+#define IDC_COMBINE_OFFSET_LABEL         1485
+#define IDC_COMBINE_MULTIPLIER_1         1486
+#define IDC_COMBINE_OFFSET_1             1487
+#define IDC_COMBINE_MULTIPLIER_2         1488
+#define IDC_COMBINE_OFFSET_2             1489
+#define IDC_COMBINE_FRAME                1490
+#define IDC_COMBINE_ADD                  1491
+#define IDC_COMBINE_LIGHTEST             1492
+#define IDC_COMBINE_DARKEST              1493
+#define IDC_COMBINE_NEW_SIZE             1494
+#define IDC_COMBINE_RESAMPLED            1495
+#define IDC_COMBINE_PREVIEW_LABEL        1496
+#define IDC_COMBINE_PREVIEW              1497
+
+#define IDD_LANGUAGE                     209
+#define IDC_LANGUAGE_LABEL               1500
+#define IDC_LANGUAGE                     1501
+
+#define IDD_SPLASH                       210
+#define IDC_SPLASH_ICON                  1520
+#define IDC_SPLASH_NAME                  1521
+#define IDC_SPLASH_PURPOSE               1522
+#define IDC_SPLASH_VERSION               1523
+#define IDC_SPLASH_LOADING               1524
+
+#define IDD_ABOUT                        211
+#define IDC_ABOUT_ICON                   1540
+#define IDC_ABOUT_NAME                   1541
+#define IDC_ABOUT_VERSION                1542
+#define IDC_ABOUT_TEXT                   1543
+#define IDC_ABOUT_SYSTEM_INFO            1544
+
 // EAGLE's layer names: in one language only, looked up without an offset. The list has no name for
 // layer 50, so from there on the name at a position is that of the next layer; "Userdefined" is
 // appended to the numbers that have no name.
 #define IDS_LAYER_FIRST                  20000
 #define IDS_LAYER_USERDEFINED            20051
 #define IDS_LAYER_LAST                   20057
+
+// Dialogs and their controls, a block for each form. Controls that show nothing but a caption are
+// numbered like the others: captions come from the string table.
+
+// Export dialog.
+#define IDD_EXPORT                       200
+#define IDC_EXPORT_OPTIONS               1100
+#define IDC_EXPORT_LAYER_LABEL           1101
+#define IDC_EXPORT_LAYER                 1102
+#define IDC_EXPORT_VERSION_LABEL         1103
+#define IDC_EXPORT_VERSION               1104
+#define IDC_EXPORT_SIZE_LABEL            1105
+#define IDC_EXPORT_SIZE                  1106
+#define IDC_EXPORT_UNIT_LABEL            1107
+#define IDC_EXPORT_UNIT                  1108
+#define IDC_EXPORT_TRACING               1109
+#define IDC_EXPORT_FULL                  1110
+#define IDC_EXPORT_LINEWISE              1111
+#define IDC_EXPORT_FULL_POLYGON          1112
+#define IDC_EXPORT_FULL_WIRE             1113
+#define IDC_EXPORT_LINEWISE_POLYGON      1114
+#define IDC_EXPORT_LINEWISE_WIRE         1115
+#define IDC_EXPORT_LINEWISE_RECTANGLE    1116
+#define IDC_EXPORT_PREVIEW_LABEL         1117
+#define IDC_EXPORT_PREVIEW               1118
+#define IDC_EXPORT_HINT                  1119
+
+// Out-of-range warning.
+#define IDD_RANGE                        201
+#define IDC_RANGE_ICON                   1150
+#define IDC_RANGE_TEXT                   1151
+#define IDC_RANGE_DELETE                 1152
+
+// Custom filter editor; 49 cells from IDC_CUSTOM_CELL on, row by row.
+#define IDD_CUSTOM                       202
+#define IDC_CUSTOM_CELL                  1200
+#define IDC_CUSTOM_BASE_LABEL            1250
+#define IDC_CUSTOM_BASE                  1251
+#define IDC_CUSTOM_WEIGHT_LABEL          1252
+#define IDC_CUSTOM_WEIGHT                1253
+#define IDC_CUSTOM_AUTO                  1254
+
+// Black and white reduction dialog; reductions and sliders in one order.
+#define IDD_REDUCE                       203
+#define IDC_REDUCE_TYPE                  1300
+#define IDC_REDUCE_BRIGHTNESS            1301
+#define IDC_REDUCE_COLOURS               1302
+#define IDC_REDUCE_EDGES                 1303
+#define IDC_REDUCE_LIMIT_LABEL           1304
+#define IDC_REDUCE_BRIGHTNESS_LIMIT      1305
+#define IDC_REDUCE_COLOUR_LIMIT          1306
+#define IDC_REDUCE_EDGE_LIMIT            1307
+#define IDC_REDUCE_LIMIT                 1308
+#define IDC_REDUCE_RED                   1309
+#define IDC_REDUCE_GREEN                 1310
+#define IDC_REDUCE_BLUE                  1311
+#define IDC_REDUCE_HINT                  1312
+#define IDC_REDUCE_PREVIEW_LABEL         1313
+#define IDC_REDUCE_OVERVIEW              1314
+#define IDC_REDUCE_DETAIL                1315
 
 #endif

@@ -28,7 +28,7 @@ check_layers() {
         [platform]='image' [image]='platform' [process]='platform image'
         [reduce]='platform image process' [export]='platform image process reduce'
         [engine]='platform image process reduce export'
-        [cli]="$engine" [win]='platform res' [settings]='platform image export win res'
+        [cli]="$engine" [win]='platform image res' [settings]='platform image export win res'
         [convert]='platform image win settings res' [dialogs]="$engine win settings convert res"
         [app]="$engine win settings convert dialogs res")
     for folder in src/*/; do
@@ -36,7 +36,7 @@ check_layers() {
         [ -n "${may[$folder]:-}" ] || { echo "src/$folder: no rule for this folder"; continue; }
         allowed="$folder ${may[$folder]}"
         grep -rnE '^ *# *include "' "src/$folder" | while read -r line; do
-            file=$(sed -E 's/.*"([^"]*)".*/\1/' <<<"$line")
+            file=$(sed -E 's/.*"([^"]*)".*/\1/; s|^ids.h$|res/ids.h|' <<<"$line")
             [[ " $allowed " == *" ${file%%/*} "* ]] || echo "$line"
         done || true
     done

@@ -1,0 +1,45 @@
+// The menu as one table: what each entry is called, which key it has and what it does.
+#pragma once
+
+#include "app/commands.h"
+#include "app/image_document.h"
+
+#include <span>
+#include <variant>
+
+namespace kelvane {
+
+class frmImage;
+class mfrmMain;
+
+/// What a command does: an operation on the active document, or more than that for the active
+/// document's form, or something that needs no document. Without an action it is shown greyed.
+using Operation = void (*)(ImageDocument&);
+using FormAction = void (mfrmMain::*)(frmImage&);
+using MainAction = void (mfrmMain::*)();
+using Action = std::variant<std::monostate, Operation, FormAction, MainAction>;
+
+/// A key that works without the menu.
+struct Shortcut {
+    unsigned short key = 0;         // virtual key code; 0: none
+    bool control = false;           // together with Ctrl
+    const wchar_t* shown = nullptr; // the key's name
+    bool handled_by_system = false; // MDI itself knows it
+};
+
+struct MenuEntry {
+    int depth; // 0: a menu of the bar, 1: an entry, 2: an entry of a submenu
+    CommandId command = kNoCommand;
+    int caption = 0; // string table; 0: a separator
+    Action action = {};
+    Shortcut shortcut = {};
+};
+
+/// Every entry in menu order; an entry with a deeper one behind it is a submenu. The recent files
+/// come before `kCmdClose`.
+std::span<const MenuEntry> command_table();
+
+/// The entry with this command; null when there is none.
+const MenuEntry* find_command(unsigned id);
+
+} // namespace kelvane

@@ -1,0 +1,64 @@
+// The numbers of the menu's commands, in menu order.
+#pragma once
+
+namespace kelvane {
+
+enum CommandId : unsigned short {
+    kNoCommand = 0, // a submenu or a separator
+
+    kCmdOpen = 40001,
+    kCmdOpenByImageMagick,
+    kCmdSave,
+    kCmdExport,
+    kCmdSelectSource,
+    kCmdAcquire,
+    kCmdRecent1, // four in a row
+    kCmdRecent4 = kCmdRecent1 + 3,
+    kCmdClose,
+    kCmdExit,
+
+    kCmdUndo,
+    kCmdCopy,
+    kCmdPaste,
+
+    kCmdSoften,
+    kCmdSoftenMore,
+    kCmdBlur,
+    kCmdBlurMore,
+    kCmdSharpen,
+    kCmdSharpenMore,
+    kCmdUnsharp,
+    kCmdEmboss,
+    kCmdAddNoise,
+    kCmdMinimum,
+    kCmdMedian,
+    kCmdMaximum,
+    kCmdCustomFilter,
+    kCmdResample,
+    kCmdCombine,
+    kCmdEmphasize,
+
+    kCmdDarken,
+    kCmdLighten,
+    kCmdColourise,
+    kCmdNegative,
+    kCmdGrayScale,
+    kCmdFloydSteinberg,
+    kCmdApplyPalette,
+    kCmdReduce,
+    kCmdVectorize, // has never done anything: the export traces
+
+    kCmdTileHorizontally,
+    kCmdTileVertically,
+    kCmdCascade,
+    kCmdArrangeIcons,
+
+    kCmdHelp,
+    kCmdAbout,
+    kCmdLanguage,
+};
+
+/// MDI children and their entries in the Window menu are numbered from here on.
+inline constexpr unsigned kFirstChildId = 50000;
+
+} // namespace kelvane

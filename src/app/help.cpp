@@ -1,0 +1,45 @@
+#include "app/help.h"
+
+#include "app/error_text.h"
+#include "settings/string_table.h"
+#include "win/platform_error.h"
+
+#include "ids.h"
+
+#include <filesystem>
+
+namespace kelvane {
+namespace {
+
+// Of the platform's htmlhelp.h, whose library this program does not want to depend on.
+constexpr UINT kHelpContext = 0x000F;
+constexpr UINT kCloseAll = 0x0012;
+using HtmlHelp = HWND(WINAPI*)(HWND, const wchar_t*, UINT, DWORD_PTR);
+
+constexpr DWORD_PTR kFirstPage = 1; // context number in the help file
+
+HtmlHelp html_help(const win::Module& library) {
+    return reinterpret_cast<HtmlHelp>(
+        reinterpret_cast<void*>(GetProcAddress(library.get(), "HtmlHelpW")));
+}
+
+} // namespace
+
+Help::~Help() {
+    if (library_) html_help(library_)(nullptr, nullptr, kCloseAll, 0);
+}
+
+void Help::show(HWND owner) {
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(file_, ignored))
+        throw TextError(LoadString(IDS_HELP_MISSING) + file_);
+    if (!library_) {
+        win::Module library(LoadLibraryW(L"hhctrl.ocx"));
+        if (!library || html_help(library) == nullptr) throw PlatformError(ERROR_MOD_NOT_FOUND);
+        library_ = std::move(library);
+    }
+    if (html_help(library_)(owner, file_.c_str(), kHelpContext, kFirstPage) == nullptr)
+        throw PlatformError(ERROR_FILE_INVALID);
+}
+
+} // namespace kelvane

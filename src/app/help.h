@@ -1,0 +1,28 @@
+// The help file, shown by the system's HTML help, which is loaded when it is needed.
+#pragma once
+
+#include "win/gdi.h"
+
+#include <string>
+
+namespace kelvane {
+
+class Help {
+  public:
+    /// `file`: full path of the help file.
+    explicit Help(std::wstring file) : file_(std::move(file)) {}
+    /// Closes the help's windows.
+    ~Help();
+    Help(const Help&) = delete;
+    Help& operator=(const Help&) = delete;
+
+    /// Shows the first page. Throws `TextError` naming the file when it is missing, and
+    /// `PlatformError` when the system has no HTML help or cannot show it.
+    void show(HWND owner);
+
+  private:
+    std::wstring file_;
+    win::Module library_;
+};
+
+} // namespace kelvane

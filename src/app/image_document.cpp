@@ -1,0 +1,207 @@
+#include "app/image_document.h"
+
+#include "image/bitmap_file.h"
+#include "image/picture_reader.h"
+#include "image/size_limit.h"
+#include "settings/catalogue.h"
+#include "settings/string_table.h"
+
+#include "ids.h"
+
+#include <new>
+#include <utility>
+
+namespace kelvane {
+namespace {
+
+constexpr int kLightenPercent = 20;
+constexpr int kDarkenLevel = 240;
+constexpr float kSaturation = 0.5f;
+constexpr int kExportLimit = 128;
+
+cDIBSection created(int width, int height) {
+    cDIBSection picture;
+    if (!picture.Create(width, height)) throw std::bad_alloc();
+    return picture;
+}
+
+cDIBSection resampled(const cDIBSection& picture, int width, int height) {
+    cDIBSection result = picture.Resample(height, width);
+    if (result.empty()) throw std::bad_alloc();
+    return result;
+}
+
+} // namespace
+
+ImageDocument::ImageDocument(const SettingsFile& settings, ProgressObserver* observer)
+    : settings_(settings) {
+    m_cImage.set_observer(observer);
+}
+
+std::wstring ImageDocument::FileTitle() const {
+    return m_sFileName.substr(m_sFileName.rfind(L'\\') + 1); // npos + 1 is 0
+}
+
+bool ImageDocument::load(const std::filesystem::path& file, SizeLimit limit) {
+    cDIBSection picture = read_picture(file);
+    if (picture.empty()) return false;
+    if (limit == SizeLimit::Reduce && !Render2(picture)) throw std::bad_alloc();
+    m_cDIBWork = created(picture.Width(), picture.Height());
+    m_cDIB = std::move(picture);
+    return true;
+}
+
+std::wstring ImageDocument::proposed_name() const {
+    const std::size_t dot = m_sFileName.rfind(L'.');
+    const bool counts = dot != std::wstring::npos && dot >= 2;
+    return m_sFileName.substr(0, counts ? dot : std::wstring::npos) + L".bmp";
+}
+
+void ImageDocument::save(const std::wstring& file) {
+    save_bitmap(m_cDIB.view(), file);
+    m_sFileName = file;
+    m_bDirty = false;
+}
+
+std::wstring ImageDocument::save_question() const {
+    return LoadString(IDS_IMAGE_CHANGED_1) + FileTitle() + LoadString(IDS_IMAGE_CHANGED_2) +
+           L"\r\n\r\n" + LoadString(IDS_IMAGE_ASK_SAVE);
+}
+
+template <class Operation> void ImageDocument::apply(Operation operation) {
+    take_snapshot();
+    fit_work_buffer();
+    operation();
+    m_bDirty = true;
+}
+
+void ImageDocument::take_snapshot() {
+    cDIBSection copy = m_cDIB.Copy();
+    if (copy.empty() && !m_cDIB.empty()) throw std::bad_alloc();
+    m_cDIBUndo = std::move(copy);
+    m_bUndoEnable = true;
+}
+
+// Undo may have brought back another size. Otherwise the content stays: the second pass of
+// Emphasize takes what the first one left here.
+void ImageDocument::fit_work_buffer() {
+    if (m_cDIBWork.Width() == m_cDIB.Width() && m_cDIBWork.Height() == m_cDIB.Height()) return;
+    m_cDIBWork = created(m_cDIB.Width(), m_cDIB.Height());
+}
+
+void ImageDocument::ProcessImage(int filter_type) {
+    apply([&] {
+        m_cImage.set_FilterType(filter_type);
+        m_cImage.ProcessImage(m_cDIB, m_cDIBWork);
+    });
+}
+
+void ImageDocument::LoadCustomFilter(const cImageProcessDIB& source) {
+    m_cImage.set_FilterType(kCustom);
+    m_cImage.set_FilterArraySize(source.FilterArraySize());
+    m_cImage.set_FilterWeight(source.FilterWeight());
+    const int half = source.FilterArraySize() / 2;
+    for (int y = -half; y <= half; ++y)
+        for (int x = -half; x <= half; ++x)
+            m_cImage.set_FilterValue(x, y, source.FilterValue(x, y));
+}
+
+void ImageDocument::Fade() {
+    apply([&] { m_cImage.Fade(m_cDIB, kDarkenLevel); });
+}
+
+void ImageDocument::Lighten() {
+    apply([&] { m_cImage.Lighten(m_cDIB, kLightenPercent); });
+}
+
+void ImageDocument::Colourise(float hue) {
+    apply([&] { m_cImage.Colourise(m_cDIB, hue, kSaturation); });
+}
+
+void ImageDocument::GrayScale() {
+    apply([&] { m_cImage.GrayScale(m_cDIB); });
+}
+
+void ImageDocument::NegativeImage() {
+    apply([&] { m_cImage.NegativeImage(m_cDIB); });
+}
+
+void ImageDocument::AddNoise(bool random, int percent) {
+    apply([&] { m_cImage.AddNoise(m_cDIB, percent, random); });
+}
+
+void ImageDocument::Steinberg() {
+    apply([&] { m_cImage.Steinberg(m_cDIB, m_cDIBWork); });
+}
+
+void ImageDocument::ApplyPalette(const std::filesystem::path& palette_file) {
+    const cPalette palette = read_palette(palette_file);
+    apply([&] { m_cImage.ApplyPalette(m_cDIB, m_cDIBWork, palette); });
+}
+
+void ImageDocument::Resample(int new_width, int new_height) {
+    if (new_width != ImageWidth() || new_height != ImageHeight()) {
+        cDIBSection result = resampled(m_cDIB, new_width, new_height);
+        take_snapshot();
+        m_cDIB = std::move(result);
+        fit_work_buffer();
+    }
+    m_bDirty = true;
+}
+
+void ImageDocument::BlackAndWhite(int limitvalue) {
+    if (limitvalue == 0) return;
+    write_setting(settings_, settings::kBrightnessLimit, limitvalue);
+    apply([&] { m_cImage.BlackAndWhite(m_cDIB, m_cDIBWork, limitvalue); });
+}
+
+void ImageDocument::lineArt(int limitvalue, int red, int green, int blue) {
+    if (limitvalue == 0) return;
+    write_setting(settings_, settings::kColourLimit, limitvalue);
+    write_setting(settings_, settings::kUseRed, red);
+    write_setting(settings_, settings::kUseGreen, green);
+    write_setting(settings_, settings::kUseBlue, blue);
+    apply([&] {
+        m_cImage.LineArt2(m_cDIB, m_cDIBWork, limitvalue, {red != 0, green != 0, blue != 0});
+    });
+}
+
+void ImageDocument::edgeDetect(int limitvalue) {
+    if (limitvalue == 0) return;
+    write_setting(settings_, settings::kEdgeLimit, limitvalue);
+    apply([&] { m_cImage.EdgeDetect2(m_cDIB, m_cDIBWork, limitvalue); });
+}
+
+void ImageDocument::Undo() {
+    if (m_bUndoEnable) std::swap(m_cDIB, m_cDIBUndo);
+}
+
+void ImageDocument::Combine(const Combination& combination) {
+    cDIBSection from = resampled(*combination.sources[0], combination.width, combination.height);
+    cDIBSection to = resampled(*combination.sources[1], combination.width, combination.height);
+    switch (combination.type) {
+    case Combination::kLightest:
+        m_cImage.AddLightest(from, to);
+        break;
+    case Combination::kDarkest:
+        m_cImage.AddDarkest(from, to);
+        break;
+    case Combination::kAdd:
+        const auto& [first, second] = combination.parts;
+        m_cImage.AddImages(from, to, first.multiplier, first.offset_r, first.offset_g,
+                           first.offset_b, second.multiplier, second.offset_r, second.offset_g,
+                           second.offset_b);
+    }
+    m_cDIB = std::move(to);
+    m_cDIBWork = std::move(from);
+}
+
+ExportReport ImageDocument::Vectorize(const std::filesystem::path& script,
+                                      const ExportOptions& options) {
+    cDIBSection copy = m_cDIB.Copy();
+    if (copy.empty()) throw std::bad_alloc();
+    m_cImage.BlackAndWhite2(copy, copy, kExportLimit);
+    return m_cImage.Vectorize(copy, script, options);
+}
+
+} // namespace kelvane

@@ -1,0 +1,224 @@
+#include "app/image_window.h"
+
+#include "app/error_text.h"
+#include "app/picture_clipboard.h"
+#include "settings/string_table.h"
+#include "win/gdi.h"
+#include "win/message_box.h"
+#include "win/platform_error.h"
+
+#include "ids.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kelvane {
+namespace {
+
+constexpr const wchar_t* kClassName = L"KelvaneImage";
+
+// An elapsed time as the system's clock writes one.
+std::wstring clock_text(double days) {
+    const auto seconds = static_cast<unsigned>(std::lround(days * 86400));
+    SYSTEMTIME time{};
+    time.wYear = 2000;
+    time.wMonth = 1;
+    time.wDay = 1;
+    time.wHour = static_cast<WORD>(seconds / 3600 % 24);
+    time.wMinute = static_cast<WORD>(seconds / 60 % 60);
+    time.wSecond = static_cast<WORD>(seconds % 60);
+    wchar_t text[64];
+    GetTimeFormatW(LOCALE_USER_DEFAULT, TIME_FORCE24HOURFORMAT | TIME_NOTIMEMARKER, &time, nullptr,
+                   text, std::size(text));
+    return text;
+}
+
+} // namespace
+
+frmImage::frmImage(MainServices& main, HWND mdi_client)
+    : main_(main), document_(main.settings(), this) {
+    WNDCLASSEXW window_class{};
+    window_class.lpszClassName = kClassName;
+    window_class.hIcon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE));
+    window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    register_class(window_class);
+    expect_window();
+    if (CreateMDIWindowW(kClassName, L"", WS_HSCROLL | WS_VSCROLL, CW_USEDEFAULT, CW_USEDEFAULT,
+                         CW_USEDEFAULT, CW_USEDEFAULT, mdi_client, GetModuleHandleW(nullptr),
+                         0) == nullptr)
+        throw PlatformError(GetLastError());
+}
+
+bool frmImage::OpenFile(const std::wstring& file, bool bNew) {
+    return open(file, {bNew ? L"" : file, file, ImageDocument::SizeLimit::Reduce, !bNew});
+}
+
+bool frmImage::OpenFile2(const std::wstring& file, const std::wstring& name) {
+    return open(file, {name, name, ImageDocument::SizeLimit::Keep, false});
+}
+
+bool frmImage::open(const std::wstring& file, const OpenAs& how) {
+    main_.SetStatus(LoadString(IDS_IMAGE_OPENING) + how.status_name + L"...", L"#", L"#");
+    bool opened = false;
+    try {
+        opened = document_.load(file, how.limit);
+    } catch (const std::exception& error) {
+        main_.show_error(IDS_IMAGE_OPEN_ERROR, error_text(error));
+    }
+    if (opened) {
+        if (how.name.empty())
+            show_new();
+        else
+            show_as(how.name);
+        main_.SetStatus(LoadString(IDS_IMAGE_OPENED) + document_.Filename() + L".", L"#", L"#");
+        if (how.recent) main_.AddMRUFile(file, false);
+    }
+    main_.SetStatus(L"", L"#", L"#");
+    return opened;
+}
+
+void frmImage::show_new() {
+    show_as(LoadString(IDS_IMAGE_NAME) + std::to_wstring(main_.NewImageIndex()));
+}
+
+void frmImage::show_as(const std::wstring& name) {
+    document_.Filename(name);
+    loadLanguage();
+    fit_window();
+    Render();
+    main_.form_activated(*this); // the name is new
+}
+
+// As large as the picture, as far as the main window has room for it.
+void frmImage::fit_window() {
+    if (IsZoomed(window()) || IsIconic(window())) return;
+    RECT frame{0, 0, document_.ImageWidth(), document_.ImageHeight()};
+    const auto style = static_cast<DWORD>(GetWindowLongW(window(), GWL_STYLE));
+    const auto extended = static_cast<DWORD>(GetWindowLongW(window(), GWL_EXSTYLE));
+    AdjustWindowRectEx(&frame, style & ~static_cast<DWORD>(WS_HSCROLL | WS_VSCROLL), FALSE,
+                       extended);
+    const HWND client = GetParent(window());
+    RECT own{}, room{};
+    GetWindowRect(window(), &own);
+    MapWindowPoints(nullptr, client, reinterpret_cast<POINT*>(&own), 2);
+    GetClientRect(client, &room);
+    const LONG width = std::min(frame.right - frame.left, room.right - own.left);
+    const LONG height = std::min(frame.bottom - frame.top, room.bottom - own.top);
+    SetWindowPos(window(), nullptr, 0, 0, width, height,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void frmImage::loadLanguage() {
+    SetWindowTextW(window(), (LoadString(IDS_IMAGE_CAPTION) + document_.Filename()).c_str());
+}
+
+std::wstring frmImage::size_text() const {
+    return std::to_wstring(document_.ImageWidth()) + L" x " +
+           std::to_wstring(document_.ImageHeight());
+}
+
+bool frmImage::SaveFile() {
+    try {
+        win::FileQuestion question;
+        question.filter = LoadString(IDS_IMAGE_SAVE_FILTER);
+        question.proposal = document_.proposed_name();
+        question.extension = L"BMP";
+        if (const auto file = main_.ask_save_file(question)) {
+            document_.save(*file);
+            main_.AddMRUFile(*file, false);
+            loadLanguage();
+            main_.form_activated(*this); // its title has changed
+        }
+    } catch (const std::exception& error) {
+        main_.show_error(IDS_IMAGE_SAVE_ERROR, error_text(error));
+    }
+    return false;
+}
+
+bool frmImage::QuerySave() {
+    switch (win::message_box(main_.frame(), document_.save_question(), kApplicationTitle,
+                             MB_YESNOCANCEL | MB_ICONQUESTION)) {
+    case IDYES:
+        return SaveFile();
+    case IDNO:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void frmImage::CopyImage() {
+    if (!CopyToClipboard(document_.picture(), main_.frame(), false))
+        main_.show_error(IDS_IMAGE_COPY_ERROR, {});
+}
+
+void frmImage::Render() {
+    layout();
+    InvalidateRect(window(), nullptr, FALSE);
+}
+
+void frmImage::InitProgress(long lMax) {
+    main_.ProgressMax(lMax);
+    main_.ProgressValue(0);
+    main_.ShowProgress(true);
+}
+
+void frmImage::Progress(long lPosition) {
+    main_.ProgressValue(lPosition);
+}
+
+void frmImage::Complete(double lTimeMs) {
+    main_.ShowProgress(false);
+    main_.SetStatus(LoadString(IDS_IMAGE_COMPLETE) + clock_text(lTimeMs), L"#", L"#");
+}
+
+LRESULT frmImage::default_procedure(UINT message, WPARAM w, LPARAM l) {
+    return DefMDIChildProcW(window(), message, w, l);
+}
+
+LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
+    switch (message) {
+    case WM_PAINT:
+        paint();
+        return 0;
+    case WM_ERASEBKGND:
+        return TRUE; // `paint` covers everything
+    case WM_SIZE:
+        layout();
+        break; // MDI has its part in it
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+        scroll(message == WM_VSCROLL, LOWORD(w));
+        return 0;
+    case WM_MOUSEWHEEL:
+        wheel((LOWORD(w) & MK_SHIFT) == 0, GET_WHEEL_DELTA_WPARAM(w));
+        return 0;
+    case WM_MOUSEHWHEEL:
+        wheel(0, -GET_WHEEL_DELTA_WPARAM(w));
+        return 0;
+    case WM_KEYDOWN:
+        if (key(w)) return 0;
+        break;
+    case WM_MDIACTIVATE:
+        if (reinterpret_cast<HWND>(l) == window()) main_.form_activated(*this);
+        break;
+    case WM_CLOSE:
+        if (main_.refuse_while_busy() || (document_.Dirty() && !QuerySave())) return 0;
+        break;
+    default:
+        break;
+    }
+    return default_procedure(message, w, l);
+}
+
+void frmImage::paint() {
+    const win::Paint paint(window());
+    const cDIBSection& picture = document_.picture();
+    const int x = -position(0);
+    const int y = -position(1);
+    if (!picture.empty()) PaintPicture(picture, paint.context(), x, y);
+    ExcludeClipRect(paint.context(), x, y, x + picture.Width(), y + picture.Height());
+    FillRect(paint.context(), &paint.area(), GetSysColorBrush(COLOR_APPWORKSPACE));
+}
+
+} // namespace kelvane

@@ -1,0 +1,86 @@
+// frmImage, the window of one document.
+#pragma once
+
+#include "app/image_document.h"
+#include "app/main_services.h"
+#include "image/progress.h"
+#include "win/window.h"
+
+#include <windows.h>
+
+#include <array>
+#include <string>
+
+namespace kelvane {
+
+/// An MDI child that shows a document's picture, one pixel to one pixel, and asks for what the
+/// document needs to open, save and close. It relays the engine's events to the main window.
+class frmImage : public win::Window, private ProgressObserver {
+  public:
+    /// Makes an empty window inside the MDI client; `main` outlives the form. Throws
+    /// `PlatformError`.
+    frmImage(MainServices& main, HWND mdi_client);
+
+    ImageDocument& document() { return document_; }
+    const ImageDocument& document() const { return document_; }
+
+    /// Loads a picture file, reduced when it is very large. `bNew`: the file is a temporary one;
+    /// the document is named "Image" and a number and the recent files stay as they are. False
+    /// with a message when the file cannot be read, without one for a picture without pixels.
+    bool OpenFile(const std::wstring& file, bool bNew);
+    /// Loads a picture file at its full size under another file's name.
+    bool OpenFile2(const std::wstring& file, const std::wstring& name);
+    /// Names a document that was made in memory "Image" and a number, and shows it.
+    void show_new();
+    /// Asks for a bitmap file and writes it; failures are shown. False even after success:
+    /// `QuerySave` has always stopped the closing then.
+    bool SaveFile();
+    /// Asks whether to save. True: the document may be closed. Yes saves and gives false, so that
+    /// the user closes a document that is saved.
+    bool QuerySave();
+    void CopyImage();
+    /// Shows the picture as it is now, whatever its size.
+    void Render();
+    /// Sets the window's caption in the program's language.
+    void loadLanguage();
+    /// "<width> x <height>" of the picture.
+    std::wstring size_text() const;
+
+  protected:
+    LRESULT on_message(UINT message, WPARAM w, LPARAM l) override;
+    LRESULT default_procedure(UINT message, WPARAM w, LPARAM l) override;
+    void destroyed() override { main_.form_closed(*this); }
+
+  private:
+    struct OpenAs {
+        std::wstring name; // empty: "Image" and a number
+        std::wstring status_name;
+        ImageDocument::SizeLimit limit;
+        bool recent;
+    };
+    bool open(const std::wstring& file, const OpenAs& how);
+    void fit_window();
+    void show_as(const std::wstring& name);
+
+    void InitProgress(long lMax) override;
+    void Progress(long lPosition) override;
+    void Complete(double lTimeMs) override;
+
+    // Scrolling; index 0 is the horizontal bar, 1 the vertical one.
+    void layout();
+    void scroll(int bar, UINT request);
+    void scroll_to(int bar, int position);
+    void wheel(int bar, int delta);
+    bool key(WPARAM key);
+    int position(int bar) const;
+    SIZE view_size() const;
+
+    void paint();
+
+    MainServices& main_;
+    ImageDocument document_;
+    std::array<int, 2> wheel_rest_{}; // turns too small for a step yet
+    bool laying_out_ = false;
+};
+
+} // namespace kelvane

@@ -1,0 +1,74 @@
+// kelvane.exe: the desktop program. Files named on the command line are opened.
+#include "app/error_text.h"
+#include "app/main_window.h"
+#include "dialogs/frmSplash.h"
+#include "settings/string_table.h"
+#include "win/gdi.h"
+#include "win/message_box.h"
+
+#include <windows.h>
+
+#include <objbase.h>
+#include <shellapi.h>
+
+#include <filesystem>
+#include <span>
+
+namespace kelvane {
+namespace {
+
+/// COM for the program's thread: the system's file dialogs and picture decoders need it.
+class Com {
+  public:
+    Com() : started_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+    ~Com() {
+        if (started_) CoUninitialize();
+    }
+    Com(const Com&) = delete;
+    Com& operator=(const Com&) = delete;
+
+  private:
+    bool started_;
+};
+
+struct FreeLocal {
+    void operator()(wchar_t** words) const { LocalFree(words); }
+};
+
+void open_arguments(mfrmMain& main) {
+    int count = 0;
+    const std::unique_ptr<wchar_t*, FreeLocal> words(CommandLineToArgvW(GetCommandLineW(), &count));
+    for (int i = 1; i < count; ++i)
+        main.open_file(std::filesystem::absolute(words.get()[i]).wstring());
+}
+
+int run(int show) {
+    const Com com;
+    const SettingsFile settings = SettingsFile::of_program();
+    frmSplash splash(KELVANE_VERSION);
+    mfrmMain main(settings); // sets the language
+    splash.show_modeless(nullptr);
+    ShowWindow(main.window(), show);
+    UpdateWindow(main.window());
+    {
+        const win::WindowContext screen(nullptr);
+        main.check_colour_depth(GetDeviceCaps(screen.get(), BITSPIXEL));
+    }
+    open_arguments(main);
+    return main.run();
+}
+
+} // namespace
+} // namespace kelvane
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int show) {
+    // Libraries that are loaded by name never come from the folder of the last opened picture.
+    SetDllDirectoryW(L"");
+    try {
+        return kelvane::run(show);
+    } catch (const std::exception& error) {
+        kelvane::win::message_box(nullptr, kelvane::error_text(error), kelvane::kApplicationTitle,
+                                  MB_OK | MB_ICONERROR);
+        return 1;
+    }
+}

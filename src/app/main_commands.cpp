@@ -1,0 +1,264 @@
+// Commands of mfrmMain: how they are handed out, files, clipboard, scanner, windows, help.
+#include "app/main_window.h"
+
+#include "app/busy.h"
+#include "app/command_table.h"
+#include "app/error_text.h"
+#include "app/picture_clipboard.h"
+#include "app/scanner.h"
+#include "app/temporary_file.h"
+#include "dialogs/frmAbout.h"
+#include "dialogs/frmExport.h"
+#include "dialogs/frmLanguage.h"
+#include "dialogs/frmMsg3.h"
+#include "image/safe_file.h"
+#include "settings/catalogue.h"
+#include "settings/folders.h"
+#include "settings/string_table.h"
+#include "win/message_box.h"
+#include "win/platform_error.h"
+
+#include "ids.h"
+
+#include <filesystem>
+
+namespace kelvane {
+namespace {
+
+template <class... Visitors> struct Overloaded : Visitors... { using Visitors::operator()...; };
+
+void write_bytes(const std::wstring& file, const std::vector<std::uint8_t>& bytes) {
+    SafeFile out{std::filesystem::path(file)};
+    out.write({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    out.commit();
+}
+
+// "logo.scr" for the picture "logo.png".
+std::wstring script_name(const ImageDocument& document) {
+    const std::wstring title = document.FileTitle();
+    return title.substr(0, title.rfind(L'.')) + L".scr";
+}
+
+} // namespace
+
+void mfrmMain::command(unsigned id) {
+    if (refuse_while_busy()) return;
+    try {
+        if (id >= kCmdRecent1 && id <= kCmdRecent4)
+            open_recent(static_cast<int>(id) - kCmdRecent1 + 1);
+        else
+            perform(*find_command(id));
+    } catch (const std::exception& error) {
+        show_failure(error);
+    }
+}
+
+void mfrmMain::perform(const MenuEntry& entry) {
+    std::visit(Overloaded{[](std::monostate) {},
+                          [this](Operation operation) {
+                              if (frmImage* form = GetActiveform()) process(*form, operation);
+                          },
+                          [this](FormAction action) {
+                              if (frmImage* form = GetActiveform()) (this->*action)(*form);
+                          },
+                          [this](MainAction action) { (this->*action)(); }},
+               entry.action);
+}
+
+frmImage* mfrmMain::GetActiveform() {
+    frmImage* form = active_form();
+    if (form == nullptr)
+        win::message_box(window(), LoadString(IDS_SELECT_IMAGE), kApplicationTitle,
+                         MB_OK | MB_ICONINFORMATION);
+    return form;
+}
+
+void mfrmMain::process(frmImage& form, const std::function<void(ImageDocument&)>& operation) {
+    try {
+        const Busy busy(busy_);
+        operation(form.document());
+    } catch (const std::exception& error) {
+        show_error(IDS_IMAGE_PROCESS_ERROR, error_text(error));
+    }
+    ShowProgress(false);
+    form.Render();
+    form_activated(form); // the size may have changed
+}
+
+frmImage& mfrmMain::new_form() {
+    MainServices& services = *this;
+    return *forms_.emplace_back(std::make_unique<frmImage>(services, mdi_client_));
+}
+
+void mfrmMain::discard(frmImage& form) {
+    SendMessageW(mdi_client_, WM_MDIDESTROY, reinterpret_cast<WPARAM>(form.window()), 0);
+}
+
+void mfrmMain::open_file(const std::wstring& file) {
+    frmImage& form = new_form();
+    if (!form.OpenFile(file, false)) discard(form);
+}
+
+void mfrmMain::open_temporary(const std::wstring& file) {
+    frmImage& form = new_form();
+    if (!form.OpenFile(file, true)) discard(form);
+}
+
+void mfrmMain::open_recent(int i) {
+    if (recent_.FileExists(i) && !recent_.fileflag(i)) open_file(recent_.file(i));
+}
+
+void mfrmMain::open_dropped(HDROP drop) {
+    const bool refused = refuse_while_busy();
+    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count && !refused; ++i) {
+        std::wstring file(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
+        file.resize(DragQueryFileW(drop, i, file.data(), static_cast<UINT>(file.size())));
+        try {
+            open_file(file);
+        } catch (const std::exception& error) {
+            show_failure(error);
+        }
+    }
+    DragFinish(drop);
+}
+
+bool mfrmMain::QueryUnload() {
+    for (const auto& form : forms_)
+        if (form->document().Dirty() && !form->QuerySave()) return false;
+    recent_.Save(settings_);
+    return true;
+}
+
+// File menu.
+
+void mfrmMain::open() {
+    win::FileQuestion question;
+    question.filter = LoadString(IDS_FILTER_PICTURES);
+    question.folder = open_folder_;
+    const auto file = win::ask_open_file(window(), question);
+    if (!file) return;
+    open_folder_ = ExistingFolderOf(*file);
+    write_setting(settings_, settings::kOpenFolder, open_folder_);
+    open_file(*file);
+}
+
+void mfrmMain::save(frmImage& form) {
+    form.SaveFile();
+}
+
+void mfrmMain::export_script(frmImage& form) {
+    frmExport dialog(settings_, form.document().picture());
+    dialog.show_modal(window());
+    if (dialog.Cancelled) return;
+    win::FileQuestion question;
+    question.filter = LoadString(IDS_FILTER_SCRIPTS);
+    question.title = LoadString(IDS_EXPORT_FILE_TITLE);
+    question.proposal = script_name(form.document());
+    question.extension = L"SCR";
+    if (const auto file = ask_save_file(question)) write_script(form, *file, dialog.options());
+}
+
+void mfrmMain::write_script(frmImage& form, const std::wstring& file,
+                            const ExportOptions& options) {
+    ExportReport report;
+    try {
+        const Busy busy(busy_);
+        report = form.document().Vectorize(file, options);
+    } catch (const std::exception& error) {
+        show_error(IDS_EXPORT_ERROR, error_text(error));
+    }
+    ShowProgress(false);
+    if (report.RangeOVL) {
+        frmMsg3 warning;
+        warning.show_modal(window());
+        if (warning.DeleteScript) DeleteFileW(file.c_str());
+    }
+    form.Render();
+}
+
+void mfrmMain::select_source() {
+    const Busy busy(busy_);
+    Scanner().TWAIN_SelectImageSource(window());
+}
+
+void mfrmMain::acquire() {
+    const TemporaryFile file;
+    try {
+        const Busy busy(busy_);
+        if (!Scanner().TWAIN_AcquireToFilename(window(), file.path())) return;
+    } catch (const PlatformError& error) {
+        show_error(IDS_SCAN_ERROR, error_text(error));
+        return;
+    }
+    open_temporary(file.path());
+}
+
+void mfrmMain::close_form(frmImage& form) {
+    SendMessageW(form.window(), WM_CLOSE, 0, 0); // which asks first
+}
+
+void mfrmMain::exit() {
+    SendMessageW(window(), WM_CLOSE, 0, 0);
+}
+
+// Edit menu.
+
+void mfrmMain::undo(frmImage& form) {
+    process(form, [](ImageDocument& document) { document.Undo(); });
+}
+
+void mfrmMain::copy(frmImage& form) {
+    form.CopyImage();
+}
+
+void mfrmMain::paste() {
+    try {
+        const std::vector<std::uint8_t> bitmap = bitmap_file_from_clipboard(window());
+        const TemporaryFile file;
+        write_bytes(file.path(), bitmap);
+        open_temporary(file.path());
+    } catch (const std::exception& error) {
+        show_error(IDS_PASTE_ERROR, error_text(error));
+    }
+}
+
+// Window menu.
+
+void mfrmMain::arrange(UINT message, WPARAM how) {
+    SendMessageW(mdi_client_, message, how, 0);
+}
+
+void mfrmMain::tile_horizontally() {
+    arrange(WM_MDITILE, MDITILE_HORIZONTAL);
+}
+
+void mfrmMain::tile_vertically() {
+    arrange(WM_MDITILE, MDITILE_VERTICAL);
+}
+
+void mfrmMain::cascade() {
+    arrange(WM_MDICASCADE, 0);
+}
+
+void mfrmMain::arrange_icons() {
+    arrange(WM_MDIICONARRANGE, 0);
+}
+
+// Help menu.
+
+void mfrmMain::help() {
+    help_.show(window());
+}
+
+void mfrmMain::about() {
+    frmAbout(KELVANE_VERSION).show_modal(window());
+}
+
+void mfrmMain::language() {
+    frmLanguage dialog(settings_);
+    dialog.show_modal(window());
+    if (dialog.changed) loadLanguage();
+}
+
+} // namespace kelvane

@@ -1,0 +1,108 @@
+// Commands of mfrmMain whose dialogs ask how to change the picture.
+#include "app/main_window.h"
+
+#include "app/busy.h"
+#include "app/error_text.h"
+#include "dialogs/frmCombination.h"
+#include "dialogs/frmCustomFilter.h"
+#include "dialogs/frmHue.h"
+#include "dialogs/frmNewSize.h"
+#include "dialogs/frmNoise.h"
+#include "dialogs/frmPalette.h"
+#include "dialogs/frmSW.h"
+
+#include "ids.h"
+
+namespace kelvane {
+namespace {
+
+Combination::Part part_of(const frmCombination& dialog, std::size_t i) {
+    const auto& [red, green, blue] = dialog.Offset[i];
+    return {dialog.Multiplier[i], red, green, blue};
+}
+
+} // namespace
+
+void mfrmMain::add_noise(frmImage& form) {
+    frmNoise dialog(form.document().picture());
+    dialog.show_modal(window());
+    if (dialog.Cancelled) return;
+    process(form,
+            [&](ImageDocument& document) { document.AddNoise(dialog.Random, dialog.Percent); });
+}
+
+void mfrmMain::custom_filter(frmImage& form) {
+    frmCustomFilter dialog(custom_filter_);
+    dialog.show_modal(window());
+    if (dialog.Cancelled) return;
+    process(form, [&](ImageDocument& document) {
+        document.LoadCustomFilter(custom_filter_);
+        document.ProcessImage(kCustom);
+    });
+}
+
+void mfrmMain::resample(frmImage& form) {
+    frmNewSize dialog(settings_, form.document().ImageWidth(), form.document().ImageHeight());
+    dialog.show_modal(window());
+    if (dialog.Cancelled) return;
+    process(form,
+            [&](ImageDocument& document) { document.Resample(dialog.NewWidth, dialog.NewHeight); });
+}
+
+void mfrmMain::combine(frmImage&) {
+    std::vector<CombinationSource> sources;
+    for (const auto& form : forms_)
+        sources.push_back({form->document().FileTitle(), &form->document().picture()});
+    frmCombination dialog(sources);
+    dialog.show_modal(window());
+    if (dialog.Cancelled) return;
+
+    Combination combination;
+    combination.type = static_cast<Combination::Type>(dialog.CombinationType);
+    combination.width = dialog.NewImageWidth;
+    combination.height = dialog.NewImageHeight;
+    for (std::size_t i = 0; i < 2; ++i) {
+        combination.sources[i] = sources[static_cast<std::size_t>(dialog.ImageSource[i])].picture;
+        combination.parts[i] = part_of(dialog, i);
+    }
+    frmImage& combined = new_form();
+    process(combined, [&](ImageDocument& document) { document.Combine(combination); });
+    if (combined.document().picture().empty())
+        discard(combined); // it failed, and the message has said so
+    else
+        combined.show_new();
+}
+
+void mfrmMain::colourise(frmImage& form) {
+    frmHue dialog(form.document().picture());
+    dialog.show_modal(window());
+    if (dialog.Cancelled) return;
+    process(form, [&](ImageDocument& document) { document.Colourise(dialog.Hue); });
+}
+
+void mfrmMain::apply_palette(frmImage& form) {
+    frmPalette dialog(settings_);
+    dialog.show_modal(window());
+    if (dialog.Cancelled) return;
+    process(form, [&](ImageDocument& document) { document.ApplyPalette(dialog.FileName); });
+}
+
+void mfrmMain::reduce(frmImage& form) {
+    enum { kBrightness = 1, kColours, kEdges };
+    frmSW dialog(settings_, form.document().picture());
+    dialog.show_modal(window());
+    process(form, [&](ImageDocument& document) {
+        switch (dialog.result) {
+        case kBrightness:
+            return document.BlackAndWhite(dialog.limitvalue);
+        case kColours:
+            return document.lineArt(dialog.limitvalue, dialog.red, dialog.green, dialog.blue);
+        case kEdges:
+            return document.edgeDetect(dialog.limitvalue);
+        default:
+            return;
+        }
+    });
+}
+
+} // namespace kelvane

@@ -1,0 +1,110 @@
+#include "app/main_menu.h"
+
+#include "app/command_table.h"
+#include "settings/string_table.h"
+
+#include "ids.h"
+
+#include <algorithm>
+
+namespace kelvane {
+namespace {
+
+constexpr unsigned kRecentSeparator = kCmdLanguage + 1;
+
+std::wstring caption_of(const MenuEntry& entry) {
+    std::wstring caption = LoadString(entry.caption);
+    if (entry.shortcut.key == 0) return caption;
+    caption += L'\t';
+    if (entry.shortcut.control) caption += LoadString(IDS_KEY_CONTROL);
+    return caption + entry.shortcut.shown;
+}
+
+int position_in(HMENU parent, HMENU menu) {
+    int position = GetMenuItemCount(parent) - 1;
+    while (position >= 0 && GetSubMenu(parent, position) != menu)
+        --position;
+    return position;
+}
+
+void set_caption(HMENU menu, unsigned item, bool by_position, std::wstring caption) {
+    MENUITEMINFOW info{};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_STRING;
+    info.dwTypeData = caption.data();
+    SetMenuItemInfoW(menu, item, by_position, &info);
+}
+
+} // namespace
+
+MainMenu::MainMenu() : bar_(CreateMenu()) {
+    add_entries();
+    loadLanguage();
+}
+
+void MainMenu::add_entries() {
+    const auto table = command_table();
+    std::vector<HMENU> open{bar_}; // the menu in which entries of each depth go
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        const MenuEntry& entry = table[i];
+        open.resize(static_cast<std::size_t>(entry.depth) + 1);
+        const HMENU parent = open.back();
+        if (entry.caption == 0) {
+            AppendMenuW(parent, MF_SEPARATOR, 0, nullptr);
+        } else if (entry.command == kNoCommand) {
+            const HMENU menu = CreatePopupMenu();
+            AppendMenuW(parent, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), L"");
+            submenus_.push_back({parent, menu, entry.caption});
+            open.push_back(menu);
+        } else {
+            const bool dead = std::holds_alternative<std::monostate>(entry.action);
+            AppendMenuW(parent, MF_STRING | (dead ? MF_GRAYED : 0u), entry.command, L"");
+        }
+    }
+}
+
+HMENU MainMenu::window_menu() const {
+    const auto found = std::ranges::find(submenus_, IDS_MENU_WINDOW, &Submenu::caption);
+    return found->menu;
+}
+
+void MainMenu::loadLanguage() {
+    for (const Submenu& submenu : submenus_)
+        set_caption(submenu.parent,
+                    static_cast<unsigned>(position_in(submenu.parent, submenu.menu)), true,
+                    LoadString(submenu.caption));
+    for (const MenuEntry& entry : command_table())
+        if (entry.command != kNoCommand) set_caption(bar_, entry.command, false, caption_of(entry));
+}
+
+void MainMenu::show_recent(const cMRUFileList& files) {
+    for (unsigned id = kCmdRecent1; id <= kCmdRecent4; ++id)
+        DeleteMenu(bar_, id, MF_BYCOMMAND);
+    DeleteMenu(bar_, kRecentSeparator, MF_BYCOMMAND);
+    bool any = false;
+    for (int i = 1; i <= std::min(files.FileCount(), kRecentFiles); ++i) {
+        if (!files.FileExists(i)) continue;
+        const UINT state = files.fileflag(i) ? MF_GRAYED : MF_ENABLED;
+        InsertMenuW(bar_, kCmdClose, MF_BYCOMMAND | MF_STRING | state,
+                    static_cast<UINT_PTR>(kCmdRecent1 + i - 1), files.MenuCaption(i).c_str());
+        any = true;
+    }
+    if (any) InsertMenuW(bar_, kCmdClose, MF_BYCOMMAND | MF_SEPARATOR, kRecentSeparator, nullptr);
+}
+
+void MainMenu::enable(unsigned command, bool on) {
+    EnableMenuItem(bar_, command, MF_BYCOMMAND | (on ? MF_ENABLED : MF_GRAYED));
+}
+
+HACCEL create_shortcuts() {
+    std::vector<ACCEL> keys;
+    for (const MenuEntry& entry : command_table()) {
+        const Shortcut& shortcut = entry.shortcut;
+        if (shortcut.key == 0 || shortcut.handled_by_system) continue;
+        const int flags = FVIRTKEY | (shortcut.control ? FCONTROL : 0);
+        keys.push_back({static_cast<BYTE>(flags), shortcut.key, entry.command});
+    }
+    return CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size()));
+}
+
+} // namespace kelvane

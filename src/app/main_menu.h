@@ -1,0 +1,47 @@
+// The main window's menu bar, built from the command table.
+#pragma once
+
+#include "app/mru_file_list.h"
+
+#include <windows.h>
+
+#include <vector>
+
+namespace kelvane {
+
+/// Captions come from the string table, each with its shortcut behind a tab; they can be set anew
+/// while the menu is in use, because MDI adds entries of its own to bar and window menu.
+class MainMenu {
+  public:
+    /// Number of recent files that fit.
+    static constexpr int kRecentFiles = 4;
+
+    /// Builds the menu; the window that it is given to owns it.
+    MainMenu();
+    HMENU bar() const { return bar_; }
+    /// The menu to which MDI appends the open documents.
+    HMENU window_menu() const;
+
+    /// Sets every caption in the program's language. The bar has to be drawn again.
+    void loadLanguage();
+    /// Shows the recent files and a separator behind them; neither while there are none. A file
+    /// that the converter opens is greyed.
+    void show_recent(const cMRUFileList& files);
+    void enable(unsigned command, bool on);
+
+  private:
+    struct Submenu {
+        HMENU parent;
+        HMENU menu;
+        int caption;
+    };
+    void add_entries();
+
+    HMENU bar_;
+    std::vector<Submenu> submenus_;
+};
+
+/// The keys of the command table, as accelerators.
+HACCEL create_shortcuts();
+
+} // namespace kelvane

@@ -1,0 +1,245 @@
+#include "app/main_window.h"
+
+#include "app/command_table.h"
+#include "app/error_text.h"
+#include "settings/catalogue.h"
+#include "settings/folders.h"
+#include "settings/string_table.h"
+#include "win/message_box.h"
+#include "win/platform_error.h"
+
+#include "ids.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+namespace kelvane {
+namespace {
+
+constexpr const wchar_t* kClassName = L"KelvaneMain";
+constexpr const wchar_t* kHelpFile = L"\\EAGLE_Kelvane.chm";
+constexpr DWORD kPaintPause = 50; // milliseconds between two repaints in an operation
+
+HICON program_icon(int width_metric, int height_metric) {
+    return static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE),
+                                         IMAGE_ICON, GetSystemMetrics(width_metric),
+                                         GetSystemMetrics(height_metric), LR_SHARED));
+}
+
+bool is_input(UINT message) {
+    return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
+           (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) ||
+           (message >= WM_NCMOUSEMOVE && message <= WM_NCXBUTTONDBLCLK);
+}
+
+} // namespace
+
+mfrmMain::mfrmMain(SettingsFile settings)
+    : settings_(std::move(settings)), help_(program_folder() + kHelpFile) {
+    set_language_offset(read_setting(settings_, settings::kLanguage));
+    open_folder_ = read_setting(settings_, settings::kOpenFolder);
+    save_folder_ = read_setting(settings_, settings::kSaveFolder);
+    recent_.Load(settings_);
+    create();
+}
+
+mfrmMain::~mfrmMain() {
+    if (window() != nullptr) DestroyWindow(window()); // takes the documents along
+}
+
+void mfrmMain::create() {
+    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_BAR_CLASSES | ICC_PROGRESS_CLASS};
+    InitCommonControlsEx(&classes);
+    menu_ = std::make_unique<MainMenu>();
+    shortcuts_ = win::AcceleratorTable(create_shortcuts());
+
+    WNDCLASSEXW window_class{};
+    window_class.lpszClassName = kClassName;
+    window_class.hIcon = program_icon(SM_CXICON, SM_CYICON);
+    window_class.hIconSm = program_icon(SM_CXSMICON, SM_CYSMICON);
+    window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    register_class(window_class);
+    expect_window();
+    if (CreateWindowExW(WS_EX_ACCEPTFILES, kClassName, L"", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr,
+                        menu_->bar(), GetModuleHandleW(nullptr), nullptr) == nullptr)
+        throw PlatformError(GetLastError());
+    menu_->show_recent(recent_);
+    loadLanguage();
+}
+
+bool mfrmMain::create_children() {
+    status_bar_.create(window());
+    CLIENTCREATESTRUCT client{};
+    client.hWindowMenu = menu_->window_menu();
+    client.idFirstChild = kFirstChildId;
+    mdi_client_ =
+        CreateWindowExW(WS_EX_CLIENTEDGE, L"MDICLIENT", nullptr,
+                        WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_HSCROLL | WS_VSCROLL, 0, 0, 0,
+                        0, window(), nullptr, GetModuleHandleW(nullptr), &client);
+    return status_bar_.window() != nullptr && mdi_client_ != nullptr;
+}
+
+void mfrmMain::loadLanguage() {
+    const std::wstring title = LoadString(IDS_TITLE) + KELVANE_VERSION;
+    SetWindowTextW(window(), title.c_str());
+    menu_->loadLanguage();
+    DrawMenuBar(window());
+    for (const auto& form : forms_)
+        form->loadLanguage();
+}
+
+void mfrmMain::layout() {
+    RECT area{};
+    GetClientRect(window(), &area);
+    const int below = status_bar_.layout();
+    MoveWindow(mdi_client_, 0, 0, area.right, std::max<int>(area.bottom - below, 0), TRUE);
+}
+
+LRESULT mfrmMain::default_procedure(UINT message, WPARAM w, LPARAM l) {
+    return DefFrameProcW(window(), mdi_client_, message, w, l);
+}
+
+LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
+    switch (message) {
+    case WM_CREATE:
+        return create_children() ? 0 : -1;
+    case WM_SIZE:
+        layout();
+        return 0;
+    case WM_DPICHANGED: {
+        const auto& place = *reinterpret_cast<const RECT*>(l);
+        SetWindowPos(window(), nullptr, place.left, place.top, place.right - place.left,
+                     place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        layout();
+        return 0;
+    }
+    case WM_COMMAND:
+        if (LOWORD(w) >= kFirstChildId) break; // MDI's own: the list of documents
+        if (find_command(LOWORD(w)) == nullptr &&
+            !(LOWORD(w) >= kCmdRecent1 && LOWORD(w) <= kCmdRecent4))
+            break;
+        command(LOWORD(w));
+        return 0;
+    case WM_INITMENUPOPUP: {
+        const frmImage* form = active_form();
+        menu_->enable(kCmdUndo, form != nullptr && form->document().undoEnable());
+        break;
+    }
+    case WM_DROPFILES:
+        open_dropped(reinterpret_cast<HDROP>(w));
+        return 0;
+    case WM_SETCURSOR:
+        if (!busy_) break;
+        SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+        return TRUE;
+    case WM_QUERYENDSESSION:
+        return TRUE; // no questions while the system shuts down
+    case WM_ENDSESSION:
+        if (w) recent_.Save(settings_);
+        return 0;
+    case WM_CLOSE:
+        if (refuse_while_busy() || !QueryUnload()) return 0;
+        DestroyWindow(window());
+        return 0;
+    case WM_DESTROY:
+        PostQuitMessage(0);
+        break;
+    default:
+        break;
+    }
+    return default_procedure(message, w, l);
+}
+
+int mfrmMain::run() {
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0)
+        if (!translate(message)) DispatchMessageW(&message);
+    return static_cast<int>(message.wParam);
+}
+
+bool mfrmMain::translate(MSG& message) const {
+    if (TranslateMDISysAccel(mdi_client_, &message) ||
+        TranslateAcceleratorW(window(), shortcuts_.get(), &message))
+        return true;
+    TranslateMessage(&message);
+    return false;
+}
+
+void mfrmMain::ProgressValue(long position) {
+    status_bar_.ProgressValue(position);
+    if (GetTickCount() - last_paint_ < kPaintPause) return;
+    let_windows_paint();
+    last_paint_ = GetTickCount();
+}
+
+// Keys and clicks are dropped: they could start what has to wait, or a loop of their own (a menu,
+// the moving of a window) in the midst of the operation.
+void mfrmMain::let_windows_paint() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        if (!is_input(message.message)) DispatchMessageW(&message);
+    }
+}
+
+bool mfrmMain::refuse_while_busy() {
+    if (!busy_ && IsWindowEnabled(window())) return false; // a dialog disables the window
+    MessageBeep(MB_ICONEXCLAMATION);
+    SetStatus(LoadString(IDS_IMAGE_BUSY), L"#", L"#");
+    return true;
+}
+
+void mfrmMain::AddMRUFile(const std::wstring& file, bool flag) {
+    recent_.AddFile(file, flag);
+    menu_->show_recent(recent_);
+}
+
+std::optional<std::wstring> mfrmMain::ask_save_file(win::FileQuestion question) {
+    question.folder = save_folder_;
+    auto file = win::ask_save_file(window(), question);
+    if (file) {
+        save_folder_ = ExistingFolderOf(*file);
+        write_setting(settings_, settings::kSaveFolder, save_folder_);
+    }
+    return file;
+}
+
+void mfrmMain::show_error(int id, const std::wstring& cause) {
+    win::message_box(window(), LoadString(id) + cause, LoadString(IDS_ERROR_TITLE),
+                     MB_OK | MB_ICONEXCLAMATION);
+}
+
+void mfrmMain::show_failure(const std::exception& error) {
+    win::message_box(window(), error_text(error), LoadString(IDS_ERROR_TITLE),
+                     MB_OK | MB_ICONEXCLAMATION);
+}
+
+void mfrmMain::check_colour_depth(int bits_per_pixel) {
+    if (bits_per_pixel > 8) return;
+    win::message_box(
+        window(), LoadString(IDS_COLOUR_DEPTH) + L"\r\n\r\n" + LoadString(IDS_COLOUR_DEPTH_RESTART),
+        kApplicationTitle, MB_OK | MB_ICONEXCLAMATION);
+}
+
+frmImage* mfrmMain::active_form() const {
+    const auto active = reinterpret_cast<HWND>(SendMessageW(mdi_client_, WM_MDIGETACTIVE, 0, 0));
+    const auto found =
+        std::ranges::find_if(forms_, [&](const auto& form) { return form->window() == active; });
+    return active == nullptr || found == forms_.end() ? nullptr : found->get();
+}
+
+void mfrmMain::form_activated(frmImage& form) {
+    SetStatus(L"#", form.document().FileTitle(), form.size_text());
+}
+
+void mfrmMain::form_closed(frmImage& form) {
+    std::erase_if(forms_, [&](const auto& each) { return each.get() == &form; });
+    if (forms_.empty()) SetStatus(L"#", L"", L"");
+}
+
+} // namespace kelvane

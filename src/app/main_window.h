@@ -1,0 +1,138 @@
+// mfrmMain, the main window.
+#pragma once
+
+#include "app/help.h"
+#include "app/image_window.h"
+#include "app/main_menu.h"
+#include "app/main_services.h"
+#include "app/mru_file_list.h"
+#include "app/status_bar.h"
+#include "win/window.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kelvane {
+
+struct MenuEntry;
+
+/// The MDI frame: menu, status line, recent files, and every command, which it hands to the active
+/// document. It owns the documents. One per process: the language is the process's own.
+class mfrmMain : public win::Window, private MainServices {
+  public:
+    /// Takes language, folders and recent files from `settings` and makes the window, not shown
+    /// yet. Throws `PlatformError`, and `MissingTextError` when the settings name a language that
+    /// does not exist.
+    explicit mfrmMain(SettingsFile settings);
+    ~mfrmMain() override;
+
+    /// Opens a file in a new document and makes it the active one; failures are shown.
+    void open_file(const std::wstring& file);
+    /// Handles messages until the window is closed; the process's exit code.
+    int run();
+    /// Warns when the screen has too few bits per pixel.
+    void check_colour_depth(int bits_per_pixel);
+
+    /// The open documents in the order in which they were made.
+    const std::vector<std::unique_ptr<frmImage>>& forms() const { return forms_; }
+    /// The active document; null without one.
+    frmImage* active_form() const;
+    const StatusBar& status_bar() const { return status_bar_; }
+    const cMRUFileList& recent_files() const { return recent_; }
+
+  protected:
+    LRESULT on_message(UINT message, WPARAM w, LPARAM l) override;
+    LRESULT default_procedure(UINT message, WPARAM w, LPARAM l) override;
+
+  private:
+    friend struct CommandActions;
+
+    // Services for the documents.
+    HWND frame() const override { return window(); }
+    const SettingsFile& settings() const override { return settings_; }
+    void SetStatus(const std::wstring& message, const std::wstring& title,
+                   const std::wstring& size) override {
+        status_bar_.SetStatus(message, title, size);
+    }
+    void ProgressMax(long maximum) override { status_bar_.ProgressMax(maximum); }
+    void ProgressValue(long position) override;
+    void ShowProgress(bool show) override { status_bar_.ShowProgress(show); }
+    int NewImageIndex() override { return ++image_index_; }
+    void AddMRUFile(const std::wstring& file, bool flag) override;
+    std::optional<std::wstring> ask_save_file(win::FileQuestion question) override;
+    void show_error(int id, const std::wstring& cause) override;
+    bool refuse_while_busy() override;
+    void form_activated(frmImage& form) override;
+    void form_closed(frmImage& form) override;
+
+    // The window.
+    void create();
+    bool create_children();
+    void layout();
+    void loadLanguage();
+    bool translate(MSG& message) const;
+    void let_windows_paint();
+    void show_failure(const std::exception& error);
+
+    // Commands.
+    void command(unsigned id);
+    void perform(const MenuEntry& entry);
+    frmImage* GetActiveform();
+    void process(frmImage& form, const std::function<void(ImageDocument&)>& operation);
+    frmImage& new_form();
+    void discard(frmImage& form);
+    void open_recent(int i);
+    void open_dropped(HDROP drop);
+    void open_temporary(const std::wstring& file);
+    bool QueryUnload();
+    void arrange(UINT message, WPARAM how);
+
+    void open();
+    void save(frmImage& form);
+    void export_script(frmImage& form);
+    void write_script(frmImage& form, const std::wstring& file, const ExportOptions& options);
+    void select_source();
+    void acquire();
+    void close_form(frmImage& form);
+    void exit();
+    void undo(frmImage& form);
+    void copy(frmImage& form);
+    void paste();
+    void add_noise(frmImage& form);
+    void custom_filter(frmImage& form);
+    void resample(frmImage& form);
+    void combine(frmImage& form);
+    void colourise(frmImage& form);
+    void apply_palette(frmImage& form);
+    void reduce(frmImage& form);
+    void tile_horizontally();
+    void tile_vertically();
+    void cascade();
+    void arrange_icons();
+    void help();
+    void about();
+    void language();
+
+    SettingsFile settings_;
+    std::wstring open_folder_;
+    std::wstring save_folder_;
+    cMRUFileList recent_;
+    std::unique_ptr<MainMenu> menu_;
+    win::AcceleratorTable shortcuts_;
+    StatusBar status_bar_;
+    Help help_;
+    HWND mdi_client_ = nullptr;
+    std::vector<std::unique_ptr<frmImage>> forms_;
+    int image_index_ = 0;
+    cImageProcessDIB custom_filter_; // only carries the kernel typed in last
+    bool busy_ = false;              // an operation runs
+    DWORD last_paint_ = 0;           // tick count
+};
+
+} // namespace kelvane

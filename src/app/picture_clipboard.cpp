@@ -1,0 +1,74 @@
+#include "app/picture_clipboard.h"
+
+#include "app/error_text.h"
+#include "app/main_services.h"
+#include "settings/string_table.h"
+#include "win/clipboard.h"
+#include "win/message_box.h"
+#include "win/platform_error.h"
+
+#include "ids.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace kelvane {
+namespace {
+
+// Bytes between the header of a packed bitmap and its first row.
+std::size_t colour_bytes(const BITMAPINFOHEADER& header) {
+    const bool old_header = header.biSize == sizeof header;
+    if (header.biCompression == BI_BITFIELDS && old_header) return 3 * sizeof(DWORD);
+    std::size_t colours = header.biClrUsed;
+    if (colours == 0 && header.biBitCount <= 8) colours = std::size_t{1} << header.biBitCount;
+    return colours * sizeof(RGBQUAD);
+}
+
+win::Bitmap screen_bitmap(const cDIBSection& picture) {
+    const win::WindowContext screen(nullptr);
+    win::Bitmap bitmap(CreateCompatibleBitmap(screen.get(), picture.Width(), picture.Height()));
+    const win::MemoryContext memory(CreateCompatibleDC(screen.get()));
+    if (!bitmap || !memory) return {};
+    const win::Selected selected(memory.get(), bitmap.get());
+    PaintPicture(picture, memory.get(), 0, 0);
+    return bitmap;
+}
+
+} // namespace
+
+void PaintPicture(const cDIBSection& picture, HDC lHDC, int lDestLeft, int lDestTop) {
+    BitBlt(lHDC, lDestLeft, lDestTop, picture.Width(), picture.Height(),
+           static_cast<HDC>(picture.hdc()), 0, 0, SRCCOPY);
+}
+
+bool CopyToClipboard(const cDIBSection& picture, HWND owner, bool bAsDIB) {
+    if (bAsDIB) {
+        win::message_box(owner, LoadString(IDS_NO_DIB_TO_CLIPBOARD), kApplicationTitle, MB_OK);
+        return false;
+    }
+    win::Bitmap bitmap = screen_bitmap(picture);
+    if (!bitmap) return false;
+    try {
+        return win::Clipboard(owner).put(std::move(bitmap));
+    } catch (const PlatformError&) {
+        return false;
+    }
+}
+
+std::vector<std::uint8_t> bitmap_file_from_clipboard(HWND owner) {
+    const std::vector<std::uint8_t> packed = win::Clipboard(owner).packed_bitmap();
+    BITMAPINFOHEADER header{};
+    if (packed.size() < sizeof header) throw TextError(LoadString(IDS_CLIPBOARD_EMPTY));
+    std::memcpy(&header, packed.data(), sizeof header);
+
+    BITMAPFILEHEADER file{};
+    file.bfType = 0x4D42; // "BM"
+    file.bfSize = static_cast<DWORD>(sizeof file + packed.size());
+    file.bfOffBits = static_cast<DWORD>(sizeof file + header.biSize + colour_bytes(header));
+    std::vector<std::uint8_t> bytes(sizeof file + packed.size());
+    std::memcpy(bytes.data(), &file, sizeof file);
+    std::copy(packed.begin(), packed.end(), bytes.begin() + sizeof file);
+    return bytes;
+}
+
+} // namespace kelvane

@@ -1,0 +1,73 @@
+#include "app/scanner.h"
+
+#include "app/error_text.h"
+#include "settings/string_table.h"
+#include "win/platform_error.h"
+
+#include "ids.h"
+
+namespace kelvane {
+namespace {
+
+constexpr const wchar_t* kLibrary = L"EZTW32.DLL";
+
+// Everybody has it as a 32-bit library, so a 64-bit program that finds none or cannot load it
+// tells which program does.
+[[noreturn]] void refuse() {
+    constexpr bool k64Bit = sizeof(void*) == 8;
+    throw TextError(LoadString(k64Bit ? IDS_SCANNER_NEEDS_32_BIT : IDS_SCANNER_LIBRARY_MISSING));
+}
+
+template <class Function> Function function(HMODULE library, const char* name) {
+    const auto address = reinterpret_cast<void*>(GetProcAddress(library, name));
+    if (address == nullptr) refuse();
+    return reinterpret_cast<Function>(address);
+}
+
+// The library takes names in the 8-bit code page, which short names always fit.
+std::string narrow_name(const std::wstring& file) {
+    wchar_t name[MAX_PATH];
+    const DWORD length = GetShortPathNameW(file.c_str(), name, MAX_PATH);
+    const wchar_t* used = length > 0 && length < MAX_PATH ? name : file.c_str();
+    char narrow[MAX_PATH];
+    BOOL lost = FALSE;
+    const int size = WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, used, -1, narrow, MAX_PATH,
+                                         nullptr, &lost);
+    if (size == 0 || lost) throw PlatformError(ERROR_INVALID_NAME);
+    return narrow;
+}
+
+// What the library returns instead of 0.
+constexpr int kCancelled = -1;
+DWORD system_error(int result) {
+    switch (result) {
+    case -2:
+        return ERROR_OPEN_FAILED;
+    case -4:
+        return ERROR_WRITE_FAULT;
+    default:
+        return ERROR_INVALID_DATA;
+    }
+}
+
+} // namespace
+
+Scanner::Scanner() : library_(LoadLibraryW(kLibrary)) {
+    if (!library_) refuse();
+}
+
+void Scanner::TWAIN_SelectImageSource(HWND owner) const {
+    using Select = int(WINAPI*)(HWND);
+    function<Select>(library_.get(), "TWAIN_SelectImageSource")(owner);
+}
+
+bool Scanner::TWAIN_AcquireToFilename(HWND owner, const std::wstring& file) const {
+    using Acquire = int(WINAPI*)(HWND, const char*);
+    const auto acquire = function<Acquire>(library_.get(), "TWAIN_AcquireToFilename");
+    const int result = acquire(owner, narrow_name(file).c_str());
+    if (result == 0) return true;
+    if (result == kCancelled) return false;
+    throw PlatformError(system_error(result));
+}
+
+} // namespace kelvane

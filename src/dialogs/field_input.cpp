@@ -1,0 +1,53 @@
+#include "dialogs/field_input.h"
+
+#include "win/dialog.h"
+#include "win/message_box.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace kelvane {
+namespace {
+
+// Without the blanks at both ends. A character that no number has becomes a "?".
+std::string plain(std::wstring_view text) {
+    const std::size_t first = text.find_first_not_of(L" \t");
+    if (first == std::wstring_view::npos) return {};
+    text = text.substr(first, text.find_last_not_of(L" \t") - first + 1);
+    std::string result(text.size(), '?');
+    std::transform(text.begin(), text.end(), result.begin(),
+                   [](wchar_t c) { return c < 0x80 ? static_cast<char>(c) : '?'; });
+    return result;
+}
+
+template <class Number> std::optional<Number> whole_text(const std::string& text) {
+    Number value{};
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    if (error != std::errc{} || stop != end) return std::nullopt;
+    return value;
+}
+
+} // namespace
+
+std::optional<int> whole_number(std::wstring_view text) {
+    return whole_text<int>(plain(text));
+}
+
+std::optional<int> whole_number(std::wstring_view text, int lowest, int highest) {
+    const std::optional<int> value = whole_number(text);
+    return value && *value >= lowest && *value <= highest ? value : std::nullopt;
+}
+
+std::optional<double> decimal_number(std::wstring_view text) {
+    std::string point = plain(text);
+    std::replace(point.begin(), point.end(), ',', '.');
+    return whole_text<double>(point);
+}
+
+void refuse_field(HWND dialog, int field, const std::wstring& reason) {
+    win::message_box(dialog, reason, win::window_text(dialog), MB_OK | MB_ICONEXCLAMATION);
+    SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, field)), TRUE);
+}
+
+} // namespace kelvane

@@ -1,0 +1,27 @@
+// frmAbout: what the program is, and which version of it.
+#pragma once
+
+#include "win/dialog.h"
+#include "win/gdi.h"
+
+#include <string>
+
+namespace kelvane {
+
+/// Shows the program's name, version and purpose and starts the system's own report on itself.
+class frmAbout : public win::Dialog {
+  public:
+    /// `version` as shown ("1.2.3"). `system_info`: the program that reports on the system.
+    explicit frmAbout(std::wstring version, std::wstring system_info = L"msinfo32.exe");
+
+  protected:
+    void load() override;
+    void on_command(int control, int notification) override;
+
+  private:
+    std::wstring version_;
+    std::wstring system_info_;
+    win::Font large_;
+};
+
+} // namespace kelvane

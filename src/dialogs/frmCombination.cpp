@@ -1,0 +1,188 @@
+#include "dialogs/frmCombination.h"
+
+#include "dialogs/controls.h"
+#include "dialogs/field_input.h"
+#include "settings/string_table.h"
+
+#include "ids.h"
+
+namespace kelvane {
+namespace {
+
+constexpr Caption kCaptions[] = {
+    {IDC_COMBINE_FIRST_LABEL, IDS_COMBINE_FIRST},
+    {IDC_COMBINE_SECOND_LABEL, IDS_COMBINE_SECOND},
+    {IDC_COMBINE_MULTIPLIER_LABEL, IDS_COMBINE_MULTIPLIER},
+    {IDC_COMBINE_OFFSET_LABEL, IDS_COMBINE_OFFSET},
+    {IDC_COMBINE_FRAME, IDS_COMBINE_TYPE},
+    {IDC_COMBINE_ADD, IDS_COMBINE_ADD},
+    {IDC_COMBINE_LIGHTEST, IDS_COMBINE_LIGHTEST},
+    {IDC_COMBINE_DARKEST, IDS_COMBINE_DARKEST},
+    {IDC_COMBINE_RESAMPLED, IDS_COMBINE_RESAMPLED},
+    {IDC_COMBINE_PREVIEW_LABEL, IDS_COMBINE_PREVIEW},
+    {IDOK, IDS_COMBINE_OK},
+    {IDCANCEL, IDS_COMBINE_CANCEL},
+};
+
+// Enough to turn any byte into any other.
+constexpr int kLargestNumber = 255;
+
+// The controls of one picture.
+struct Row {
+    int list;
+    int multiplier;
+    int offset;
+};
+constexpr std::array<Row, 2> kRows{
+    Row{IDC_COMBINE_FIRST, IDC_COMBINE_MULTIPLIER_1, IDC_COMBINE_OFFSET_1},
+    Row{IDC_COMBINE_SECOND, IDC_COMBINE_MULTIPLIER_2, IDC_COMBINE_OFFSET_2}};
+
+} // namespace
+
+frmCombination::frmCombination(std::vector<CombinationSource> sources)
+    : Dialog(IDD_COMBINATION), sources_(std::move(sources)) {}
+
+void frmCombination::load() {
+    Cancelled = true;
+    set_title(LoadString(IDS_COMBINE_TITLE));
+    set_captions(window(), kCaptions);
+    for (const Row& row : kRows) {
+        set_text(row.multiplier, L"1");
+        set_text(row.offset, L"0");
+    }
+    check_radio(IDC_COMBINE_ADD, IDC_COMBINE_DARKEST, IDC_COMBINE_ADD);
+    fill_lists();
+    show_size();
+    load_preview();
+}
+
+void frmCombination::fill_lists() {
+    for (std::size_t i = 0; i < kRows.size(); ++i) {
+        const HWND list = control(kRows[i].list);
+        for (const CombinationSource& source : sources_)
+            add_entry(list, source.title);
+        select_entry(list, static_cast<int>(i)); // no entry where there are too few
+    }
+}
+
+// Null while no entry of the list is selected.
+const cDIBSection* frmCombination::chosen_picture(int list) const {
+    const int entry = selected_entry(control(list));
+    return entry < 0 ? nullptr : sources_[static_cast<std::size_t>(entry)].picture;
+}
+
+int frmCombination::chosen_type() const {
+    if (checked(IDC_COMBINE_LIGHTEST)) return 2;
+    return checked(IDC_COMBINE_DARKEST) ? 3 : 1;
+}
+
+void frmCombination::show_size() {
+    const cDIBSection* first = chosen_picture(IDC_COMBINE_FIRST);
+    const cDIBSection* second = chosen_picture(IDC_COMBINE_SECOND);
+    set_text(IDC_COMBINE_NEW_SIZE,
+             first == nullptr
+                 ? std::wstring()
+                 : LoadString(IDS_COMBINE_NEW_SIZE,
+                              {std::to_wstring(first->Width()), std::to_wstring(first->Height())}));
+    const bool sizes_differ =
+        first != nullptr && second != nullptr &&
+        (first->Width() != second->Width() || first->Height() != second->Height());
+    ShowWindow(control(IDC_COMBINE_RESAMPLED), sizes_differ ? SW_SHOW : SW_HIDE);
+}
+
+// Only the weighted sum has numbers.
+void frmCombination::show_type() {
+    for (const Row& row : kRows) {
+        enable(row.multiplier, chosen_type() == 1);
+        enable(row.offset, chosen_type() == 1);
+    }
+}
+
+void frmCombination::load_preview() {
+    const cDIBSection* first = chosen_picture(IDC_COMBINE_FIRST);
+    const cDIBSection* second = chosen_picture(IDC_COMBINE_SECOND);
+    preview_ = first == nullptr ? LivePreview() : LivePreview(*first);
+    second_ =
+        second == nullptr ? cDIBSection() : second->Resample(preview_.height(), preview_.width());
+    show_preview();
+}
+
+// Numbers that are being typed and are none yet leave the preview as it is.
+void frmCombination::show_preview() {
+    if (chosen_type() == 1 && read_numbers() != 0) return;
+    preview_.show(control(IDC_COMBINE_PREVIEW), [this](cDIBSection& first) { combine(first); });
+}
+
+void frmCombination::combine(cDIBSection& first) {
+    if (first.empty() || second_.empty()) return;
+    cDIBSection target = second_.Copy();
+    switch (chosen_type()) {
+    case 2:
+        engine_.AddLightest(first, target);
+        break;
+    case 3:
+        engine_.AddDarkest(first, target);
+        break;
+    default:
+        engine_.AddImages(first, target, Multiplier[0], Offset[0][0], Offset[0][1], Offset[0][2],
+                          Multiplier[1], Offset[1][0], Offset[1][1], Offset[1][2]);
+    }
+    first = std::move(target);
+}
+
+void frmCombination::on_command(int control, int notification) {
+    if (notification == CBN_SELCHANGE) {
+        show_size();
+        load_preview();
+    } else if (control >= IDC_COMBINE_ADD && control <= IDC_COMBINE_DARKEST) {
+        show_type();
+        show_preview();
+    } else if (notification == EN_CHANGE) {
+        show_preview();
+    }
+}
+
+INT_PTR frmCombination::on_message(UINT message, WPARAM /*w*/, LPARAM l) {
+    if (message != WM_DRAWITEM) return FALSE;
+    preview_.draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
+    return TRUE;
+}
+
+// The first field that holds no number that is allowed; 0 when all have been read.
+int frmCombination::read_numbers() {
+    for (std::size_t i = 0; i < kRows.size(); ++i) {
+        const auto multiplier =
+            whole_number(text(kRows[i].multiplier), -kLargestNumber, kLargestNumber);
+        if (!multiplier) return kRows[i].multiplier;
+        const auto offset = whole_number(text(kRows[i].offset), -kLargestNumber, kLargestNumber);
+        if (!offset) return kRows[i].offset;
+        Multiplier[i] = *multiplier;
+        Offset[i].fill(*offset);
+    }
+    return 0;
+}
+
+bool frmCombination::confirm() {
+    for (std::size_t i = 0; i < kRows.size(); ++i) {
+        ImageSource[i] = selected_entry(control(kRows[i].list));
+        if (ImageSource[i] < 0) {
+            refuse_field(window(), kRows[i].list, LoadString(IDS_COMBINE_SELECT_TWO));
+            return false;
+        }
+    }
+    CombinationType = chosen_type();
+    const int wrong = CombinationType == 1 ? read_numbers() : 0;
+    if (wrong != 0) {
+        refuse_field(window(), wrong,
+                     LoadString(IDS_COMBINE_INVALID, {std::to_wstring(-kLargestNumber),
+                                                      std::to_wstring(kLargestNumber)}));
+        return false;
+    }
+    const cDIBSection& first = *chosen_picture(IDC_COMBINE_FIRST);
+    NewImageWidth = first.Width();
+    NewImageHeight = first.Height();
+    Cancelled = false;
+    return true;
+}
+
+} // namespace kelvane

@@ -1,0 +1,175 @@
+#include "dialogs/frmCustomFilter.h"
+
+#include "dialogs/controls.h"
+#include "win/key_filter.h"
+
+#include "ids.h"
+
+namespace kelvane {
+namespace {
+
+constexpr Caption kCaptions[] = {
+    {IDC_CUSTOM_BASE_LABEL, IDS_CUSTOM_BASE_ON},
+    {IDC_CUSTOM_WEIGHT_LABEL, IDS_CUSTOM_WEIGHT},
+    {IDC_CUSTOM_AUTO, IDS_CUSTOM_AUTO},
+    {IDOK, IDS_CUSTOM_OK},
+    {IDCANCEL, IDS_CUSTOM_CANCEL},
+};
+
+constexpr int kKeep = 0;
+constexpr int kReset = -1;
+
+// The list of starting kernels: what to do, or the filter type whose kernel to take.
+struct Base {
+    int text;
+    int filter;
+};
+constexpr Base kBases[] = {
+    {IDS_CUSTOM_BASE_NONE, kKeep},       {IDS_CUSTOM_BASE_RESET, kReset},
+    {IDS_CUSTOM_BASE_BLUR, kBlur},       {IDS_CUSTOM_BASE_BLUR_MORE, kBlurMore},
+    {IDS_CUSTOM_BASE_SOFTEN, kSoften},   {IDS_CUSTOM_BASE_SOFTEN_MORE, kSoftenMore},
+    {IDS_CUSTOM_BASE_SHARPEN, kSharpen}, {IDS_CUSTOM_BASE_SHARPEN_MORE, kSharpenMore},
+};
+
+// Characters a field takes: as many as its largest number has digits.
+constexpr int kCellLength = 5;
+constexpr int kWeightLength = 9;
+constexpr int kLargestWeight = 999999999;
+
+bool in_whole_numbers(wchar_t character) {
+    return (character >= L'0' && character <= L'9') || character == L'-';
+}
+
+bool is_cell(int id) {
+    return id >= IDC_CUSTOM_CELL && id < IDC_CUSTOM_CELL + KernelGrid::kCells;
+}
+
+FilterKernel current_kernel(const cImageProcessDIB& engine) {
+    FilterKernel kernel(engine.FilterArraySize(), engine.FilterWeight());
+    for (int y = -kernel.half(); y <= kernel.half(); ++y)
+        for (int x = -kernel.half(); x <= kernel.half(); ++x)
+            kernel.set_cell(x, y, engine.FilterValue(x, y));
+    return kernel;
+}
+
+} // namespace
+
+frmCustomFilter::frmCustomFilter(cImageProcessDIB& engine)
+    : Dialog(IDD_CUSTOM), ImageProcess(engine) {}
+
+void frmCustomFilter::load() {
+    Cancelled = true;
+    set_title(LoadString(IDS_CUSTOM_TITLE));
+    set_captions(window(), kCaptions);
+    for (const Base& base : kBases)
+        add_entry(control(IDC_CUSTOM_BASE), LoadString(base.text));
+    select_entry(control(IDC_CUSTOM_BASE), 0);
+    prepare_fields();
+    show_start();
+}
+
+void frmCustomFilter::prepare_fields() const {
+    for (int cell = 0; cell < KernelGrid::kCells; ++cell) {
+        const HWND field = control(IDC_CUSTOM_CELL + cell);
+        SendMessageW(field, EM_LIMITTEXT, kCellLength, 0);
+        win::filter_keys(field, in_whole_numbers);
+    }
+    SendMessageW(control(IDC_CUSTOM_WEIGHT), EM_LIMITTEXT, kWeightLength, 0);
+    win::filter_keys(control(IDC_CUSTOM_WEIGHT), in_whole_numbers);
+}
+
+void frmCustomFilter::show_start() {
+    const bool again =
+        ImageProcess.FilterType() == kCustom && ImageProcess.FilterArraySize() <= KernelGrid::kSide;
+    const KernelGrid grid =
+        again ? KernelGrid::around(current_kernel(ImageProcess)) : KernelGrid::reset();
+    const int weight = again ? ImageProcess.FilterWeight() : grid.sum();
+    show_grid(grid);
+    set_text(IDC_CUSTOM_WEIGHT, std::to_wstring(weight));
+    check(IDC_CUSTOM_AUTO, weight == grid.sum());
+}
+
+void frmCustomFilter::show_grid(const KernelGrid& grid) {
+    for (int cell = 0; cell < KernelGrid::kCells; ++cell) {
+        grid_.set_value(cell, grid.value(cell));
+        grey_[static_cast<std::size_t>(cell)] = grid.value(cell) == 0;
+        set_text(IDC_CUSTOM_CELL + cell, std::to_wstring(grid.value(cell)));
+    }
+}
+
+void frmCustomFilter::on_command(int id, int notification) {
+    if (is_cell(id) && notification == EN_CHANGE) cell_changed(id - IDC_CUSTOM_CELL);
+    if (is_cell(id) && notification == EN_SETFOCUS) SendMessageW(control(id), EM_SETSEL, 0, -1);
+    if (id == IDC_CUSTOM_BASE && notification == CBN_SELCHANGE) base_chosen();
+    if (id == IDC_CUSTOM_AUTO && checked(IDC_CUSTOM_AUTO)) calculate_weight();
+}
+
+void frmCustomFilter::cell_changed(int cell) {
+    const auto value = whole_number(text(IDC_CUSTOM_CELL + cell), KernelGrid::kLargestValue);
+    const auto place = static_cast<std::size_t>(cell);
+    grid_.set_value(cell, value.value_or(0));
+    if (value && grey_[place] != (*value == 0)) {
+        grey_[place] = *value == 0;
+        InvalidateRect(control(IDC_CUSTOM_CELL + cell), nullptr, TRUE);
+    }
+    if (checked(IDC_CUSTOM_AUTO)) calculate_weight();
+}
+
+void frmCustomFilter::base_chosen() {
+    const int chosen = selected_entry(control(IDC_CUSTOM_BASE));
+    if (chosen < 0) return;
+    const Base& base = kBases[chosen];
+    if (base.filter == kReset) show_grid(KernelGrid::reset());
+    if (base.filter <= kKeep) return;
+    const FilterKernel kernel = predefined_kernel(base.filter);
+    show_grid(KernelGrid::around(kernel));
+    set_text(IDC_CUSTOM_WEIGHT, std::to_wstring(kernel.weight()));
+}
+
+void frmCustomFilter::calculate_weight() const {
+    set_text(IDC_CUSTOM_WEIGHT, std::to_wstring(grid_.sum()));
+}
+
+bool frmCustomFilter::confirm() {
+    const int weight = whole_number(text(IDC_CUSTOM_WEIGHT), kLargestWeight).value_or(0);
+    const auto radius = grid_.radius();
+    if (!radius) return refuse(IDS_CUSTOM_BLACK, IDC_CUSTOM_CELL + KernelGrid::kCentre);
+    if (*radius == 0) return refuse(IDS_CUSTOM_TOO_SMALL, IDC_CUSTOM_CELL + KernelGrid::kCentre);
+    // The engine runs no filter that divides by 0, so the picture would silently stay as it is.
+    if (weight == 0) return refuse(IDS_CUSTOM_BLACK, IDC_CUSTOM_WEIGHT);
+    hand_over(grid_.kernel(weight));
+    Cancelled = false;
+    return true;
+}
+
+// Says why the filter cannot be taken and leads to the field where that is put right.
+bool frmCustomFilter::refuse(int text_id, int field) const {
+    win::message_box(window(), LoadString(text_id), LoadString(IDS_CUSTOM_TITLE),
+                     MB_OK | MB_ICONINFORMATION);
+    SendMessageW(window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(field)), TRUE);
+    return false;
+}
+
+void frmCustomFilter::hand_over(const FilterKernel& kernel) {
+    ImageProcess.set_FilterType(kCustom);
+    ImageProcess.set_FilterArraySize(kernel.size());
+    ImageProcess.set_FilterWeight(kernel.weight());
+    for (int y = -kernel.half(); y <= kernel.half(); ++y)
+        for (int x = -kernel.half(); x <= kernel.half(); ++x)
+            ImageProcess.set_FilterValue(x, y, kernel.cell(x, y));
+}
+
+INT_PTR frmCustomFilter::on_message(UINT message, WPARAM w, LPARAM l) {
+    if (message != WM_CTLCOLOREDIT) return FALSE;
+    const int id = GetDlgCtrlID(reinterpret_cast<HWND>(l));
+    return is_cell(id) ? cell_brush(reinterpret_cast<HDC>(w), id - IDC_CUSTOM_CELL) : FALSE;
+}
+
+INT_PTR frmCustomFilter::cell_brush(HDC context, int cell) const {
+    const int colour = grey_[static_cast<std::size_t>(cell)] ? COLOR_BTNFACE : COLOR_WINDOW;
+    SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
+    SetBkColor(context, GetSysColor(colour));
+    return reinterpret_cast<INT_PTR>(GetSysColorBrush(colour));
+}
+
+} // namespace kelvane

@@ -1,0 +1,45 @@
+// frmCustomFilter: a convolution kernel of up to 7 x 7 coefficients, typed in.
+#pragma once
+
+#include "dialogs/kernel_grid.h"
+#include "engine/image_process.h"
+#include "win/dialog.h"
+
+#include <bitset>
+
+namespace kelvane {
+
+class frmCustomFilter : public win::Dialog {
+  public:
+    /// The engine that gets the filter, as its custom one. When it has a custom filter already,
+    /// the grid starts with that; otherwise with the kernel that changes nothing.
+    explicit frmCustomFilter(cImageProcessDIB& engine);
+
+    cImageProcessDIB& ImageProcess;
+    /// True when the dialog was left without OK; the engine is as it was then.
+    bool Cancelled = true;
+
+  protected:
+    void load() override;
+    bool confirm() override;
+    void on_command(int id, int notification) override;
+    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+
+  private:
+    void prepare_fields() const;
+    void show_start();
+    void show_grid(const KernelGrid& grid);
+    void cell_changed(int cell);
+    void base_chosen();
+    void calculate_weight() const;
+    bool refuse(int text, int field) const;
+    void hand_over(const FilterKernel& kernel);
+    INT_PTR cell_brush(HDC context, int cell) const;
+
+    /// What the cells hold; text that is no number counts as 0.
+    KernelGrid grid_;
+    /// Cells shown as having no part in the filter.
+    std::bitset<KernelGrid::kCells> grey_;
+};
+
+} // namespace kelvane

@@ -1,0 +1,40 @@
+// frmExport: what an export to an EAGLE script is to look like, with a preview of what is traced.
+#pragma once
+
+#include "dialogs/export_choices.h"
+#include "image/dib_section.h"
+#include "win/dialog.h"
+
+namespace kelvane {
+
+class frmExport : public win::Dialog {
+  public:
+    /// `picture` is only read, and must live as long as the dialog.
+    frmExport(const SettingsFile& settings, const cDIBSection& picture);
+
+    /// True when the dialog was left without OK; nothing was remembered then.
+    bool Cancelled = true;
+    /// The export asked for, after OK.
+    ExportOptions options() const { return choices_.options(); }
+
+    /// Makes the preview anew: the picture reduced as an export reduces it, then scaled.
+    void loadPreview();
+    const cDIBSection& preview() const { return preview_; }
+
+  protected:
+    void load() override;
+    bool confirm() override;
+    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+
+  private:
+    void fill_lists() const;
+    void show_choices() const;
+    ExportChoices read_controls() const;
+
+    const SettingsFile& settings_;
+    const cDIBSection& picture_;
+    ExportChoices choices_;
+    cDIBSection preview_;
+};
+
+} // namespace kelvane

@@ -1,0 +1,41 @@
+// frmNewSize: the size that a picture is resampled to.
+#pragma once
+
+#include "settings/settings_file.h"
+#include "win/dialog.h"
+
+namespace kelvane {
+
+/// Starts with the size that was confirmed last, or with the picture's own when there was none.
+/// Width and height follow each other as long as the picture's ratio is to be kept.
+class frmNewSize : public win::Dialog {
+  public:
+    /// Two sides of this length, in pixels, are the largest square that a picture buffer holds;
+    /// no side may be longer, so that every pair fits.
+    static constexpr int kLongestSide = 26754;
+
+    /// `width` and `height`: the picture's size in pixels, at least 1.
+    frmNewSize(const SettingsFile& settings, int width, int height);
+
+    bool Cancelled = true;
+    /// Pixels, 1 to `kLongestSide`; valid unless `Cancelled`.
+    int NewWidth = 0;
+    int NewHeight = 0;
+
+  protected:
+    void load() override;
+    bool confirm() override;
+    void on_command(int control, int notification) override;
+
+  private:
+    void show_size(int width, int height);
+    void follow_width();
+    void follow_height();
+
+    const SettingsFile& settings_;
+    int width_;
+    int height_;
+    bool following_ = false; // a field is being filled by the other one
+};
+
+} // namespace kelvane

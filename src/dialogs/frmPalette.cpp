@@ -1,0 +1,149 @@
+#include "dialogs/frmPalette.h"
+
+#include "dialogs/controls.h"
+#include "dialogs/field_input.h"
+#include "image/file_error.h"
+#include "settings/catalogue.h"
+#include "settings/folders.h"
+#include "win/file_dialogs.h"
+
+#include "ids.h"
+
+#include <algorithm>
+#include <set>
+#include <span>
+
+namespace kelvane {
+namespace {
+
+constexpr Caption kCaptions[] = {
+    {IDC_PALETTE_FILE_LABEL, IDS_PALETTE_FILE},
+    {IDC_PALETTE_BROWSE, IDS_PALETTE_BROWSE},
+    {IDOK, IDS_PALETTE_OK},
+    {IDCANCEL, IDS_PALETTE_CANCEL},
+};
+
+// Squares of colour: no larger than this, and with a gap between them from the second number on.
+constexpr int kLargestSquare = 24;
+constexpr int kSmallestWithGap = 5;
+
+// By name the first palette file of a folder; empty when there is none.
+std::filesystem::path first_palette(const std::filesystem::path& folder) {
+    std::set<std::filesystem::path> found;
+    std::error_code error;
+    for (std::filesystem::directory_iterator at(folder, error), end; !error && at != end;
+         at.increment(error)) {
+        if (_wcsicmp(at->path().extension().c_str(), L".pal") == 0) found.insert(at->path());
+    }
+    return found.empty() ? std::filesystem::path() : *found.begin();
+}
+
+// Side of the largest squares of which `count` fit into an area.
+int square_side(int width, int height, int count) {
+    int side = kLargestSquare;
+    while (side > 1 && (width / side) * (height / side) < count)
+        --side;
+    return side;
+}
+
+void draw_colours(const DRAWITEMSTRUCT& box, std::span<const cPalette::Colour> colours) {
+    const RECT& area = box.rcItem;
+    FillRect(box.hDC, &area, GetSysColorBrush(COLOR_BTNFACE));
+    const int width = area.right - area.left;
+    const int side = square_side(width, area.bottom - area.top, static_cast<int>(colours.size()));
+    const int drawn = side >= kSmallestWithGap ? side - 1 : side;
+    const int columns = std::max(width / side, 1);
+    int index = 0;
+    for (const cPalette::Colour& colour : colours) {
+        const LONG left = area.left + index % columns * side;
+        const LONG top = area.top + index / columns * side;
+        const RECT square{left, top, left + drawn, top + drawn};
+        SetDCBrushColor(box.hDC, RGB(colour[0], colour[1], colour[2]));
+        FillRect(box.hDC, &square, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+        ++index;
+    }
+}
+
+} // namespace
+
+frmPalette::frmPalette(const SettingsFile& settings) : Dialog(IDD_PALETTE), settings_(settings) {}
+
+void frmPalette::load() {
+    Cancelled = true;
+    set_title(LoadString(IDS_PALETTE_TITLE));
+    set_captions(window(), kCaptions);
+    if (FileName.empty()) FileName = first_palette(program_folder());
+    set_text(IDC_PALETTE_FILE, FileName.wstring());
+    read_colours();
+}
+
+// Reads the file whose name stands in the field and shows its colours. What is wrong with it;
+// empty for a good one.
+std::wstring frmPalette::read_colours() {
+    const std::wstring file = text(IDC_PALETTE_FILE);
+    palette_ = cPalette();
+    std::wstring wrong;
+    if (file.empty()) {
+        wrong = LoadString(IDS_PALETTE_SELECT);
+    } else {
+        try {
+            palette_ = read_palette(file);
+            if (palette_.Count() == 0) wrong = LoadString(IDS_PALETTE_EMPTY);
+        } catch (const FileError& error) {
+            const std::string cause = error.what();
+            wrong = LoadString(IDS_PALETTE_ERROR) + std::wstring(cause.begin(), cause.end());
+        }
+    }
+    set_text(IDC_PALETTE_COUNT,
+             palette_.Count() == 0
+                 ? std::wstring()
+                 : LoadString(IDS_PALETTE_COLOURS, {std::to_wstring(palette_.Count())}));
+    InvalidateRect(control(IDC_PALETTE_COLOURS), nullptr, FALSE);
+    return wrong;
+}
+
+void frmPalette::on_command(int control, int notification) {
+    if (control == IDC_PALETTE_FILE && notification == EN_KILLFOCUS) read_colours();
+    if (control == IDC_PALETTE_BROWSE) browse();
+}
+
+// The folder of the file in the field, or else of the last picture, or else of the program.
+std::wstring frmPalette::browse_folder() const {
+    const std::filesystem::path file = text(IDC_PALETTE_FILE);
+    std::error_code ignored;
+    if (std::filesystem::is_directory(file.parent_path(), ignored))
+        return file.parent_path().wstring();
+    const std::wstring pictures = read_setting(settings_, settings::kOpenFolder);
+    return pictures.empty() ? program_folder() : pictures;
+}
+
+void frmPalette::browse() {
+    win::FileQuestion question;
+    question.filter = LoadString(IDS_PALETTE_FILTER);
+    question.folder = browse_folder();
+    question.title = LoadString(IDS_PALETTE_TITLE);
+    const std::optional<std::wstring> chosen = win::ask_open_file(window(), question);
+    if (!chosen) return;
+    set_text(IDC_PALETTE_FILE, *chosen);
+    const std::wstring wrong = read_colours();
+    if (!wrong.empty()) refuse_field(window(), IDC_PALETTE_FILE, wrong);
+}
+
+INT_PTR frmPalette::on_message(UINT message, WPARAM /*w*/, LPARAM l) {
+    if (message != WM_DRAWITEM) return FALSE;
+    draw_colours(*reinterpret_cast<const DRAWITEMSTRUCT*>(l), palette_.colours());
+    return TRUE;
+}
+
+bool frmPalette::confirm() {
+    const std::wstring wrong = read_colours();
+    if (!wrong.empty()) {
+        refuse_field(window(), IDC_PALETTE_FILE, wrong);
+        return false;
+    }
+    FileName = text(IDC_PALETTE_FILE);
+    Cancelled = false;
+    return true;
+}
+
+} // namespace kelvane

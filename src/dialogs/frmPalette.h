@@ -1,0 +1,38 @@
+// frmPalette: the palette file that a picture is mapped onto.
+#pragma once
+
+#include "process/palette.h"
+#include "settings/settings_file.h"
+#include "win/dialog.h"
+
+#include <filesystem>
+
+namespace kelvane {
+
+/// Shows the colours of the chosen file and confirms only one that holds some. It starts with the
+/// first palette file beside the program, if there is one, and browses from there or from where
+/// pictures were opened last.
+class frmPalette : public win::Dialog {
+  public:
+    explicit frmPalette(const SettingsFile& settings);
+
+    bool Cancelled = true;
+    /// A readable palette file; valid unless `Cancelled`.
+    std::filesystem::path FileName;
+
+  protected:
+    void load() override;
+    bool confirm() override;
+    void on_command(int control, int notification) override;
+    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+
+  private:
+    void browse();
+    std::wstring read_colours();
+    std::wstring browse_folder() const;
+
+    const SettingsFile& settings_;
+    cPalette palette_;
+};
+
+} // namespace kelvane

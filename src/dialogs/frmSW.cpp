@@ -1,0 +1,233 @@
+#include "dialogs/frmSW.h"
+
+#include "dialogs/controls.h"
+#include "dialogs/slider.h"
+#include "settings/catalogue.h"
+#include "win/picture_box.h"
+
+#include "ids.h"
+
+#include <windowsx.h>
+
+namespace kelvane {
+namespace {
+
+constexpr Caption kCaptions[] = {
+    {IDC_REDUCE_TYPE, IDS_REDUCE_TYPE},
+    {IDC_REDUCE_BRIGHTNESS, IDS_REDUCE_BRIGHTNESS},
+    {IDC_REDUCE_COLOURS, IDS_REDUCE_COLOURS},
+    {IDC_REDUCE_EDGES, IDS_REDUCE_EDGES},
+    {IDC_REDUCE_LIMIT_LABEL, IDS_REDUCE_LIMIT},
+    {IDC_REDUCE_RED, IDS_REDUCE_RED},
+    {IDC_REDUCE_GREEN, IDS_REDUCE_GREEN},
+    {IDC_REDUCE_BLUE, IDS_REDUCE_BLUE},
+    {IDC_REDUCE_PREVIEW_LABEL, IDS_REDUCE_PREVIEW},
+    {IDOK, IDS_REDUCE_OK},
+    {IDCANCEL, IDS_REDUCE_CANCEL},
+};
+
+constexpr int kLowestLimit = 1;
+constexpr int kHighestLimit = 255;
+// Where a slider stands before its reduction was used for the first time: for brightness what the
+// export reduces at.
+constexpr int kDesignedLimit = 128;
+
+struct Slider {
+    int id;
+    NumberSetting setting;
+};
+constexpr Slider kSliders[] = {
+    {IDC_REDUCE_BRIGHTNESS_LIMIT, settings::kBrightnessLimit},
+    {IDC_REDUCE_COLOUR_LIMIT, settings::kColourLimit},
+    {IDC_REDUCE_EDGE_LIMIT, settings::kEdgeLimit},
+};
+
+struct ChannelBox {
+    int id;
+    NumberSetting setting;
+};
+constexpr ChannelBox kChannelBoxes[] = {
+    {IDC_REDUCE_RED, settings::kUseRed},
+    {IDC_REDUCE_GREEN, settings::kUseGreen},
+    {IDC_REDUCE_BLUE, settings::kUseBlue},
+};
+
+void prepare_slider(HWND slider, int position) {
+    set_slider_range(slider, kHighestLimit, 1, 16);
+    SendMessageW(slider, TBM_SETRANGEMIN, FALSE, kLowestLimit);
+    set_slider_position(slider, position);
+}
+
+void repaint(HWND control) {
+    RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+}
+
+} // namespace
+
+frmSW::frmSW(const SettingsFile& settings, const cDIBSection& picture)
+    : Dialog(IDD_REDUCE), settings_(settings), preview_(picture) {
+    register_sliders();
+}
+
+void frmSW::load() {
+    result = 0;
+    set_title(LoadString(IDS_REDUCE_TITLE));
+    set_captions(window(), kCaptions);
+    for (const int box : {IDC_REDUCE_OVERVIEW, IDC_REDUCE_DETAIL})
+        win::fit_picture_box(control(box), kPreviewEdge, kPreviewEdge);
+    restore();
+    show_kind();
+}
+
+void frmSW::restore() {
+    for (const Slider& each : kSliders) {
+        const int stored = read_setting(settings_, each.setting);
+        prepare_slider(control(each.id), stored == 0 ? kDesignedLimit : stored);
+    }
+    for (const ChannelBox& box : kChannelBoxes)
+        check(box.id, read_setting(settings_, box.setting) != 0);
+    check_radio(IDC_REDUCE_BRIGHTNESS, IDC_REDUCE_EDGES, IDC_REDUCE_BRIGHTNESS);
+}
+
+Reduction frmSW::chosen() const {
+    Reduction reduction{
+        ReductionKind::Brightness,
+        slider_position(slider()),
+        {checked(IDC_REDUCE_RED), checked(IDC_REDUCE_GREEN), checked(IDC_REDUCE_BLUE)}};
+    if (checked(IDC_REDUCE_COLOURS)) reduction.kind = ReductionKind::Colours;
+    if (checked(IDC_REDUCE_EDGES)) reduction.kind = ReductionKind::Edges;
+    return reduction;
+}
+
+HWND frmSW::slider() const {
+    if (checked(IDC_REDUCE_COLOURS)) return control(IDC_REDUCE_COLOUR_LIMIT);
+    return control(checked(IDC_REDUCE_EDGES) ? IDC_REDUCE_EDGE_LIMIT : IDC_REDUCE_BRIGHTNESS_LIMIT);
+}
+
+bool frmSW::lacks_channel() const {
+    const Reduction reduction = chosen();
+    const Channels& channels = reduction.channels;
+    return reduction.kind == ReductionKind::Colours && !channels.red && !channels.green &&
+           !channels.blue;
+}
+
+// The chosen reduction's controls.
+void frmSW::show_kind() {
+    for (const Slider& each : kSliders)
+        ShowWindow(control(each.id), control(each.id) == slider() ? SW_SHOW : SW_HIDE);
+    for (const ChannelBox& box : kChannelBoxes)
+        enable(box.id, checked(IDC_REDUCE_COLOURS));
+    show_preview();
+}
+
+void frmSW::show_preview() {
+    set_text(IDC_REDUCE_LIMIT, std::to_wstring(slider_position(slider())));
+    // Edges are where colours differ by the limit or more: the sentence on pixels is not theirs.
+    if (lacks_channel())
+        set_text(IDC_REDUCE_HINT, LoadString(IDS_REDUCE_NO_COLOUR));
+    else
+        set_text(IDC_REDUCE_HINT, checked(IDC_REDUCE_EDGES) ? L"" : LoadString(IDS_REDUCE_HINT));
+    preview_.update(chosen());
+    repaint(control(IDC_REDUCE_OVERVIEW));
+    repaint(control(IDC_REDUCE_DETAIL));
+}
+
+bool frmSW::confirm() {
+    if (lacks_channel()) {
+        win::message_box(window(), LoadString(IDS_REDUCE_NO_COLOUR), LoadString(IDS_REDUCE_TITLE),
+                         MB_OK | MB_ICONINFORMATION);
+        return false;
+    }
+    const Reduction reduction = chosen();
+    result = static_cast<int>(reduction.kind);
+    limitvalue = reduction.limit;
+    red = reduction.channels.red;
+    green = reduction.channels.green;
+    blue = reduction.channels.blue;
+    return true;
+}
+
+void frmSW::on_command(int id, int notification) {
+    if (notification != BN_CLICKED) return;
+    if (id >= IDC_REDUCE_BRIGHTNESS && id <= IDC_REDUCE_EDGES) show_kind();
+    if (id >= IDC_REDUCE_RED && id <= IDC_REDUCE_BLUE) show_preview();
+}
+
+INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
+    switch (message) {
+    case WM_HSCROLL:
+        show_preview();
+        return TRUE;
+    case WM_DRAWITEM:
+        draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
+        return TRUE;
+    case WM_SETCURSOR:
+        return show_hand();
+    case WM_LBUTTONDOWN:
+        dragging_ = pick_detail(l);
+        if (dragging_) SetCapture(window());
+        return TRUE;
+    case WM_MOUSEMOVE:
+        if (dragging_ && (w & MK_LBUTTON) != 0) pick_detail(l);
+        return TRUE;
+    case WM_LBUTTONUP:
+        if (dragging_) ReleaseCapture();
+        return TRUE;
+    case WM_CAPTURECHANGED:
+        dragging_ = false;
+        return TRUE;
+    default:
+        return FALSE;
+    }
+}
+
+void frmSW::draw(const DRAWITEMSTRUCT& box) const {
+    const double zoom = win::picture_zoom(window());
+    if (box.CtlID == IDC_REDUCE_OVERVIEW) {
+        win::draw_picture_box(box, preview_.overview(), zoom);
+        draw_frame(box, zoom);
+    } else {
+        win::draw_picture_box(box, preview_.detail(), zoom);
+    }
+}
+
+// Marks in the overview what the detail shows, unless that is everything.
+void frmSW::draw_frame(const DRAWITEMSTRUCT& box, double zoom) const {
+    const PixelArea area = preview_.detail_in_overview();
+    if (area.width >= preview_.overview().Width() && area.height >= preview_.overview().Height())
+        return;
+    const auto zoomed = [zoom](int pixels) { return static_cast<LONG>(pixels * zoom); };
+    const RECT frame{zoomed(area.left), zoomed(area.top), zoomed(area.left + area.width),
+                     zoomed(area.top + area.height)};
+    FrameRect(box.hDC, &frame, GetSysColorBrush(COLOR_HIGHLIGHT));
+}
+
+// Over the overview the pointer says that there is something to move.
+INT_PTR frmSW::show_hand() const {
+    POINT pointer{};
+    RECT area{};
+    GetCursorPos(&pointer);
+    GetWindowRect(control(IDC_REDUCE_OVERVIEW), &area);
+    if (!PtInRect(&area, pointer)) return FALSE;
+    SetCursor(LoadCursorW(nullptr, IDC_HAND));
+    SetWindowLongPtrW(window(), DWLP_MSGRESULT, TRUE);
+    return TRUE;
+}
+
+// Moves the detail to a place in the overview, which `position` gives in the dialog. False for a
+// place outside; a frame that is being dragged follows the pointer along the border.
+bool frmSW::pick_detail(LPARAM position) {
+    const HWND box = control(IDC_REDUCE_OVERVIEW);
+    POINT place{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
+    MapWindowPoints(window(), box, &place, 1);
+    RECT area{};
+    GetClientRect(box, &area);
+    if (!dragging_ && !PtInRect(&area, place)) return false;
+    const double zoom = win::picture_zoom(window());
+    if (preview_.centre_detail_at(static_cast<int>(place.x / zoom),
+                                  static_cast<int>(place.y / zoom)))
+        show_preview();
+    return true;
+}
+
+} // namespace kelvane

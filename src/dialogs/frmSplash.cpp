@@ -1,0 +1,47 @@
+#include "dialogs/frmSplash.h"
+
+#include "dialogs/controls.h"
+#include "dialogs/program_face.h"
+#include "settings/string_table.h"
+
+#include "ids.h"
+
+namespace kelvane {
+namespace {
+
+constexpr Caption kCaptions[] = {
+    {IDC_SPLASH_NAME, IDS_PRODUCT_NAME},
+    {IDC_SPLASH_PURPOSE, IDS_PRODUCT_PURPOSE},
+    {IDC_SPLASH_LOADING, IDS_SPLASH_LOADING},
+};
+
+constexpr UINT_PTR kTimer = 1;
+
+} // namespace
+
+frmSplash::frmSplash(std::wstring version) : Dialog(IDD_SPLASH), version_(std::move(version)) {}
+
+void frmSplash::load() {
+    set_title(LoadString(IDS_PRODUCT_NAME));
+    set_captions(window(), kCaptions);
+    set_text(IDC_SPLASH_VERSION, LoadString(IDS_ABOUT_VERSION, {version_}));
+    show_program_icon(control(IDC_SPLASH_ICON));
+    large_ = use_large_font(control(IDC_SPLASH_NAME));
+    SetTimer(window(), kTimer, kStay, nullptr);
+}
+
+INT_PTR frmSplash::on_message(UINT message, WPARAM /*w*/, LPARAM /*l*/) {
+    switch (message) {
+    case WM_TIMER:
+    case WM_LBUTTONDOWN:
+        close();
+        return TRUE;
+    case WM_CTLCOLORDLG:
+    case WM_CTLCOLORSTATIC:
+        return reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH));
+    default:
+        return FALSE;
+    }
+}
+
+} // namespace kelvane

@@ -1,0 +1,31 @@
+// frmSplash: shown while the program starts.
+#pragma once
+
+#include "win/dialog.h"
+#include "win/gdi.h"
+
+#include <string>
+
+namespace kelvane {
+
+/// Shown with `show_modeless`; goes by itself, after a moment or when it is clicked, as long as
+/// messages are dispatched.
+class frmSplash : public win::Dialog {
+  public:
+    /// How long it stays, in milliseconds.
+    static constexpr unsigned kStay = 1500;
+
+    /// `version` as shown ("1.2.3").
+    explicit frmSplash(std::wstring version);
+    ~frmSplash() override { close(); } // before its font goes
+
+  protected:
+    void load() override;
+    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+
+  private:
+    std::wstring version_;
+    win::Font large_;
+};
+
+} // namespace kelvane

@@ -1,0 +1,32 @@
+// The preview of an operation, following its dialog's controls.
+#pragma once
+
+#include "image/dib_section.h"
+
+#include <windows.h>
+
+#include <functional>
+
+namespace kelvane {
+
+/// Works on a copy of the picture reduced to the preview's size, so that large pictures are shown
+/// as fluently as small ones.
+class LivePreview {
+  public:
+    LivePreview() = default; // of no picture
+    explicit LivePreview(const cDIBSection& picture);
+
+    /// Applies an operation to the unchanged preview and has `box`, a picture box, drawn anew.
+    void show(HWND box, const std::function<void(cDIBSection&)>& operation);
+    /// Answers WM_DRAWITEM of the box. Small pictures are enlarged, pixel by pixel.
+    void draw(const DRAWITEMSTRUCT& box) const;
+    /// Size at which the operation works, in pixels.
+    int width() const { return unchanged_.Width(); }
+    int height() const { return unchanged_.Height(); }
+
+  private:
+    cDIBSection unchanged_;
+    cDIBSection shown_;
+};
+
+} // namespace kelvane

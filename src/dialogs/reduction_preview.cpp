@@ -1,0 +1,130 @@
+#include "dialogs/reduction_preview.h"
+
+#include "dialogs/shrink.h"
+#include "image/resample.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace kelvane {
+namespace {
+
+// Rows of the picture that are reduced for each row of the overview.
+constexpr int kRowsPerRow = 2;
+
+void shrink(ConstImageView from, ImageView to) {
+    if (from.width >= to.width && from.height >= to.height)
+        shrink_by_average(from, to);
+    else
+        resample_bilinear(from, to);
+}
+
+// Darkness becomes its square root: lines of single pixels, all that edges are made of, would be
+// too pale to see.
+void strengthen_lines(ImageView view) {
+    for (int y = 0; y < view.height; ++y)
+        for (std::uint8_t* byte = view.row(y); byte < view.row(y) + 3 * view.width; ++byte)
+            *byte = static_cast<std::uint8_t>(255 - std::lround(std::sqrt((255 - *byte) * 255.0)));
+}
+
+void copy_area(const cDIBSection& from, int left, int bottom, cDIBSection& to, int to_left,
+               int to_bottom, int width, int height) {
+    for (int y = 0; y < height; ++y)
+        std::memcpy(to.view().pixel(to_left, to_bottom + y), from.view().pixel(left, bottom + y),
+                    static_cast<std::size_t>(width) * 3);
+}
+
+} // namespace
+
+bool reduce_picture(cDIBSection& picture, const Reduction& reduction) {
+    cImageProcessDIB engine;
+    switch (reduction.kind) {
+    case ReductionKind::Brightness:
+        return engine.BlackAndWhite(picture, picture, reduction.limit);
+    case ReductionKind::Colours:
+        return engine.LineArt2(picture, picture, reduction.limit, reduction.channels);
+    case ReductionKind::Edges:
+        return engine.EdgeDetect2(picture, picture, reduction.limit);
+    }
+    return false;
+}
+
+ReductionPreview::ReductionPreview(const cDIBSection& picture, int edge)
+    : picture_(picture), size_(preview_size(picture.Width(), picture.Height(), edge)) {
+    area_.width = std::min(edge, picture.Width());
+    area_.height = std::min(edge, picture.Height());
+    area_.left = (picture.Width() - area_.width) / 2;
+    area_.top = (picture.Height() - area_.height) / 2;
+    take_rows();
+}
+
+void ReductionPreview::take_rows() {
+    const int step = std::max(1, picture_.Height() / (kRowsPerRow * size_.height));
+    const int count = picture_.Height() / step;
+    spare_rows_ = step > 1 ? 1 : 0;
+    if (picture_.empty() || !rows_.Create(picture_.Width(), count + spare_rows_) ||
+        !work_.Create(rows_.Width(), rows_.Height()) ||
+        !overview_.Create(size_.width, size_.height))
+        return;
+    for (int row = 0; row < rows_.Height(); ++row)
+        std::memcpy(rows_.view().row(row),
+                    picture_.view().row(std::max(0, row - spare_rows_) * step),
+                    static_cast<std::size_t>(picture_.Width()) * 3);
+}
+
+void ReductionPreview::update(const Reduction& reduction) {
+    if (overview_.empty()) return;
+    update_overview(reduction);
+    update_detail(reduction);
+}
+
+void ReductionPreview::update_overview(const Reduction& reduction) {
+    copy_pixels(rows_.view(), work_.view());
+    reduce_picture(work_, reduction);
+    ConstImageView reduced = work_.view();
+    reduced.bits += reduced.row_step * spare_rows_;
+    reduced.height -= spare_rows_;
+    shrink(reduced, overview_.view());
+    if (reduction.kind == ReductionKind::Edges) strengthen_lines(overview_.view());
+}
+
+// The pixels to the left and below come along, because the reduction to edges looks to the left
+// and leaves the first column and the bottom row of what it gets as they are.
+void ReductionPreview::update_detail(const Reduction& reduction) {
+    const int bottom = picture_.Height() - area_.top - area_.height;
+    const int more_left = std::min(1, area_.left);
+    const int more_below = std::min(1, bottom);
+    cDIBSection cut;
+    if (!cut.Create(area_.width + more_left, area_.height + more_below) ||
+        (detail_.empty() && !detail_.Create(area_.width, area_.height)))
+        return;
+    copy_area(picture_, area_.left - more_left, bottom - more_below, cut, 0, 0, cut.Width(),
+              cut.Height());
+    reduce_picture(cut, reduction);
+    copy_area(cut, more_left, more_below, detail_, 0, 0, area_.width, area_.height);
+}
+
+bool ReductionPreview::centre_detail_at(int x, int y) {
+    const int old_left = area_.left;
+    const int old_top = area_.top;
+    const auto start = [](int at, int shown, int size, int part) {
+        const int middle = static_cast<int>(static_cast<double>(at) * size / shown);
+        return std::clamp(middle - part / 2, 0, size - part);
+    };
+    area_.left = start(x, size_.width, picture_.Width(), area_.width);
+    area_.top = start(y, size_.height, picture_.Height(), area_.height);
+    return area_.left != old_left || area_.top != old_top;
+}
+
+PixelArea ReductionPreview::detail_in_overview() const {
+    const auto scaled = [](int length, int shown, int size) {
+        return static_cast<int>(static_cast<double>(length) * shown / std::max(1, size));
+    };
+    return {scaled(area_.left, size_.width, picture_.Width()),
+            scaled(area_.top, size_.height, picture_.Height()),
+            std::max(1, scaled(area_.width, size_.width, picture_.Width())),
+            std::max(1, scaled(area_.height, size_.height, picture_.Height()))};
+}
+
+} // namespace kelvane

@@ -1,0 +1,106 @@
+// Owners of GDI and menu handles, and scopes that put back what they changed.
+#pragma once
+
+#include <windows.h>
+
+#include <utility>
+
+namespace kelvane::win {
+
+/// Owns one handle; `Destroy` frees it.
+template <class Handle, auto Destroy> class Owned {
+  public:
+    Owned() = default;
+    explicit Owned(Handle handle) : handle_(handle) {}
+    ~Owned() { reset(); }
+    Owned(Owned&& other) noexcept : handle_(other.release()) {}
+    Owned& operator=(Owned&& other) noexcept {
+        std::swap(handle_, other.handle_);
+        return *this;
+    }
+
+    Handle get() const { return handle_; }
+    explicit operator bool() const { return handle_ != nullptr; }
+    /// Hands the handle over to somebody else, for example to the clipboard or a window.
+    Handle release() { return std::exchange(handle_, nullptr); }
+    void reset(Handle handle = nullptr) {
+        if (handle_ != nullptr) Destroy(handle_);
+        handle_ = handle;
+    }
+
+  private:
+    Handle handle_ = nullptr;
+};
+
+using Bitmap = Owned<HBITMAP, DeleteObject>;
+using Brush = Owned<HBRUSH, DeleteObject>;
+using Font = Owned<HFONT, DeleteObject>;
+using Menu = Owned<HMENU, DestroyMenu>;
+using AcceleratorTable = Owned<HACCEL, DestroyAcceleratorTable>;
+using Module = Owned<HMODULE, FreeLibrary>;
+/// A device context from CreateCompatibleDC.
+using MemoryContext = Owned<HDC, DeleteDC>;
+using GlobalBlock = Owned<HGLOBAL, GlobalFree>;
+
+/// An object selected into a device context; the previous one comes back at the end.
+class Selected {
+  public:
+    Selected(HDC context, HGDIOBJ object)
+        : context_(context), previous_(SelectObject(context, object)) {}
+    ~Selected() { SelectObject(context_, previous_); }
+    Selected(const Selected&) = delete;
+    Selected& operator=(const Selected&) = delete;
+
+  private:
+    HDC context_;
+    HGDIOBJ previous_;
+};
+
+/// The device context of a window's client area, or of the screen for null.
+class WindowContext {
+  public:
+    explicit WindowContext(HWND window) : window_(window), context_(GetDC(window)) {}
+    ~WindowContext() { ReleaseDC(window_, context_); }
+    WindowContext(const WindowContext&) = delete;
+    WindowContext& operator=(const WindowContext&) = delete;
+    HDC get() const { return context_; }
+
+  private:
+    HWND window_;
+    HDC context_;
+};
+
+/// BeginPaint to EndPaint.
+class Paint {
+  public:
+    explicit Paint(HWND window) : window_(window), context_(BeginPaint(window, &paint_)) {}
+    ~Paint() { EndPaint(window_, &paint_); }
+    Paint(const Paint&) = delete;
+    Paint& operator=(const Paint&) = delete;
+    HDC context() const { return context_; }
+    const RECT& area() const { return paint_.rcPaint; }
+
+  private:
+    HWND window_;
+    PAINTSTRUCT paint_{};
+    HDC context_;
+};
+
+/// The bytes of a global memory block while it is locked; null when that failed.
+template <class T> class LockedBlock {
+  public:
+    explicit LockedBlock(HGLOBAL block)
+        : block_(block), data_(static_cast<T*>(GlobalLock(block))) {}
+    ~LockedBlock() {
+        if (data_ != nullptr) GlobalUnlock(block_);
+    }
+    LockedBlock(const LockedBlock&) = delete;
+    LockedBlock& operator=(const LockedBlock&) = delete;
+    T* data() const { return data_; }
+
+  private:
+    HGLOBAL block_;
+    T* data_;
+};
+
+} // namespace kelvane::win

@@ -1,0 +1,26 @@
+// Pictures in dialogs: a static control with SS_OWNERDRAW becomes a picture box.
+#pragma once
+
+#include "image/dib_section.h"
+
+#include <windows.h>
+
+namespace kelvane::win {
+
+/// Draws the whole picture over `target`; an empty one draws nothing. Pixels stay
+/// squares of one colour where the size is a whole multiple, and are averaged where it is not.
+void draw_picture(HDC context, const RECT& target, const cDIBSection& picture);
+
+/// Answers WM_DRAWITEM of a picture box: the picture at the top left, `zoom` times its size, and
+/// the dialog's background around it, without flicker.
+void draw_picture_box(const DRAWITEMSTRUCT& box, const cDIBSection& picture, double zoom = 1);
+
+/// How much larger than one to one pictures are drawn in a window, so that they grow with its
+/// texts: 1 on an ordinary screen, 2 at 200 %.
+double picture_zoom(HWND window);
+
+/// Makes the inside of a picture box as large as a picture of this size comes out in it; dialog
+/// units never give exactly that.
+void fit_picture_box(HWND box, int width, int height);
+
+} // namespace kelvane::win

@@ -1,0 +1,62 @@
+// The real main window with a settings file and pictures of the test's own.
+#pragma once
+
+#include "app/commands.h"
+#include "app/image_window.h"
+#include "app/main_window.h"
+#include "image/bitmap_file.h"
+#include "settings/string_table.h"
+#include "support/pictures.h"
+#include "support/temporary_folder.h"
+#include "support/windows/modal_script.h"
+#include "win/dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+namespace kelvane::test {
+
+class AppTest : public testing::Test {
+  protected:
+    AppTest() {
+        // The window of the test before has told this thread to end.
+        MSG message;
+        PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+        ShowWindow(main.window(), SW_SHOWNORMAL);
+    }
+
+    /// The path of a bitmap file with this picture in the test's folder.
+    std::wstring saved(const cDIBSection& picture, const std::wstring& name = L"picture.bmp") {
+        save_bitmap(picture.view(), folder / name);
+        return path(name);
+    }
+    /// The same, opened.
+    frmImage& opened(const cDIBSection& picture, const std::wstring& name = L"picture.bmp") {
+        main.open_file(saved(picture, name));
+        return *main.forms().back();
+    }
+    /// A document that has changed since it was opened.
+    frmImage& changed(const std::wstring& name = L"picture.bmp") {
+        frmImage& form = opened(flat_picture(6, 4, 10, 20, 30), name);
+        choose(kCmdNegative);
+        return form;
+    }
+
+    void choose(unsigned command) { SendMessageW(main.window(), WM_COMMAND, command, 0); }
+    void close(frmImage& form) { SendMessageW(form.window(), WM_CLOSE, 0, 0); }
+    std::wstring path(const std::wstring& name) const { return (folder / name).wstring(); }
+    std::wstring setting(const std::wstring& section, const std::wstring& key) const {
+        return SettingsFile(folder / "kelvane.ini").ReadIniValue(section, key);
+    }
+    std::wstring status(int field) const { return main.status_bar().text(field); }
+    static std::wstring caption(const frmImage& form) { return win::window_text(form.window()); }
+    static const cDIBSection& picture_of(const frmImage& form) { return form.document().picture(); }
+
+    TemporaryFolder folder;
+    mfrmMain main{SettingsFile(folder / "kelvane.ini")};
+    ModalScript script;
+};
+
+} // namespace kelvane::test

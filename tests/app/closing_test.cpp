@@ -1,0 +1,72 @@
+// Nothing that has changed is given up without a question.
+#include "app_test.h"
+
+#include <gmock/gmock.h>
+
+namespace kelvane::test {
+namespace {
+
+using testing::HasSubstr;
+
+class Closing : public AppTest {};
+
+TEST_F(Closing, DocumentAsksOnlyWhenChanged) {
+    close(opened(black_picture(2, 2)));
+    EXPECT_TRUE(main.forms().empty());
+    frmImage& form = changed();
+    script.expect_message(IDCANCEL);
+    close(form);
+    EXPECT_THAT(script.messages().back(), HasSubstr(L"'picture.bmp' has been changed."));
+    EXPECT_EQ(script.titles().back(), L"Kelvane");
+    ASSERT_EQ(main.forms().size(), 1u);
+    script.expect_message(IDNO);
+    choose(kCmdClose);
+    EXPECT_TRUE(main.forms().empty());
+    EXPECT_EQ(status(1), L" ");
+}
+
+TEST_F(Closing, YesSavesAndTheNextCloseNeedsNoQuestion) {
+    frmImage& form = changed();
+    script.expect_message(IDYES);
+    script.expect_file_dialog(path(L"saved.bmp"));
+    choose(kCmdClose);
+    ASSERT_EQ(main.forms().size(), 1u);
+    EXPECT_FALSE(form.document().Dirty());
+    EXPECT_TRUE(exists(folder / "saved.bmp"));
+    choose(kCmdClose);
+    EXPECT_TRUE(main.forms().empty());
+}
+
+TEST_F(Closing, CancelForTheFirstLeavesTheSecondUnasked) {
+    changed(L"1.bmp");
+    changed(L"2.bmp");
+    script.expect_message(IDCANCEL);
+    choose(kCmdExit);
+    EXPECT_THAT(script.messages().back(), HasSubstr(L"'1.bmp'"));
+    EXPECT_TRUE(IsWindow(main.window()));
+    EXPECT_EQ(main.forms().size(), 2u);
+    EXPECT_EQ(setting(L"ImageMRU", L"Count"), L"");
+}
+
+TEST_F(Closing, NoForBothEndsTheProgramAndKeepsTheRecentFiles) {
+    changed(L"1.bmp");
+    changed(L"2.bmp");
+    script.expect_message(IDNO);
+    script.expect_message(IDNO);
+    choose(kCmdExit);
+    EXPECT_THAT(script.messages().back(), HasSubstr(L"'2.bmp'"));
+    EXPECT_EQ(main.window(), nullptr);
+    EXPECT_TRUE(main.forms().empty());
+    EXPECT_EQ(setting(L"ImageMRU", L"Count"), L"2");
+    EXPECT_EQ(main.run(), 0);
+}
+
+TEST_F(Closing, SystemShutdownAsksNothing) {
+    changed();
+    EXPECT_TRUE(SendMessageW(main.window(), WM_QUERYENDSESSION, 0, 0));
+    SendMessageW(main.window(), WM_ENDSESSION, TRUE, 0);
+    EXPECT_EQ(setting(L"ImageMRU", L"Count"), L"1");
+}
+
+} // namespace
+} // namespace kelvane::test

@@ -1,0 +1,156 @@
+// The menu: what each entry is called and what it does to the picture.
+#include "app_test.h"
+#include "menu_path.h"
+
+#include "process/filter_kernel.h"
+
+#include "ids.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+namespace kelvane::test {
+namespace {
+
+using testing::ElementsAre;
+
+// What an entry has to do, told by the engine: the picture, a buffer of its size, the engine.
+using Effect = std::function<void(cDIBSection&, cDIBSection&, cImageProcessDIB&)>;
+Effect filter(int type) {
+    return [type](cDIBSection& picture, cDIBSection& buffer, cImageProcessDIB& engine) {
+        engine.set_FilterType(type);
+        ASSERT_TRUE(engine.ProcessImage(picture, buffer));
+    };
+}
+
+struct Entry {
+    const wchar_t* path;
+    Effect effect;
+};
+const Entry kEntries[] = {
+    {L"&Image|&Softening Filters|&Soften", filter(3)},
+    {L"&Image|&Softening Filters|S&often more", filter(4)},
+    {L"&Image|&Softening Filters|&Blur", filter(1)},
+    {L"&Image|&Softening Filters|Bl&ur more", filter(2)},
+    {L"&Image|S&harpening Filters|S&harpen", filter(5)},
+    {L"&Image|S&harpening Filters|S&harpen more", filter(6)},
+    {L"&Image|S&harpening Filters|&Unsharp", filter(7)},
+    {L"&Image|S&pecial Filters|&Emboss", filter(8)},
+    {L"&Image|S&pecial Filters|Mi&nimum Rank Filter", filter(10)},
+    {L"&Image|S&pecial Filters|Medi&an Rank Filter", filter(9)},
+    {L"&Image|S&pecial Filters|Ma&ximum Rank Filter", filter(11)},
+    {L"&Image|Em&phasize",
+     [](cDIBSection& picture, cDIBSection& buffer, cImageProcessDIB& engine) {
+         filter(13)(picture, buffer, engine);
+         filter(14)(picture, buffer, engine);
+     }},
+    {L"&Colors|&Darken", [](auto& picture, auto&, auto& engine) { engine.Fade(picture, 240); }},
+    {L"&Colors|&Lighten", [](auto& picture, auto&, auto& engine) { engine.Lighten(picture, 20); }},
+    {L"&Colors|&Negativ Image",
+     [](auto& picture, auto&, auto&) {
+         for (int y = 0; y < picture.Height(); ++y)
+             for (int i = 0; i < 3 * picture.Width(); ++i)
+                 picture.view().row(y)[i] = static_cast<std::uint8_t>(~picture.view().row(y)[i]);
+     }},
+    {L"&Colors|&Gray Scale", [](auto& picture, auto&, auto& engine) { engine.GrayScale(picture); }},
+    {L"&Colors|&B/W (Floyd-Steinberg)",
+     [](auto& picture, auto& buffer, auto& engine) { engine.Steinberg(picture, buffer); }},
+};
+
+class Commands : public AppTest {};
+
+TEST_F(Commands, EveryPlainEntryDoesWhatItSaysAndCanBeTakenBack) {
+    const cDIBSection before = random_picture(31, 17, 1);
+    for (const Entry& entry : kEntries) {
+        SCOPED_TRACE(testing::PrintToString(std::wstring(entry.path)));
+        const unsigned command = menu_command(GetMenu(main.window()), entry.path);
+        ASSERT_NE(command, 0u);
+        frmImage& form = opened(before);
+        cDIBSection expected = before.Copy();
+        cDIBSection buffer = black_picture(31, 17);
+        cImageProcessDIB engine;
+        entry.effect(expected, buffer, engine);
+
+        choose(command);
+        EXPECT_TRUE(same_pixels(picture_of(form), expected));
+        EXPECT_TRUE(form.document().Dirty());
+        EXPECT_EQ(status(0).substr(0, 27), L" Complete.  Required Time =");
+        choose(kCmdUndo);
+        // Emphasize is two operations: the undo copy is the picture after the first, which leaves
+        // it alone.
+        EXPECT_TRUE(same_pixels(picture_of(form), before));
+        choose(kCmdUndo);
+        EXPECT_TRUE(same_pixels(picture_of(form), expected));
+        script.expect_message(IDNO);
+        close(form);
+    }
+}
+
+TEST_F(Commands, WithoutDocumentTheyAskForOne) {
+    for (const unsigned command : {kCmdSave, kCmdExport, kCmdClose, kCmdUndo, kCmdCopy, kCmdSoften,
+                                   kCmdAddNoise, kCmdCustomFilter, kCmdResample, kCmdCombine,
+                                   kCmdEmphasize, kCmdColourise, kCmdApplyPalette, kCmdReduce}) {
+        script.expect_message(IDOK);
+        choose(command);
+        ASSERT_TRUE(script.all_done()) << command;
+        EXPECT_EQ(script.messages().back(), L"Please select an Image to process.");
+    }
+}
+
+TEST_F(Commands, MenuShowsCaptionsAndShortcutsInBothLanguages) {
+    const HMENU bar = GetMenu(main.window());
+    EXPECT_THAT(menu_texts(bar),
+                ElementsAre(L"&File", L"&Edit", L"&Image", L"&Colors", L"&Window", L"&?"));
+    EXPECT_THAT(menu_texts(GetSubMenu(bar, 0)),
+                ElementsAre(L"&Open\tCtrl+O", L"O&pen by ImageMagick", L"&Save\tCtrl+S", L"",
+                            L"&Export to EAGLE Script\tCtrl+E", L"&Import (Twain)", L"",
+                            L"&Close active Image\tCtrl+F4", L"E&xit"));
+    frmImage& form = opened(black_picture(2, 2));
+    script.expect_dialog([](HWND dialog) { choose_in_list(dialog, IDC_LANGUAGE, 1); });
+    choose(kCmdLanguage);
+    EXPECT_EQ(setting(L"global", L"language"), L"0");
+    EXPECT_EQ(menu_text(bar, 0), L"&Datei");
+    EXPECT_EQ(menu_text(GetSubMenu(bar, 0), 0), L"Ö&ffnen\tStrg+O");
+    EXPECT_EQ(win::window_text(main.window()), LoadString(IDS_TITLE) + KELVANE_VERSION);
+    EXPECT_EQ(caption(form), LoadString(IDS_IMAGE_CAPTION) + path(L"picture.bmp"));
+    EXPECT_NE(LoadString(IDS_IMAGE_CAPTION), L"Image: ");
+}
+
+TEST_F(Commands, UndoIsGreyedUntilThereIsSomethingToUndo) {
+    const auto greyed = [&] {
+        const HMENU bar = GetMenu(main.window());
+        SendMessageW(main.window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(GetSubMenu(bar, 1)),
+                     1);
+        return (GetMenuState(bar, kCmdUndo, MF_BYCOMMAND) & MF_GRAYED) != 0;
+    };
+    EXPECT_TRUE(greyed());
+    opened(flat_picture(3, 3, 1, 2, 3));
+    EXPECT_TRUE(greyed());
+    choose(kCmdUndo); // as from a key: nothing to do
+    EXPECT_EQ(pixel_at(picture_of(*main.forms()[0]), 0, 0), (std::array<int, 3>{1, 2, 3}));
+    choose(kCmdDarken);
+    EXPECT_FALSE(greyed());
+}
+
+TEST_F(Commands, ArrangeDocumentWindows) {
+    frmImage& first = opened(black_picture(300, 200));
+    frmImage& second = opened(black_picture(300, 200), L"other.bmp");
+    const auto place = [](const frmImage& form) {
+        RECT rectangle{};
+        GetWindowRect(form.window(), &rectangle);
+        return rectangle;
+    };
+    choose(kCmdTileHorizontally);
+    EXPECT_EQ(place(first).left, place(second).left);
+    EXPECT_NE(place(first).top, place(second).top);
+    choose(kCmdTileVertically);
+    EXPECT_NE(place(first).left, place(second).left);
+    EXPECT_EQ(place(first).top, place(second).top);
+    choose(kCmdCascade);
+    EXPECT_NE(place(first).left, place(second).left);
+    EXPECT_NE(place(first).top, place(second).top);
+}
+
+} // namespace
+} // namespace kelvane::test

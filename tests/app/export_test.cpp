@@ -1,0 +1,192 @@
+// From a picture file to the script, and the other commands with dialogs.
+#include "app_test.h"
+
+#include "image/picture_reader.h"
+#include "image/size_limit.h"
+
+#include "ids.h"
+
+#include <commctrl.h>
+#include <gmock/gmock.h>
+
+namespace kelvane::test {
+namespace {
+
+using testing::HasSubstr;
+
+class Export : public AppTest {
+  protected:
+    static void choose_button(HWND dialog, int button) {
+        SendDlgItemMessageW(dialog, button, BM_CLICK, 0, 0);
+    }
+    void expect_export(ModalScript::Step fill, const wchar_t* script_name) {
+        script.expect_dialog(std::move(fill));
+        script.expect_file_dialog(path(script_name));
+    }
+};
+
+TEST_F(Export, ScriptIsByteForByteTheEngines) {
+    const std::filesystem::path logo = std::filesystem::path(KELVANE_SAMPLES) / "logo.png";
+    main.open_file(std::filesystem::absolute(logo).wstring());
+    ASSERT_EQ(main.forms().size(), 1u);
+    choose(kCmdSoften);
+    const cDIBSection softened = picture_of(*main.forms()[0]).Copy();
+    expect_export(
+        [](HWND dialog) {
+            choose_button(dialog, IDC_EXPORT_FULL);
+            choose_button(dialog, IDC_EXPORT_FULL_POLYGON);
+            type_text(dialog, IDC_EXPORT_SIZE, L"0.25");
+            choose_in_list(dialog, IDC_EXPORT_UNIT, 3);
+            choose_in_list(dialog, IDC_EXPORT_LAYER, 0);
+        },
+        L"logo.scr");
+    choose(kCmdExport);
+
+    cDIBSection picture = read_picture(logo);
+    cDIBSection buffer = black_picture(picture.Width(), picture.Height());
+    cImageProcessDIB engine;
+    engine.set_FilterType(kSoften);
+    engine.ProcessImage(picture, buffer);
+    EXPECT_TRUE(same_pixels(picture_of(*main.forms()[0]), picture)); // not the reduced one
+    engine.BlackAndWhite2(picture, picture, 128);
+    ExportOptions options;
+    options.lay = 1;
+    options.size = 0.25;
+    options.unit = 3;
+    engine.Vectorize(picture, folder / "expected.scr", options);
+    const std::string expected = file_text(folder / "expected.scr");
+    EXPECT_GT(expected.size(), 1000u);
+    EXPECT_TRUE(file_text(folder / "logo.scr") == expected);
+    EXPECT_EQ(setting(L"imageexport", L"unit"), L"3");
+    EXPECT_EQ(setting(L"global", L"lastpath2") + L"logo.scr", path(L"logo.scr"));
+}
+
+TEST_F(Export, OutOfRangeScriptIsDeletedOnlyWhenTicked) {
+    opened(flat_picture(4, 4, 0, 0, 0));
+    for (const bool tick : {false, true}) {
+        expect_export([](HWND dialog) { type_text(dialog, IDC_EXPORT_SIZE, L"100000"); },
+                      L"far.scr");
+        if (tick) script.expect_message(IDYES); // overwrite
+        script.expect_dialog([&](HWND dialog) {
+            EXPECT_TRUE(exists(folder / "far.scr"));
+            CheckDlgButton(dialog, IDC_RANGE_DELETE, tick ? BST_CHECKED : BST_UNCHECKED);
+        });
+        choose(kCmdExport);
+        EXPECT_EQ(exists(folder / "far.scr"), !tick);
+    }
+}
+
+TEST_F(Export, CancelledDialogsChangeNothing) {
+    const cDIBSection before = random_picture(9, 9, 4);
+    frmImage& form = opened(before);
+    for (const unsigned command :
+         {kCmdExport, kCmdAddNoise, kCmdCustomFilter, kCmdResample, kCmdCombine, kCmdColourise,
+          kCmdApplyPalette, kCmdReduce, kCmdAbout, kCmdLanguage}) {
+        script.expect_dialog([](HWND) {}, IDCANCEL);
+        choose(command);
+        ASSERT_TRUE(script.all_done()) << command;
+    }
+    EXPECT_TRUE(same_pixels(picture_of(form), before));
+    EXPECT_FALSE(form.document().Dirty() || form.document().undoEnable());
+    EXPECT_EQ(main.forms().size(), 1u);
+    EXPECT_FALSE(exists(folder / "kelvane.ini"));
+}
+
+TEST_F(Export, DialogsHandTheirValuesToTheDocument) {
+    const cDIBSection before = random_picture(30, 20, 6);
+    frmImage& form = opened(before);
+    cImageProcessDIB engine;
+    cDIBSection expected = before.Copy();
+
+    script.expect_dialog([](HWND dialog) { type_text(dialog, IDC_HUE_VALUE, L"3.5"); });
+    choose(kCmdColourise);
+    engine.Colourise(expected, 3.5f);
+    EXPECT_TRUE(same_pixels(picture_of(form), expected));
+
+    script.expect_dialog([](HWND dialog) {
+        type_text(dialog, IDC_SIZE_WIDTH, L"15");
+        CheckDlgButton(dialog, IDC_SIZE_KEEP_RATIO, BST_UNCHECKED);
+        type_text(dialog, IDC_SIZE_HEIGHT, L"12");
+    });
+    choose(kCmdResample);
+    expected = expected.Resample(12, 15);
+    EXPECT_TRUE(same_pixels(picture_of(form), expected));
+    EXPECT_EQ(status(2), L" 15 x 12");
+
+    script.expect_dialog([](HWND dialog) {
+        type_text(dialog, IDC_CUSTOM_CELL + 25, L"3"); // right of the centre
+        type_text(dialog, IDC_CUSTOM_CELL + 24, L"1");
+        type_text(dialog, IDC_CUSTOM_WEIGHT, L"4");
+    });
+    choose(kCmdCustomFilter);
+    engine.set_FilterType(kCustom);
+    engine.set_FilterArraySize(3);
+    engine.set_FilterValue(0, 0, 1);
+    engine.set_FilterValue(1, 0, 3);
+    engine.set_FilterWeight(4);
+    cDIBSection buffer = black_picture(15, 12);
+    engine.ProcessImage(expected, buffer);
+    EXPECT_TRUE(same_pixels(picture_of(form), expected));
+
+    script.expect_dialog([&](HWND dialog) {
+        write_text(folder / "two.pal", "0 0 0\r\n255 255 255\r\n");
+        type_text(dialog, IDC_PALETTE_FILE, path(L"two.pal"));
+    });
+    choose(kCmdApplyPalette);
+    engine.ApplyPalette(expected, buffer, cPalette({{0, 0, 0}, {255, 255, 255}}));
+    EXPECT_TRUE(same_pixels(picture_of(form), expected));
+
+    script.expect_dialog([](HWND dialog) { type_text(dialog, IDC_NOISE_AMOUNT, L"0"); });
+    choose(kCmdAddNoise);
+    EXPECT_TRUE(same_pixels(picture_of(form), expected));
+}
+
+TEST_F(Export, ReductionDialogChoosesAmongThree) {
+    const cDIBSection before = random_picture(30, 20, 8);
+    frmImage& form = opened(before);
+    cImageProcessDIB engine;
+    const struct {
+        int button, slider, limit;
+        const wchar_t* key;
+    } cases[] = {
+        {IDC_REDUCE_BRIGHTNESS, IDC_REDUCE_BRIGHTNESS_LIMIT, 77, L"bwval"},
+        {IDC_REDUCE_COLOURS, IDC_REDUCE_COLOUR_LIMIT, 99, L"bwval2"},
+        {IDC_REDUCE_EDGES, IDC_REDUCE_EDGE_LIMIT, 120, L"bwval3"},
+    };
+    for (const auto& [button, slider, limit, key] : cases) {
+        script.expect_dialog([&, button = button, slider = slider, limit = limit](HWND dialog) {
+            choose_button(dialog, button);
+            CheckDlgButton(dialog, IDC_REDUCE_GREEN, BST_CHECKED);
+            SendDlgItemMessageW(dialog, slider, TBM_SETPOS, TRUE, limit);
+            SendMessageW(dialog, WM_HSCROLL, TB_THUMBTRACK,
+                         reinterpret_cast<LPARAM>(GetDlgItem(dialog, slider)));
+        });
+        choose(kCmdReduce);
+        EXPECT_EQ(setting(L"imageexport", key), std::to_wstring(limit));
+        cDIBSection expected = before.Copy();
+        cDIBSection buffer = black_picture(30, 20);
+        if (button == IDC_REDUCE_BRIGHTNESS) engine.BlackAndWhite(expected, buffer, limit);
+        if (button == IDC_REDUCE_COLOURS)
+            engine.LineArt2(expected, buffer, limit, {false, true, false});
+        if (button == IDC_REDUCE_EDGES) continue; // its first column keeps what the buffer held
+        EXPECT_TRUE(same_pixels(picture_of(form), expected)) << limit;
+        choose(kCmdUndo);
+    }
+    EXPECT_FALSE(same_pixels(picture_of(form), before));
+}
+
+TEST_F(Export, CombinationIsANewDocument) {
+    opened(flat_picture(4, 3, 10, 20, 30), L"1.bmp");
+    opened(flat_picture(4, 3, 1, 2, 3), L"2.bmp");
+    script.expect_dialog([](HWND dialog) { // by default the plain sum of the first two
+        type_text(dialog, IDC_COMBINE_MULTIPLIER_2, L"2");
+    });
+    choose(kCmdCombine);
+    ASSERT_EQ(main.forms().size(), 3u);
+    EXPECT_TRUE(same_pixels(picture_of(*main.forms()[2]), flat_picture(4, 3, 12, 24, 36)));
+    EXPECT_EQ(caption(*main.forms()[2]), L"Image: Image 1");
+    EXPECT_EQ(status(1), L" Image 1");
+}
+
+} // namespace
+} // namespace kelvane::test

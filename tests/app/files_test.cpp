@@ -1,0 +1,199 @@
+// Files and clipboard: what opens, what is saved, what is remembered.
+#include "app_test.h"
+#include "menu_path.h"
+
+#include "image/picture_reader.h"
+#include "settings/folders.h"
+#include "win/unique_handle.h"
+
+#include "ids.h"
+
+#include <gmock/gmock.h>
+#include <shlobj.h>
+
+#include <cstring>
+
+namespace kelvane::test {
+namespace {
+
+using testing::EndsWith;
+using testing::StartsWith;
+
+class Files : public AppTest {
+  protected:
+    std::size_t temporary_files() const {
+        std::size_t count = 0;
+        for (const auto& entry : std::filesystem::directory_iterator(TempDir()))
+            count += entry.path().filename().wstring().starts_with(L"VBI");
+        return count;
+    }
+    void put_on_clipboard(UINT format, const std::vector<std::uint8_t>& bytes) {
+        const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+        std::memcpy(GlobalLock(block), bytes.data(), bytes.size());
+        GlobalUnlock(block);
+        ASSERT_TRUE(OpenClipboard(main.window()) && EmptyClipboard());
+        ASSERT_NE(SetClipboardData(format, block), nullptr);
+        CloseClipboard();
+    }
+};
+
+TEST_F(Files, OpenEveryKind) {
+    const std::filesystem::path pictures = std::filesystem::path(KELVANE_TEST_DATA) / "pictures";
+    for (const char* name : {"bmp24.bmp", "bmp24.dib", "gif.gif", "turned3.jpg", "drawing.wmf",
+                             "icon.ico", "pointer.cur", "rgb.png", "tiff24.tif"}) {
+        const std::wstring file = std::filesystem::absolute(pictures / name).wstring();
+        main.open_file(file);
+        ASSERT_FALSE(main.forms().empty()) << name;
+        frmImage& form = *main.forms().back();
+        EXPECT_GT(form.document().ImageWidth(), 0) << name;
+        EXPECT_EQ(caption(form), L"Image: " + file);
+        EXPECT_EQ(main.recent_files().file(1), file);
+        close(form);
+    }
+}
+
+TEST_F(Files, OpenDialogRemembersItsFolder) {
+    const std::wstring file = saved(flat_picture(5, 3, 1, 2, 3));
+    script.expect_file_dialog(file);
+    choose(kCmdOpen);
+    ASSERT_EQ(main.forms().size(), 1u);
+    EXPECT_EQ(setting(L"global", L"lastpath") + L"picture.bmp", file);
+    EXPECT_EQ(status(0), L" ");
+    EXPECT_EQ(status(1), L" picture.bmp");
+    EXPECT_EQ(status(2), L" 5 x 3");
+    script.expect_file_dialog({});
+    choose(kCmdOpen);
+    EXPECT_EQ(main.forms().size(), 1u);
+}
+
+TEST_F(Files, WhatDoesNotOpenLeavesNoWindow) {
+    write_text(folder / "rubbish.png", "no picture");
+    for (const wchar_t* name : {L"rubbish.png", L"missing.bmp"}) {
+        script.expect_message(IDOK);
+        main.open_file(path(name));
+        EXPECT_THAT(script.messages().back(),
+                    StartsWith(L"An error occured trying to open this file: "));
+        EXPECT_GT(script.messages().back().size(), 45u);
+    }
+    EXPECT_TRUE(main.forms().empty());
+    EXPECT_EQ(main.active_form(), nullptr);
+    EXPECT_EQ(main.recent_files().FileCount(), 0);
+}
+
+TEST_F(Files, DroppedFilesOpen) {
+    const std::wstring names =
+        saved(black_picture(2, 2)) + L'\0' + saved(black_picture(3, 3), L"ä 2.bmp") + L'\0' + L'\0';
+    const HGLOBAL block = GlobalAlloc(GHND, sizeof(DROPFILES) + names.size() * sizeof(wchar_t));
+    auto* drop = static_cast<DROPFILES*>(GlobalLock(block));
+    drop->pFiles = sizeof *drop;
+    drop->fWide = TRUE;
+    std::memcpy(drop + 1, names.data(), names.size() * sizeof(wchar_t));
+    GlobalUnlock(block);
+    SendMessageW(main.window(), WM_DROPFILES, reinterpret_cast<WPARAM>(block), 0);
+    ASSERT_EQ(main.forms().size(), 2u);
+    EXPECT_EQ(main.forms()[1]->document().Filename(), path(L"ä 2.bmp"));
+}
+
+TEST_F(Files, SavedPictureIsTheShownOneAndNoLongerChanged) {
+    frmImage& form = changed();
+    script.expect_file_dialog(path(L"new name.bmp"));
+    choose(kCmdSave);
+    EXPECT_FALSE(form.document().Dirty());
+    EXPECT_EQ(caption(form), L"Image: " + path(L"new name.bmp"));
+    EXPECT_EQ(status(1), L" new name.bmp");
+    EXPECT_TRUE(same_pixels(read_picture(path(L"new name.bmp")), picture_of(form)));
+    EXPECT_EQ(main.recent_files().file(1), path(L"new name.bmp"));
+    EXPECT_THAT(path(L"new name.bmp"), StartsWith(setting(L"global", L"lastpath2")));
+}
+
+TEST_F(Files, FailedSaveKeepsTheFileAndTheChange) {
+    frmImage& form = changed();
+    const std::wstring target = path(L"picture.bmp");
+    const std::string before = file_text(target);
+    // Another program holds it: unlike write protection this also stops an administrator.
+    UniqueHandle held(
+        CreateFileW(target.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    script.expect_file_dialog(target);
+    script.expect_message(IDYES); // overwrite
+    script.expect_message(IDOK);
+    choose(kCmdSave);
+    held.reset();
+    EXPECT_THAT(script.messages().back(),
+                StartsWith(L"An error occured trying to save this file: "));
+    EXPECT_TRUE(form.document().Dirty());
+    EXPECT_EQ(file_text(target), before);
+}
+
+TEST_F(Files, RecentFilesOpenFromTheMenu) {
+    const std::wstring first = saved(black_picture(2, 2), L"1.bmp");
+    main.open_file(first);
+    for (const wchar_t* name : {L"2.bmp", L"3.bmp", L"4.bmp", L"5.bmp"})
+        main.open_file(saved(black_picture(3, 3), name));
+    const HMENU file_menu = GetSubMenu(GetMenu(main.window()), 0);
+    EXPECT_EQ(GetMenuItemCount(file_menu), 14); // 9, four files, a separator
+    EXPECT_EQ(menu_text(file_menu, 7), main.recent_files().MenuCaption(1));
+    choose(kCmdRecent4);
+    EXPECT_EQ(main.active_form()->document().FileTitle(), L"2.bmp");
+    EXPECT_EQ(main.recent_files().file(1), path(L"2.bmp"));
+}
+
+TEST_F(Files, CopiedPicturePastesWithoutLoss) {
+    const cDIBSection picture = random_picture(33, 9, 5);
+    frmImage& form = opened(picture);
+    const std::size_t files = temporary_files();
+    choose(kCmdCopy);
+    EXPECT_TRUE(IsClipboardFormatAvailable(CF_BITMAP) && IsClipboardFormatAvailable(CF_DIB));
+    EXPECT_FALSE(form.document().Dirty());
+    choose(kCmdPaste);
+    ASSERT_EQ(main.forms().size(), 2u);
+    const frmImage& pasted = *main.forms()[1];
+    EXPECT_TRUE(same_pixels(picture_of(pasted), picture));
+    EXPECT_EQ(caption(pasted), L"Image: Image 1");
+    EXPECT_FALSE(pasted.document().Dirty());
+    EXPECT_EQ(main.recent_files().FileCount(), 1);
+    EXPECT_EQ(temporary_files(), files);
+}
+
+TEST_F(Files, ForeignBitmapsPaste) {
+    // Two colours from a table, and 32 bits with colour masks behind the header.
+    BITMAPINFOHEADER header{};
+    header.biSize = sizeof header;
+    header.biWidth = 2;
+    header.biHeight = 1;
+    header.biPlanes = 1;
+    header.biBitCount = 1;
+    const auto packed = [&header](std::initializer_list<std::uint32_t> words) {
+        std::vector<std::uint8_t> bytes(sizeof header + words.size() * 4);
+        std::memcpy(bytes.data(), &header, sizeof header);
+        std::memcpy(bytes.data() + sizeof header, words.begin(), words.size() * 4);
+        return bytes;
+    };
+    put_on_clipboard(CF_DIB, packed({0x00112233, 0x00445566, 0x00000040}));
+    choose(kCmdPaste);
+    header.biBitCount = 32;
+    header.biCompression = BI_BITFIELDS;
+    put_on_clipboard(CF_DIB, packed({0x00FF0000, 0x0000FF00, 0x000000FF, 0x00112233, 0x00445566}));
+    choose(kCmdPaste);
+    ASSERT_EQ(main.forms().size(), 2u);
+    for (const auto& form : main.forms()) {
+        EXPECT_EQ(pixel_at(picture_of(*form), 0, 0), (std::array<int, 3>{0x33, 0x22, 0x11}));
+        EXPECT_EQ(pixel_at(picture_of(*form), 1, 0), (std::array<int, 3>{0x66, 0x55, 0x44}));
+    }
+}
+
+TEST_F(Files, ClipboardWithoutPictureSaysSo) {
+    const std::size_t files = temporary_files();
+    put_on_clipboard(CF_TEXT, {'x', 0});
+    script.expect_message(IDOK);
+    choose(kCmdPaste);
+    EXPECT_EQ(script.messages().back(),
+              LoadString(IDS_PASTE_ERROR) + LoadString(IDS_CLIPBOARD_EMPTY));
+    put_on_clipboard(CF_DIB, std::vector<std::uint8_t>(64, 0xEE)); // a damaged header
+    script.expect_message(IDOK);
+    choose(kCmdPaste);
+    EXPECT_TRUE(main.forms().empty());
+    EXPECT_EQ(temporary_files(), files);
+}
+
+} // namespace
+} // namespace kelvane::test

@@ -1,0 +1,84 @@
+// Handles do not grow however long the program works.
+#include "app_test.h"
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+
+namespace kelvane::test {
+namespace {
+
+// GDI objects of this process. Where the system does not count them they are found in the table
+// of GDI handles that every process has: entries of three words, of which the last but one ends
+// in the object's type.
+unsigned long gdi_objects() {
+    if (const DWORD count = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS); count != 0)
+        return count;
+    constexpr bool k64Bit = sizeof(void*) == 8;
+    constexpr std::size_t kTable = k64Bit ? 0xF8 : 0x94; // in the process's environment block
+    constexpr std::size_t kEntry = k64Bit ? 24 : 16;
+    constexpr std::size_t kType = k64Bit ? 14 : 10;
+    using Environment = const unsigned char*(WINAPI*)();
+    const auto environment = reinterpret_cast<Environment>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll"), "RtlGetCurrentPeb")));
+    const unsigned char* block = environment();
+    const unsigned char* table = *reinterpret_cast<unsigned char* const*>(block + kTable);
+    unsigned long count = 0;
+    for (std::size_t i = 0; i < 0x10000; ++i)
+        count += table[i * kEntry + kType] != 0;
+    return count;
+}
+
+// Windows, menus and the like: the number of a handle is its place in a table in which free places
+// are used first, so that the highest of many new ones tells how many are in use.
+unsigned user_objects() {
+    std::array<HMENU, 64> probes{};
+    unsigned highest = 0;
+    for (HMENU& probe : probes) {
+        probe = CreateMenu();
+        highest = std::max(highest,
+                           static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(probe) & 0xFFFF));
+    }
+    for (const HMENU probe : probes)
+        DestroyMenu(probe);
+    return highest;
+}
+
+class Handles : public AppTest {
+  protected:
+    void round(const std::wstring& file) {
+        main.open_file(file);
+        choose(kCmdSoften);
+        choose(kCmdResample);
+        choose(kCmdUndo);
+        choose(kCmdCopy);
+        choose(kCmdClose);
+    }
+    void rounds(int count, const std::wstring& file) {
+        for (int i = 0; i < count; ++i) {
+            script.expect_dialog([](HWND) {}, IDCANCEL); // the size dialog
+            script.expect_message(IDNO);
+            round(file);
+        }
+    }
+};
+
+TEST_F(Handles, DoNotGrowOver200Rounds) {
+    const std::wstring file = saved(random_picture(40, 30, 1));
+    rounds(10, file); // what is made once is made now
+    const unsigned long gdi = gdi_objects();
+    const unsigned user = user_objects();
+    ASSERT_GT(gdi, 0u);
+    const HBRUSH probe = CreateSolidBrush(RGB(1, 2, 3));
+    EXPECT_EQ(gdi_objects(), gdi + 1) << "the count works";
+    DeleteObject(probe);
+    rounds(200, file);
+    EXPECT_TRUE(main.forms().empty());
+    EXPECT_LE(gdi_objects(), gdi + 4);
+    EXPECT_LE(user_objects(), user + 16);
+    std::cout << "GDI " << gdi << " -> " << gdi_objects() << ", USER " << user << " -> "
+              << user_objects() << '\n';
+}
+
+} // namespace
+} // namespace kelvane::test

@@ -1,0 +1,113 @@
+// What the document's window shows, how it scrolls, and what happens during an operation.
+#include "app_test.h"
+
+#include "ids.h"
+
+#include <commctrl.h>
+#include <gmock/gmock.h>
+
+namespace kelvane::test {
+namespace {
+
+class ImageWindow : public AppTest {
+  protected:
+    static void resize(const frmImage& form, int width, int height) {
+        SetWindowPos(form.window(), nullptr, 0, 0, width, height, SWP_NOZORDER);
+    }
+    static bool has_bar(const frmImage& form, LONG style) {
+        return (GetWindowLongW(form.window(), GWL_STYLE) & style) != 0;
+    }
+    static int position(const frmImage& form, int bar) { return GetScrollPos(form.window(), bar); }
+    // Blue, green, red of a pixel on the screen.
+    static std::array<int, 3> shown(const frmImage& form, int x, int y) {
+        UpdateWindow(form.window());
+        const win::WindowContext context(form.window());
+        const COLORREF colour = GetPixel(context.get(), x, y);
+        return {GetBValue(colour), GetGValue(colour), GetRValue(colour)};
+    }
+    static std::array<int, 3> in_picture(const frmImage& form, int x, int y_from_top) {
+        return pixel_at(picture_of(form), x, form.document().ImageHeight() - 1 - y_from_top);
+    }
+};
+
+TEST_F(ImageWindow, ShowsThePictureOneToOneWhereItIsScrolledTo) {
+    frmImage& form = opened(random_picture(1000, 700, 9));
+    resize(form, 300, 200);
+    for (const auto& [x, y] : {std::pair{0, 0}, {5, 3}, {100, 80}})
+        EXPECT_EQ(shown(form, x, y), in_picture(form, x, y));
+    const HWND window = form.window();
+    SendMessageW(window, WM_KEYDOWN, VK_RIGHT, 0);
+    SendMessageW(window, WM_VSCROLL, SB_PAGEDOWN, 0);
+    SendMessageW(window, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), 0);
+    const int left = position(form, SB_HORZ);
+    const int top = position(form, SB_VERT);
+    EXPECT_GT(left, 0);
+    EXPECT_GT(top, 100);
+    EXPECT_EQ(shown(form, 20, 10), in_picture(form, left + 20, top + 10));
+
+    SendMessageW(window, WM_KEYDOWN, VK_END, 0);
+    RECT client{};
+    GetClientRect(window, &client);
+    EXPECT_EQ(position(form, SB_HORZ), 1000 - client.right);
+    EXPECT_EQ(position(form, SB_VERT), 700 - client.bottom);
+    EXPECT_EQ(shown(form, client.right - 1, client.bottom - 1), in_picture(form, 999, 699));
+    choose(kCmdNegative);
+    EXPECT_EQ(shown(form, client.right - 1, client.bottom - 1), in_picture(form, 999, 699));
+}
+
+TEST_F(ImageWindow, BarsShowOnlyWhatDoesNotFit) {
+    frmImage& form = opened(black_picture(300, 200));
+    EXPECT_FALSE(has_bar(form, WS_HSCROLL) || has_bar(form, WS_VSCROLL)) << "sized to the picture";
+    RECT window{};
+    GetWindowRect(form.window(), &window);
+    const int width = window.right - window.left;
+    const int height = window.bottom - window.top;
+    resize(form, width - 5, height + 60);
+    EXPECT_TRUE(has_bar(form, WS_HSCROLL) && !has_bar(form, WS_VSCROLL));
+    resize(form, width - 5, height); // the horizontal bar covers the last rows
+    EXPECT_TRUE(has_bar(form, WS_HSCROLL) && has_bar(form, WS_VSCROLL));
+    SendMessageW(form.window(), WM_KEYDOWN, VK_END, 0);
+    resize(form, width, height);
+    EXPECT_FALSE(has_bar(form, WS_HSCROLL) || has_bar(form, WS_VSCROLL));
+    EXPECT_EQ(position(form, SB_HORZ), 0);
+    EXPECT_EQ(shown(form, 299, 199), (std::array<int, 3>{0, 0, 0}));
+}
+
+TEST_F(ImageWindow, NothingElseStartsDuringAnOperation) {
+    frmImage& form = opened(random_picture(1200, 900, 3));
+    cDIBSection expected = picture_of(form).Copy();
+    cDIBSection buffer = black_picture(1200, 900);
+    cImageProcessDIB engine;
+    engine.set_FilterType(kMeanRank);
+    engine.ProcessImage(expected, buffer);
+    // They wait in the queue and arrive while the operation lets the windows paint.
+    PostMessageW(main.window(), WM_COMMAND, kCmdNegative, 0);
+    PostMessageW(form.window(), WM_CLOSE, 0, 0);
+    PostMessageW(main.window(), WM_CLOSE, 0, 0);
+    InvalidateRect(form.window(), nullptr, FALSE);
+    choose(kCmdMedian);
+    ASSERT_EQ(main.forms().size(), 1u);
+    EXPECT_TRUE(same_pixels(picture_of(form), expected));
+    MSG left;
+    EXPECT_FALSE(PeekMessageW(&left, main.window(), WM_COMMAND, WM_COMMAND, PM_REMOVE))
+        << "the operation was too short to be interrupted";
+    EXPECT_FALSE(IsWindowVisible(main.status_bar().progress()));
+    EXPECT_EQ(SendMessageW(main.status_bar().progress(), PBM_GETRANGE, FALSE, 0), 3594);
+}
+
+TEST_F(ImageWindow, WarnsOfScreensWithFewColours) {
+    main.check_colour_depth(24);
+    script.expect_message(IDOK);
+    main.check_colour_depth(8);
+    EXPECT_EQ(script.messages().back(),
+              LoadString(IDS_COLOUR_DEPTH) + L"\r\n\r\n" + LoadString(IDS_COLOUR_DEPTH_RESTART));
+}
+
+TEST_F(ImageWindow, MissingHelpFileIsNamed) {
+    script.expect_message(IDOK);
+    choose(kCmdHelp);
+    EXPECT_THAT(script.messages().back(), testing::EndsWith(L"\\EAGLE_Kelvane.chm"));
+}
+
+} // namespace
+} // namespace kelvane::test

@@ -1,0 +1,76 @@
+// Scanning, with a library of our own in the scanner's place.
+#include "app_test.h"
+
+#include "settings/folders.h"
+
+#include "ids.h"
+
+#include <gmock/gmock.h>
+
+namespace kelvane::test {
+namespace {
+
+class Scanning : public AppTest {
+  protected:
+    Scanning() : library_(std::filesystem::path(program_folder()) / "EZTW32.DLL") {}
+    ~Scanning() override {
+        std::error_code ignored;
+        remove(library_, ignored);
+    }
+    void install_library() {
+        copy_file(std::filesystem::path(program_folder()) / "scanner" / "EZTW32.DLL", library_,
+                  std::filesystem::copy_options::overwrite_existing);
+    }
+    static std::size_t temporary_files() {
+        const std::filesystem::directory_iterator all(TempDir());
+        return static_cast<std::size_t>(std::count_if(begin(all), end(all), [](const auto& entry) {
+            return entry.path().filename().wstring().starts_with(L"VBI");
+        }));
+    }
+
+  private:
+    std::filesystem::path library_;
+};
+
+TEST_F(Scanning, MissingLibraryIsExplained) {
+    for (const unsigned command : {kCmdSelectSource, kCmdAcquire}) {
+        script.expect_message(IDOK);
+        choose(command);
+        EXPECT_EQ(script.messages().back(),
+                  LoadString(sizeof(void*) == 8 ? IDS_SCANNER_NEEDS_32_BIT
+                                                : IDS_SCANNER_LIBRARY_MISSING));
+    }
+    EXPECT_TRUE(main.forms().empty());
+}
+
+TEST_F(Scanning, ScannedPictureIsANewDocument) {
+    install_library();
+    const cDIBSection picture = random_picture(17, 13, 2);
+    SetEnvironmentVariableW(L"KELVANE_SCAN", saved(picture).c_str());
+    const std::size_t files = temporary_files();
+    choose(kCmdSelectSource);
+    wchar_t owner[8] = L"";
+    GetEnvironmentVariableW(L"KELVANE_SCAN_OWNER", owner, std::size(owner));
+    EXPECT_EQ(std::wstring(owner), L"yes");
+    choose(kCmdAcquire);
+    ASSERT_EQ(main.forms().size(), 1u);
+    EXPECT_TRUE(same_pixels(picture_of(*main.forms()[0]), picture));
+    EXPECT_EQ(caption(*main.forms()[0]), L"Image: Image 1");
+    EXPECT_EQ(temporary_files(), files);
+}
+
+TEST_F(Scanning, CancelledOrFailedScanLeavesNothing) {
+    install_library();
+    const std::size_t files = temporary_files();
+    SetEnvironmentVariableW(L"KELVANE_SCAN", L"cancel");
+    choose(kCmdAcquire); // no message
+    SetEnvironmentVariableW(L"KELVANE_SCAN", L"fail");
+    script.expect_message(IDOK);
+    choose(kCmdAcquire);
+    EXPECT_THAT(script.messages().back(), testing::StartsWith(LoadString(IDS_SCAN_ERROR)));
+    EXPECT_TRUE(main.forms().empty());
+    EXPECT_EQ(temporary_files(), files);
+}
+
+} // namespace
+} // namespace kelvane::test

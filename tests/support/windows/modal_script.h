@@ -1,0 +1,63 @@
+// Answers modal dialogs and message boxes from within their own message loops, without waiting.
+#pragma once
+
+#include <windows.h>
+
+#include <deque>
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace kelvane::test {
+
+/// While it lives every dialog and message box that opens in this thread is met by the next step
+/// in line, once it is filled and shown; the step has to close it. A dialog that no step waits for
+/// fails the test and is closed; so does a step that no dialog came for, at the latest in the
+/// destructor. A step may itself open dialogs: the next steps are theirs.
+class ModalScript {
+  public:
+    using Step = std::function<void(HWND dialog)>;
+
+    ModalScript();
+    ~ModalScript();
+    ModalScript(const ModalScript&) = delete;
+    ModalScript& operator=(const ModalScript&) = delete;
+
+    void expect(Step step) { steps_.push_back(std::move(step)); }
+    /// The next one is a message box: its text is recorded and `button` (IDOK, IDYES, ...) pressed.
+    void expect_message(int button);
+    /// The next one is answered by `button` after `fill`.
+    void expect_dialog(Step fill, int button = IDOK);
+    /// The next one is an open or save dialog, which gets this path; an empty one cancels it.
+    void expect_file_dialog(std::wstring path);
+
+    /// Texts of the message boxes so far.
+    const std::vector<std::wstring>& messages() const { return messages_; }
+    /// Titles of all dialogs and message boxes so far.
+    const std::vector<std::wstring>& titles() const { return titles_; }
+    bool all_done() const { return steps_.empty(); }
+
+  private:
+    static LRESULT CALLBACK hook(int code, WPARAM w, LPARAM l);
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
+    void opened(HWND dialog);
+    void answer(HWND dialog);
+
+    HHOOK hook_ = nullptr;
+    HWND window_ = nullptr;
+    std::set<HWND> met_;
+    std::deque<Step> steps_;
+    std::vector<std::wstring> messages_;
+    std::vector<std::wstring> titles_;
+};
+
+/// Presses a button of a dialog as a click does.
+void press(HWND dialog, int button);
+/// Types into a field: its text changes and its dialog is told.
+void type_text(HWND dialog, int field, const std::wstring& text);
+/// Picks an entry of a list, from 0, as a click does.
+void choose_in_list(HWND dialog, int list, int entry);
+std::wstring text_of(HWND dialog, int control);
+
+} // namespace kelvane::test
