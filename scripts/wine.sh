@@ -17,21 +17,24 @@ without_window_manager() {
     timeout 60 "$kelvane_wine" reg.exe add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
 }
 
+# A prefix is made anew when this file has changed.
+stamp=$WINEPREFIX/made-by-$(cksum <"$(dirname "$(readlink -f "$0")")/wine.sh" | cut -d ' ' -f 1)
+
 make_prefix() {
     rm -rf "$WINEPREFIX"
     timeout 120 "$kelvane_wine" wineboot.exe -i >"$prefixes/$WINEARCH.log" 2>&1 &&
         without_window_manager >>"$prefixes/$WINEARCH.log" 2>&1 &&
-        timeout 60 "$kelvane_wineserver" -w && touch "$WINEPREFIX/complete" && return
+        timeout 60 "$kelvane_wineserver" -w && touch "$stamp" && return
     tail -n 15 "$prefixes/$WINEARCH.log" >&2
     echo "kelvane: Wine could not set up $WINEPREFIX" >&2
     exit 1
 }
 
-if [ ! -e "$WINEPREFIX/complete" ]; then
+if [ ! -e "$stamp" ]; then
     # Two tests may start together; the server must not inherit the lock.
     exec 9>"$prefixes/$WINEARCH.lock"
     flock 9
-    [ -e "$WINEPREFIX/complete" ] || make_prefix 9>&-
+    [ -e "$stamp" ] || make_prefix 9>&-
     exec 9>&-
 fi
 
