@@ -93,6 +93,29 @@ TEST(Convolution, DividesExactly) {
         }
 }
 
+// The wide path multiplies by a reciprocal in single or, from 16385 on, in double precision. With
+// the weight for a coefficient every sum stands beside a whole quotient, on it or one below.
+TEST(Convolution, DividesWideSumsExactly) {
+    cDIBSection image = black_picture(256 * 3, 3);
+    for (int x = 0; x < image.Width(); ++x)
+        for (int channel = 0; channel < 3; ++channel)
+            image.view().pixel(x, 1)[channel] = static_cast<std::uint8_t>(x % 3 == 1 ? x / 3 : 1);
+    for (const std::int32_t magnitude :
+         {129, 257, 1000, 4900, 8191, 16383, 16384, 16385, 16411, 32767, 40000, 8000000})
+        for (const std::int32_t weight : {magnitude, -magnitude})
+            for (const std::int32_t beside : {-1, 0, 1}) {
+                FilterKernel kernel(3, weight);
+                kernel.set_cell(0, 0, weight);
+                kernel.set_cell(1, 0, beside);
+                const cDIBSection expected = convolved(image, kernel);
+                at_every_level([&] {
+                    cDIBSection result = image.Copy();
+                    convolve(image.view(), result.view(), kernel);
+                    EXPECT_TRUE(same_pixels(result, expected)) << weight << ' ' << beside;
+                });
+            }
+}
+
 // Wider than one stretch, for both ways of walking.
 TEST(Convolution, WidePictures) {
     expect_convolution(predefined_kernel(kSoftenMore), 2100, 7);
