@@ -150,6 +150,7 @@ void sum_taps(const Byte* from, const ShortPairs& pairs, std::int32_t* sums, int
     int k = 0;
     for (; k + PairLanes::kBytes <= count; k += PairLanes::kBytes) {
         PairLanes lanes;
+#pragma GCC unroll 4
         for (int p = 0; p < pairs.count; ++p)
             lanes.add(from + k + pairs.offset[p][0], from + k + pairs.offset[p][1],
                       pairs.coefficients[p]);
@@ -178,11 +179,14 @@ void store_quotients(const std::int32_t* __restrict sums, Byte* __restrict to, i
                      std::int32_t weight) {
     const Number sign = weight < 0 ? -1 : 1;
     const Number half = static_cast<Number>(0.5);
+    const Number limit = static_cast<Number>(255.5);
     const Number reciprocal = 1 / (sign * static_cast<Number>(weight));
     for (int k = 0; k < count; ++k) {
         const Number value = (sign * static_cast<Number>(sums[k]) + half) * reciprocal;
-        const Number positive = value > 0 ? value : 0;
-        to[k] = static_cast<Byte>(static_cast<std::int32_t>(positive < 255 ? positive : 255));
+        // 255.5 instead of 255: a constant that is no whole number keeps the compiler from
+        // choosing after the conversion, in more steps.
+        const Number limited = value < limit ? value : limit;
+        to[k] = clamped(static_cast<std::int32_t>(limited));
     }
 }
 
