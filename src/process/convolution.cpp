@@ -87,20 +87,25 @@ class Convolver {
     bool few_ = false;
 };
 
-// Kernels of more cells than this take long enough to be watched.
-constexpr int kQuickCells = 25;
+// Larger kernels take long enough to be watched.
+bool is_quick(const FilterKernel& kernel) {
+    return kernel.size() <= 5;
+}
 
 } // namespace
 
-void convolve(ConstImageView from, ImageView to, const FilterKernel& kernel,
+void convolve(ConstImageView from, TargetRows to, const FilterKernel& kernel,
               ProgressObserver* observer, const RowDone& row_done) {
     const ProgressReporter progress(observer);
     const Convolver convolver(kernel, from.row_step);
-    const bool quick = kernel.size() * kernel.size() <= kQuickCells;
-    walk_interior(from, kernel.half(), quick ? Walk::WholeRows : Walk::Strips, progress, row_done,
-                  [&](int byte, int count, int y) {
-                      convolver.stretch(from.row(y) + byte, to.row(y) + byte, count);
-                  });
+    const Walk walk = is_quick(kernel) ? Walk::WholeRows : Walk::Strips;
+    walk_interior(from, kernel.half(), walk, progress, row_done, [&](int byte, int count, int y) {
+        convolver.stretch(from.row(y) + byte, to.row(y) + byte, count);
+    });
+}
+
+int target_rows(const FilterKernel& kernel, int height) {
+    return is_quick(kernel) ? kernel.half() + 1 : height;
 }
 
 } // namespace kelvane

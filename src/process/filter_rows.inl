@@ -116,62 +116,85 @@ std::int16_t upper_half(std::int32_t coefficient) {
     return static_cast<std::int16_t>(rest >> 16);
 }
 
-// Taps with 16-bit coefficients, an even number of them: the processor multiplies and adds pairs.
-struct ShortTaps {
+// Taps with 16-bit coefficients in pairs, as the processor multiplies and adds them. The first
+// coefficient of a pair stands in the lower half; a missing second one is 0.
+struct ShortPairs {
     int count = 0;
-    std::ptrdiff_t offset[Taps::kMost + 1];
-    std::int16_t coefficient[Taps::kMost + 1];
-
-    void append(std::ptrdiff_t at, std::int16_t value) {
-        offset[count] = at;
-        coefficient[count] = value;
-        ++count;
-    }
+    std::ptrdiff_t offset[Taps::kMost / 2 + 1][2];
+    std::int32_t coefficients[Taps::kMost / 2 + 1];
 };
 
-template <typename Half> ShortTaps short_taps(const Taps& taps, Half half) {
-    ShortTaps result;
-    for (int t = 0; t < taps.count; ++t)
-        if (half(taps.coefficient[t]) != 0)
-            result.append(taps.offset[t], half(taps.coefficient[t]));
-    if (result.count % 2 == 1) result.append(taps.offset[0], 0);
-    return result;
+template <typename Half> ShortPairs short_pairs(const Taps& taps, Half half) {
+    ShortPairs pairs;
+    bool second = false;
+    for (int t = 0; t < taps.count; ++t) {
+        const std::uint32_t value = static_cast<std::uint16_t>(half(taps.coefficient[t]));
+        if (value == 0) continue;
+        if (second) {
+            const int pair = pairs.count - 1;
+            pairs.offset[pair][1] = taps.offset[t];
+            pairs.coefficients[pair] = static_cast<std::int32_t>(
+                static_cast<std::uint32_t>(pairs.coefficients[pair]) | value << 16);
+        } else {
+            pairs.offset[pairs.count][0] = taps.offset[t];
+            pairs.offset[pairs.count][1] = taps.offset[t];
+            pairs.coefficients[pairs.count] = static_cast<std::int32_t>(value);
+            ++pairs.count;
+        }
+        second = !second;
+    }
+    return pairs;
 }
 
-void sum_taps(const Byte* from, const ShortTaps& taps, std::int32_t* sums, int count) {
+void sum_taps(const Byte* from, const ShortPairs& pairs, std::int32_t* sums, int count) {
     int k = 0;
     for (; k + PairLanes::kBytes <= count; k += PairLanes::kBytes) {
         PairLanes lanes;
-        for (int t = 0; t < taps.count; t += 2)
-            lanes.add(from + k + taps.offset[t], from + k + taps.offset[t + 1], taps.coefficient[t],
-                      taps.coefficient[t + 1]);
+#pragma GCC unroll 4
+        for (int p = 0; p < pairs.count; ++p)
+            lanes.add(from + k + pairs.offset[p][0], from + k + pairs.offset[p][1],
+                      pairs.coefficients[p]);
         lanes.store(sums + k);
     }
     for (; k < count; ++k) {
         std::uint32_t sum = 0;
-        for (int t = 0; t < taps.count; ++t)
-            sum += static_cast<std::uint32_t>(taps.coefficient[t] * from[k + taps.offset[t]]);
+        for (int p = 0; p < pairs.count; ++p) {
+            const std::int32_t both = pairs.coefficients[p];
+            sum += static_cast<std::uint32_t>(lower_half(both) * from[k + pairs.offset[p][0]] +
+                                              (both >> 16) * from[k + pairs.offset[p][1]]);
+        }
         sums[k] = static_cast<std::int32_t>(sum);
     }
 }
 
-// |s| and |w| of a sum s and a weight w are at most 2^31: (|s| + 1/2) / |w| is at least 1 / 2|w|
-// away from the next whole number, and the two roundings of a double move it by less than
-// 2^-20 / |w|.
-void store_wide(const std::int32_t* sums, Byte* __restrict to, int count, std::int32_t weight) {
-    const double sign = weight < 0 ? -1 : 1;
-    const double reciprocal = 1 / (sign * weight);
+// The quotient of a sum s and a weight w, toward zero and clamped, from (|s| + 1/2) / |w|, which is
+// at least 1 / 2|w| away from every whole number. The roundings of the reciprocal and the product
+// move it by less:
+// - a double's by less than 2^-20 / |w|, |s| and |w| being at most 2^31;
+// - a float's, for |w| up to 2^14: below |s| = 2^22 the sum and its half are exact and the value is
+//   moved by (|s| + 1/2) / |w| x (2^-23 + 2^-48) at most, that is by less than 1 / 2|w|; from there
+//   on the quotient is 256 or more, and as every step keeps the order of the sums, so is the value.
+template <typename Number>
+void store_quotients(const std::int32_t* __restrict sums, Byte* __restrict to, int count,
+                     std::int32_t weight) {
+    const Number sign = weight < 0 ? -1 : 1;
+    const Number half = static_cast<Number>(0.5);
+    const Number limit = static_cast<Number>(255.5);
+    const Number reciprocal = 1 / (sign * static_cast<Number>(weight));
     for (int k = 0; k < count; ++k) {
-        const double value = (sign * sums[k] + 0.5) * reciprocal;
-        const double positive = value > 0 ? value : 0;
-        to[k] = static_cast<Byte>(static_cast<std::int32_t>(positive < 255 ? positive : 255));
+        const Number value = (sign * static_cast<Number>(sums[k]) + half) * reciprocal;
+        // 255.5 instead of 255: a constant that is no whole number keeps the compiler from
+        // choosing after the conversion, in more steps.
+        const Number limited = value < limit ? value : limit;
+        to[k] = clamped(static_cast<std::int32_t>(limited));
     }
 }
 
 void wide(const Byte* from, Byte* to, int count, const Taps& taps) {
+    constexpr std::int32_t float_weight = 1 << 14;
     alignas(32) std::int32_t sums[kLongestStretch];
-    sum_taps(from, short_taps(taps, lower_half), sums, count);
-    const ShortTaps upper = short_taps(taps, upper_half);
+    sum_taps(from, short_pairs(taps, lower_half), sums, count);
+    const ShortPairs upper = short_pairs(taps, upper_half);
     if (upper.count > 0) {
         alignas(32) std::int32_t upper_sums[kLongestStretch];
         sum_taps(from, upper, upper_sums, count);
@@ -179,7 +202,10 @@ void wide(const Byte* from, Byte* to, int count, const Taps& taps) {
             sums[k] = static_cast<std::int32_t>(static_cast<std::uint32_t>(sums[k]) +
                                                 (static_cast<std::uint32_t>(upper_sums[k]) << 16));
     }
-    store_wide(sums, to, count, taps.weight);
+    if (taps.weight >= -float_weight && taps.weight <= float_weight)
+        store_quotients<float>(sums, to, count, taps.weight);
+    else
+        store_quotients<double>(sums, to, count, taps.weight);
 }
 
 struct Smaller {

@@ -14,10 +14,8 @@ class PairLanes {
   public:
     static constexpr int kBytes = 32;
 
-    void add(const std::uint8_t* a, const std::uint8_t* b, std::int16_t ca, std::int16_t cb) {
-        const auto both = static_cast<std::uint32_t>(static_cast<std::uint16_t>(cb)) << 16 |
-                          static_cast<std::uint16_t>(ca);
-        const __m256i coefficients = _mm256_set1_epi32(static_cast<std::int32_t>(both));
+    void add(const std::uint8_t* a, const std::uint8_t* b, std::int32_t both) {
+        const __m256i coefficients = _mm256_set1_epi32(both);
         const __m256i zero = _mm256_setzero_si256();
         const __m256i left = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a));
         const __m256i right = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b));
