@@ -1,12 +1,22 @@
 // Pictures through gdk-pixbuf.
+#include "image/photo_marks.h"
 #include "image/picture_reader.h"
+#include "image/upright_picture.h"
 
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
 #include <memory>
+#include <string>
 
 namespace kelvane {
 namespace {
+
+constexpr PixelLayout kRgb = {3, 2, 1, 0, -1};
+constexpr PixelLayout kRgba = {4, 2, 1, 0, 3};
 
 struct Unref {
     void operator()(gpointer object) const { g_object_unref(object); }
@@ -14,43 +24,77 @@ struct Unref {
 using Pixbuf = std::unique_ptr<GdkPixbuf, Unref>;
 using Loader = std::unique_ptr<GdkPixbufLoader, Unref>;
 
+// One line without the full stop, as messages follow a file's name.
+std::string phrase(std::string text) {
+    for (char& c : text)
+        if (c == '\n' || c == '\r') c = ' ';
+    text.erase(text.find_last_not_of(" .") + 1);
+    return text;
+}
+
 [[noreturn]] void fail(GError* error) {
-    const std::string cause = error && error->message ? error->message : "not a picture";
+    const bool unknown = !error || !error->message ||
+                         g_error_matches(error, GDK_PIXBUF_ERROR, GDK_PIXBUF_ERROR_UNKNOWN_TYPE);
+    const std::string cause = unknown ? "not a picture that can be read" : phrase(error->message);
     g_clear_error(&error);
     throw FileError(cause);
+}
+
+// Called with the size that the file claims, before there is memory for it. Asking for a tiny
+// picture keeps the loader from taking that memory; `too_large` tells that this one is refused.
+void refuse_too_large(GdkPixbufLoader* loader, gint width, gint height, gpointer too_large) {
+    const std::int64_t bytes = (std::int64_t{width} * 3 + 3) / 4 * 4 * height;
+    if (bytes <= std::numeric_limits<std::int32_t>::max()) return;
+    *static_cast<bool*>(too_large) = true;
+    gdk_pixbuf_loader_set_size(loader, 1, 1);
+}
+
+bool feed(GdkPixbufLoader* loader, std::span<const std::uint8_t> bytes, const bool& too_large,
+          GError** error) {
+    // In blocks, so that a refused size stops the work after its header.
+    constexpr std::size_t kBlock = 65536;
+    for (; !bytes.empty() && !too_large; bytes = bytes.subspan(std::min(kBlock, bytes.size())))
+        if (!gdk_pixbuf_loader_write(loader, bytes.data(), std::min(kBlock, bytes.size()), error))
+            return false;
+    return true;
+}
+
+Pixbuf decode(std::span<const std::uint8_t> bytes) {
+    const Loader loader(gdk_pixbuf_loader_new());
+    bool too_large = false;
+    g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(refuse_too_large), &too_large);
+    GError* error = nullptr;
+    const bool fed = feed(loader.get(), bytes, too_large, &error);
+    const bool closed = gdk_pixbuf_loader_close(loader.get(), fed ? &error : nullptr);
+    if (too_large) {
+        g_clear_error(&error);
+        throw FileError("the picture is too large");
+    }
+    GdkPixbuf* decoded = gdk_pixbuf_loader_get_pixbuf(loader.get());
+    if (!fed || !closed || !decoded) fail(error);
+    return Pixbuf(static_cast<GdkPixbuf*>(g_object_ref(decoded)));
+}
+
+int orientation_of(GdkPixbuf* decoded) {
+    const char* mark = gdk_pixbuf_get_option(decoded, "orientation");
+    return mark ? std::atoi(mark) : 1;
 }
 
 } // namespace
 
 cDIBSection decode_picture(std::span<const std::uint8_t> file_bytes) {
-    const Loader loader(gdk_pixbuf_loader_new());
-    GError* error = nullptr;
-    const bool fed =
-        gdk_pixbuf_loader_write(loader.get(), file_bytes.data(), file_bytes.size(), &error);
-    const bool closed = gdk_pixbuf_loader_close(loader.get(), fed ? &error : nullptr);
-    if (!fed || !closed) fail(error);
-    GdkPixbuf* decoded = gdk_pixbuf_loader_get_pixbuf(loader.get());
-    if (!decoded) fail(nullptr);
-    const Pixbuf upright(gdk_pixbuf_apply_embedded_orientation(decoded));
-
-    cDIBSection picture;
-    const int width = gdk_pixbuf_get_width(upright.get());
-    const int height = gdk_pixbuf_get_height(upright.get());
-    if (!picture.Create(width, height)) throw FileError("the picture is too large");
-    const int channels = gdk_pixbuf_get_n_channels(upright.get());
-    const int step = gdk_pixbuf_get_rowstride(upright.get());
-    const guint8* pixels = gdk_pixbuf_read_pixels(upright.get());
-    for (int y = 0; y < height; ++y) {
-        const guint8* from = pixels + static_cast<std::ptrdiff_t>(step) * y;
-        std::uint8_t* to = picture.view().row(height - 1 - y);
-        for (int x = 0; x < width; ++x, from += channels, to += 3) {
-            const int alpha = channels == 4 ? from[3] : 255;
-            for (int c = 0; c < 3; ++c)
-                to[c] = static_cast<std::uint8_t>(
-                    (from[2 - c] * alpha + 255 * (255 - alpha) + 127) / 255);
-        }
-    }
-    return picture;
+    if (file_bytes.empty()) throw FileError("the file is empty");
+    if (!jpeg_is_complete(file_bytes)) throw FileError("the picture is damaged or cut short");
+    const Pixbuf decoded = decode(file_bytes);
+    const int width = gdk_pixbuf_get_width(decoded.get());
+    const int height = gdk_pixbuf_get_height(decoded.get());
+    const std::ptrdiff_t step = gdk_pixbuf_get_rowstride(decoded.get());
+    const guint8* pixels = gdk_pixbuf_read_pixels(decoded.get());
+    const PixelLayout& layout = gdk_pixbuf_get_has_alpha(decoded.get()) ? kRgba : kRgb;
+    UprightPicture picture(width, height, orientation_of(decoded.get()));
+    for (int y = 0; y < height; ++y)
+        picture.put_row(y, pixels + step * y, layout);
+    return picture.take();
 }
 
 } // namespace kelvane
