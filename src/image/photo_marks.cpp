@@ -86,6 +86,29 @@ int jpeg_orientation(Bytes bytes) {
     return orientation;
 }
 
+bool jpeg_is_complete(Bytes file_bytes) {
+    // Only behind the headers: a thumbnail in them has an end of its own. Picture data never
+    // holds the end's two bytes.
+    const std::size_t scan = walk_segments(file_bytes, [](std::uint8_t, Bytes) { return false; });
+    constexpr std::array<std::uint8_t, 2> kEnd = {0xFF, 0xD9};
+    const Bytes rest = file_bytes.subspan(std::min(scan, file_bytes.size()));
+    return std::search(rest.begin(), rest.end(), kEnd.begin(), kEnd.end()) != rest.end();
+}
+
+constexpr std::string_view kPngBegin = "\x89PNG\r\n\x1A\n";
+
+bool png_is_complete(Bytes bytes) {
+    constexpr std::size_t kFrame = 12; // length, name and checksum of a chunk
+    std::size_t at = kPngBegin.size();
+    while (bytes.size() - at >= kFrame) {
+        const std::size_t length = TiffNumbers(bytes).number(at, 4);
+        if (length > bytes.size() - at - kFrame) return false;
+        if (begins_with(bytes.subspan(at + 4), "IEND")) return true;
+        at += kFrame + length;
+    }
+    return false;
+}
+
 } // namespace
 
 int orientation_mark(Bytes file_bytes) {
@@ -95,14 +118,10 @@ int orientation_mark(Bytes file_bytes) {
     return 1;
 }
 
-bool jpeg_is_complete(Bytes file_bytes) {
-    if (!is_jpeg(file_bytes)) return true;
-    // Only behind the headers: a thumbnail in them has an end of its own. Picture data never
-    // holds the end's two bytes.
-    const std::size_t scan = walk_segments(file_bytes, [](std::uint8_t, Bytes) { return false; });
-    constexpr std::array<std::uint8_t, 2> kEnd = {0xFF, 0xD9};
-    const Bytes rest = file_bytes.subspan(std::min(scan, file_bytes.size()));
-    return std::search(rest.begin(), rest.end(), kEnd.begin(), kEnd.end()) != rest.end();
+bool is_complete(Bytes file_bytes) {
+    if (is_jpeg(file_bytes)) return jpeg_is_complete(file_bytes);
+    if (begins_with(file_bytes, kPngBegin)) return png_is_complete(file_bytes);
+    return true;
 }
 
 } // namespace kelvane

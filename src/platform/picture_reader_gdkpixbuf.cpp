@@ -11,6 +11,7 @@
 #include <limits>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace kelvane {
 namespace {
@@ -40,38 +41,63 @@ std::string phrase(std::string text) {
     throw FileError(cause);
 }
 
+// What the loader tells while it reads.
+struct Progress {
+    bool too_large = false;
+    // Rows that have come. Loaders leave those that a short file does not hold as they are, and
+    // report no error.
+    std::vector<bool> rows;
+
+    bool complete() const { return std::find(rows.begin(), rows.end(), false) == rows.end(); }
+};
+
 // Called with the size that the file claims, before there is memory for it. Asking for a tiny
-// picture keeps the loader from taking that memory; `too_large` tells that this one is refused.
-void refuse_too_large(GdkPixbufLoader* loader, gint width, gint height, gpointer too_large) {
+// picture keeps the loader from taking that memory.
+void on_size(GdkPixbufLoader* loader, gint width, gint height, gpointer progress) {
     const std::int64_t bytes = (std::int64_t{width} * 3 + 3) / 4 * 4 * height;
     if (bytes <= std::numeric_limits<std::int32_t>::max()) return;
-    *static_cast<bool*>(too_large) = true;
+    static_cast<Progress*>(progress)->too_large = true;
     gdk_pixbuf_loader_set_size(loader, 1, 1);
 }
 
-bool feed(GdkPixbufLoader* loader, std::span<const std::uint8_t> bytes, const bool& too_large,
+void on_area(GdkPixbufLoader* loader, gint, gint y, gint, gint height, gpointer progress) {
+    std::vector<bool>& rows = static_cast<Progress*>(progress)->rows;
+    if (rows.empty()) {
+        const int all = gdk_pixbuf_get_height(gdk_pixbuf_loader_get_pixbuf(loader));
+        rows.resize(static_cast<std::size_t>(all));
+    }
+    const int end = std::min(y + height, static_cast<int>(rows.size()));
+    for (int row = std::max(y, 0); row < end; ++row)
+        rows[static_cast<std::size_t>(row)] = true;
+}
+
+bool feed(GdkPixbufLoader* loader, std::span<const std::uint8_t> bytes, const Progress& progress,
           GError** error) {
     // In blocks, so that a refused size stops the work after its header.
     constexpr std::size_t kBlock = 65536;
-    for (; !bytes.empty() && !too_large; bytes = bytes.subspan(std::min(kBlock, bytes.size())))
-        if (!gdk_pixbuf_loader_write(loader, bytes.data(), std::min(kBlock, bytes.size()), error))
-            return false;
+    while (!bytes.empty() && !progress.too_large) {
+        const std::size_t size = std::min(kBlock, bytes.size());
+        if (!gdk_pixbuf_loader_write(loader, bytes.data(), size, error)) return false;
+        bytes = bytes.subspan(size);
+    }
     return true;
 }
 
 Pixbuf decode(std::span<const std::uint8_t> bytes) {
     const Loader loader(gdk_pixbuf_loader_new());
-    bool too_large = false;
-    g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(refuse_too_large), &too_large);
+    Progress progress;
+    g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(on_size), &progress);
+    g_signal_connect(loader.get(), "area-updated", G_CALLBACK(on_area), &progress);
     GError* error = nullptr;
-    const bool fed = feed(loader.get(), bytes, too_large, &error);
+    const bool fed = feed(loader.get(), bytes, progress, &error);
     const bool closed = gdk_pixbuf_loader_close(loader.get(), fed ? &error : nullptr);
-    if (too_large) {
+    if (progress.too_large) {
         g_clear_error(&error);
         throw FileError("the picture is too large");
     }
     GdkPixbuf* decoded = gdk_pixbuf_loader_get_pixbuf(loader.get());
     if (!fed || !closed || !decoded) fail(error);
+    if (!progress.complete()) throw FileError("the picture is damaged or cut short");
     return Pixbuf(static_cast<GdkPixbuf*>(g_object_ref(decoded)));
 }
 
@@ -84,7 +110,7 @@ int orientation_of(GdkPixbuf* decoded) {
 
 cDIBSection decode_picture(std::span<const std::uint8_t> file_bytes) {
     if (file_bytes.empty()) throw FileError("the file is empty");
-    if (!jpeg_is_complete(file_bytes)) throw FileError("the picture is damaged or cut short");
+    if (!is_complete(file_bytes)) throw FileError("the picture is damaged or cut short");
     const Pixbuf decoded = decode(file_bytes);
     const int width = gdk_pixbuf_get_width(decoded.get());
     const int height = gdk_pixbuf_get_height(decoded.get());

@@ -8,8 +8,8 @@
 
 namespace kelvane {
 
-/// The decoder for the picture at the start of `stream`; null when WIC does not know the format,
-/// the stream then stands at its start again. Throws `FileError` for a known but damaged file.
+/// The decoder for the picture at the start of `stream`; null when WIC cannot begin to read
+/// it, the stream then stands at its start again.
 ComPtr<IWICBitmapDecoder> wic_decoder(IWICImagingFactory& factory, IStream& stream);
 
 /// The first picture of the file, of an icon the largest, turned by `orientation` (1 to 8) and

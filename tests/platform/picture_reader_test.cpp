@@ -106,10 +106,10 @@ TEST(UprightPicture, TurnsEveryOrientation) {
 TEST(PhotoMarks, DamagedMarksCountAsUpright) {
     const Bytes whole = data_bytes("turned6.jpg");
     EXPECT_EQ(orientation_mark(whole), 6);
-    EXPECT_TRUE(jpeg_is_complete(whole));
+    EXPECT_TRUE(is_complete(whole));
     for (std::size_t size = 0; size < 38; ++size)
         EXPECT_EQ(orientation_mark(std::span(whole).first(size)), 1) << size;
-    EXPECT_FALSE(jpeg_is_complete(std::span(whole).first(whole.size() - 1)));
+    EXPECT_FALSE(is_complete(std::span(whole).first(whole.size() - 1)));
 }
 
 } // namespace
