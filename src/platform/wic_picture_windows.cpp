@@ -80,14 +80,12 @@ void copy_rows(IWICBitmapSource& source, Size size, UprightPicture& to) {
 
 ComPtr<IWICBitmapDecoder> wic_decoder(IWICImagingFactory& factory, IStream& stream) {
     ComPtr<IWICBitmapDecoder> decoder;
-    const HRESULT result =
-        factory.CreateDecoderFromStream(&stream, nullptr, WICDecodeMetadataCacheOnDemand, &decoder);
-    if (result == WINCODEC_ERR_COMPONENTNOTFOUND) {
-        throw_if_failed(stream.Seek({}, STREAM_SEEK_SET, nullptr));
-        return nullptr;
-    }
-    throw_if_failed(result);
-    return decoder;
+    // Unknown formats fail with more than one code: a codec may take the file for its own at first.
+    if (SUCCEEDED(factory.CreateDecoderFromStream(&stream, nullptr, WICDecodeMetadataCacheOnDemand,
+                                                  &decoder)))
+        return decoder;
+    throw_if_failed(stream.Seek({}, STREAM_SEEK_SET, nullptr));
+    return nullptr;
 }
 
 cDIBSection wic_picture(IWICImagingFactory& factory, IWICBitmapDecoder& decoder, int orientation) {
