@@ -9,12 +9,16 @@ mkdir -p "$prefixes"
 prefixes=$(readlink -f "$prefixes")
 export WINEARCH=$kelvane_arch WINEPREFIX=$prefixes/$kelvane_arch WINESERVER=$kelvane_wineserver
 # Wine takes the names of files for ASCII where no locale says otherwise.
-export LC_ALL=C.UTF-8
+[[ ${LC_ALL:-${LANG:-}} == *UTF-8 ]] || export LC_ALL=C.UTF-8
 export WINELOADER=$kelvane_wine WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
 
-# Nobody manages windows on the tests' X server: Wine would wait two seconds for each of them.
-without_window_manager() {
-    timeout 60 "$kelvane_wine" reg.exe add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
+# Nobody manages windows on the tests' X server: Wine would wait two seconds for each of them. The
+# program itself (run.sh app) runs on a desktop.
+set_window_management() {
+    local key='HKCU\Software\Wine'
+    timeout 60 "$kelvane_wine" reg.exe add "$key\\X11 Driver" /v Managed /d N /f &&
+        timeout 60 "$kelvane_wine" reg.exe add "$key\\AppDefaults\\kelvane.exe\\X11 Driver" \
+            /v Managed /d Y /f
 }
 
 # A prefix is made anew when this file has changed.
@@ -23,7 +27,7 @@ stamp=$WINEPREFIX/made-by-$(cksum <"$(dirname "$(readlink -f "$0")")/wine.sh" | 
 make_prefix() {
     rm -rf "$WINEPREFIX"
     timeout 120 "$kelvane_wine" wineboot.exe -i >"$prefixes/$WINEARCH.log" 2>&1 &&
-        without_window_manager >>"$prefixes/$WINEARCH.log" 2>&1 &&
+        set_window_management >>"$prefixes/$WINEARCH.log" 2>&1 &&
         timeout 60 "$kelvane_wineserver" -w && touch "$stamp" && return
     tail -n 15 "$prefixes/$WINEARCH.log" >&2
     echo "kelvane: Wine could not set up $WINEPREFIX" >&2

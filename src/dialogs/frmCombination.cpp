@@ -102,8 +102,8 @@ void frmCombination::load_preview() {
     const cDIBSection* first = chosen_picture(IDC_COMBINE_FIRST);
     const cDIBSection* second = chosen_picture(IDC_COMBINE_SECOND);
     preview_ = first == nullptr ? LivePreview() : LivePreview(*first);
-    second_ =
-        second == nullptr ? cDIBSection() : second->Resample(preview_.height(), preview_.width());
+    second_ = second == nullptr ? cDIBSection() : preview_.at_same_size(*second);
+    preview_.fit(control(IDC_COMBINE_PREVIEW));
     show_preview();
 }
 

@@ -1,6 +1,7 @@
 #include "dialogs/frmCustomFilter.h"
 
 #include "dialogs/controls.h"
+#include "dialogs/field_input.h"
 #include "win/key_filter.h"
 
 #include "ids.h"
@@ -34,7 +35,6 @@ constexpr Base kBases[] = {
 // Characters a field takes: as many as its largest number has digits.
 constexpr int kCellLength = 5;
 constexpr int kWeightLength = 9;
-constexpr int kLargestWeight = 999999999;
 
 bool in_whole_numbers(wchar_t character) {
     return (character >= L'0' && character <= L'9') || character == L'-';
@@ -105,7 +105,8 @@ void frmCustomFilter::on_command(int id, int notification) {
 }
 
 void frmCustomFilter::cell_changed(int cell) {
-    const auto value = whole_number(text(IDC_CUSTOM_CELL + cell), KernelGrid::kLargestValue);
+    const auto value = whole_number(text(IDC_CUSTOM_CELL + cell), -KernelGrid::kLargestValue,
+                                    KernelGrid::kLargestValue);
     const auto place = static_cast<std::size_t>(cell);
     grid_.set_value(cell, value.value_or(0));
     if (value && grey_[place] != (*value == 0)) {
@@ -131,7 +132,7 @@ void frmCustomFilter::calculate_weight() const {
 }
 
 bool frmCustomFilter::confirm() {
-    const int weight = whole_number(text(IDC_CUSTOM_WEIGHT), kLargestWeight).value_or(0);
+    const int weight = whole_number(text(IDC_CUSTOM_WEIGHT)).value_or(0);
     const auto radius = grid_.radius();
     if (!radius) return refuse(IDS_CUSTOM_BLACK, IDC_CUSTOM_CELL + KernelGrid::kCentre);
     if (*radius == 0) return refuse(IDS_CUSTOM_TOO_SMALL, IDC_CUSTOM_CELL + KernelGrid::kCentre);

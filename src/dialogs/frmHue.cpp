@@ -73,6 +73,7 @@ void frmHue::load() {
     set_title(LoadString(IDS_HUE_TITLE));
     set_captions(window(), kCaptions);
     set_slider_range(control(IDC_HUE_SLIDER), (kHighest - kLowest) * kSteps, 5, kSteps);
+    preview_.fit(control(IDC_HUE_PREVIEW));
     place_spectrum();
     set_text(IDC_HUE_VALUE, hue_text(static_cast<double>(Hue)));
     follow_hue();

@@ -31,6 +31,7 @@ void frmNoise::load() {
     Cancelled = true;
     set_title(LoadString(IDS_NOISE_TITLE));
     set_captions(window(), kCaptions);
+    preview_.fit(control(IDC_NOISE_PREVIEW));
     set_slider_range(control(IDC_NOISE_SLIDER), kMost, 1, 10);
     set_text(IDC_NOISE_AMOUNT, std::to_wstring(Percent));
     check(IDC_NOISE_RANDOM, Random);

@@ -1,7 +1,5 @@
 #include "dialogs/kernel_grid.h"
 
-#include "settings/lenient_number.h"
-
 #include <algorithm>
 #include <cstdlib>
 #include <numeric>
@@ -53,17 +51,6 @@ FilterKernel KernelGrid::kernel(std::int32_t weight) const {
         for (int i = -kernel.half(); i <= kernel.half(); ++i)
             kernel.set_cell(i, j, value(cell_of(i, j)));
     return kernel;
-}
-
-std::optional<int> whole_number(std::wstring_view text, int limit) {
-    const auto first = text.find_first_not_of(L' ');
-    if (first == std::wstring_view::npos) return std::nullopt;
-    text = text.substr(first, text.find_last_not_of(L' ') - first + 1);
-    const bool sign = text.front() == L'-' || text.front() == L'+';
-    const std::wstring_view digits = text.substr(sign ? 1 : 0);
-    if (digits.empty() || digits.find_first_not_of(L"0123456789") != std::wstring_view::npos)
-        return std::nullopt;
-    return std::clamp(lenient_integer(text), -limit, limit);
 }
 
 } // namespace kelvane

@@ -6,7 +6,6 @@
 #include <array>
 #include <cstdint>
 #include <optional>
-#include <string_view>
 
 namespace kelvane {
 
@@ -39,9 +38,5 @@ class KernelGrid {
   private:
     std::array<int, kCells> values_{};
 };
-
-/// The whole number that a field holds: blanks, a sign, digits. None for any other text, which
-/// counts as 0. Numbers beyond `limit` are brought back to it.
-std::optional<int> whole_number(std::wstring_view text, int limit);
 
 } // namespace kelvane

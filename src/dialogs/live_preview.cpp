@@ -1,6 +1,7 @@
 #include "dialogs/live_preview.h"
 
 #include "dialogs/preview_size.h"
+#include "dialogs/shrink.h"
 #include "win/picture_box.h"
 
 #include <algorithm>
@@ -8,15 +9,34 @@
 namespace kelvane {
 namespace {
 
+// Averaged where it becomes smaller, interpolated where it does not.
+cDIBSection at_size(const cDIBSection& picture, PreviewSize size) {
+    if (size.width > picture.Width() || size.height > picture.Height())
+        return picture.Resample(size.height, size.width);
+    cDIBSection result;
+    if (result.Create(size.width, size.height)) shrink_by_average(picture.view(), result.view());
+    return result;
+}
+
+// Smaller pictures stay as they are: operations that act on single pixels shall show theirs.
 cDIBSection reduced(const cDIBSection& picture) {
     if (std::max(picture.Width(), picture.Height()) <= kPreviewEdge) return picture.Copy();
-    const PreviewSize size = preview_size(picture.Width(), picture.Height());
-    return picture.Resample(size.height, size.width);
+    return at_size(picture, preview_size(picture.Width(), picture.Height()));
 }
 
 } // namespace
 
 LivePreview::LivePreview(const cDIBSection& picture) : unchanged_(reduced(picture)) {}
+
+cDIBSection LivePreview::at_same_size(const cDIBSection& other) const {
+    return at_size(other, {unchanged_.Width(), unchanged_.Height()});
+}
+
+void LivePreview::fit(HWND box) const {
+    PreviewSize size{kPreviewEdge, kPreviewEdge};
+    if (!unchanged_.empty()) size = preview_size(unchanged_.Width(), unchanged_.Height());
+    win::fit_picture_box(box, size.width, size.height);
+}
 
 void LivePreview::show(HWND box, const std::function<void(cDIBSection&)>& operation) {
     shown_ = unchanged_.Copy();

@@ -16,13 +16,14 @@ class LivePreview {
     LivePreview() = default; // of no picture
     explicit LivePreview(const cDIBSection& picture);
 
+    /// Makes `box`, a picture box for `kPreviewEdge` pixels each way, as small as what it shows.
+    void fit(HWND box) const;
     /// Applies an operation to the unchanged preview and has `box`, a picture box, drawn anew.
     void show(HWND box, const std::function<void(cDIBSection&)>& operation);
     /// Answers WM_DRAWITEM of the box. Small pictures are enlarged, pixel by pixel.
     void draw(const DRAWITEMSTRUCT& box) const;
-    /// Size at which the operation works, in pixels.
-    int width() const { return unchanged_.Width(); }
-    int height() const { return unchanged_.Height(); }
+    /// Another picture at the size at which operations work here; empty when there is none.
+    cDIBSection at_same_size(const cDIBSection& other) const;
 
   private:
     cDIBSection unchanged_;

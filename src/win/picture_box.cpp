@@ -1,6 +1,6 @@
 #include "win/picture_box.h"
 
-#include "win/gdi.h"
+#include "win/dpi.h"
 
 #include <cmath>
 
@@ -50,13 +50,7 @@ void draw_picture_box(const DRAWITEMSTRUCT& box, const cDIBSection& picture, dou
 }
 
 double picture_zoom(HWND window) {
-    constexpr double kOrdinaryDpi = 96;
-    // Windows 10 and later; before, all screens have one resolution.
-    using DpiForWindow = UINT(WINAPI*)(HWND);
-    const auto dpi_for_window = reinterpret_cast<DpiForWindow>(reinterpret_cast<void (*)()>(
-        GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
-    if (dpi_for_window != nullptr) return dpi_for_window(window) / kOrdinaryDpi;
-    return GetDeviceCaps(WindowContext(window).get(), LOGPIXELSX) / kOrdinaryDpi;
+    return static_cast<double>(dots_per_inch(window)) / USER_DEFAULT_SCREEN_DPI;
 }
 
 void fit_picture_box(HWND box, int width, int height) {

@@ -8,16 +8,14 @@
 namespace kelvane::test {
 namespace {
 
-// GDI objects of this process. Where the system does not count them they are found in the table
-// of GDI handles that every process has: entries of three words, of which the last but one ends
-// in the object's type.
+// GDI objects of this process. Wine does not count them; there they are found in the table of GDI
+// handles that every process has, in which a free entry has no type.
 unsigned long gdi_objects() {
     if (const DWORD count = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS); count != 0)
         return count;
-    constexpr bool k64Bit = sizeof(void*) == 8;
-    constexpr std::size_t kTable = k64Bit ? 0xF8 : 0x94; // in the process's environment block
-    constexpr std::size_t kEntry = k64Bit ? 24 : 16;
-    constexpr std::size_t kType = k64Bit ? 14 : 10;
+    constexpr std::size_t kTable = sizeof(void*) == 8 ? 0xF8 : 0x94; // in the environment block
+    constexpr std::size_t kEntry = 24;
+    constexpr std::size_t kType = 14;
     using Environment = const unsigned char*(WINAPI*)();
     const auto environment = reinterpret_cast<Environment>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll"), "RtlGetCurrentPeb")));

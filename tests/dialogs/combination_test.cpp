@@ -1,8 +1,8 @@
 #include "dialogs/frmCombination.h"
 
 #include "dialogs/shown_colours.h"
+#include "dialogs/shown_dialog.h"
 #include "support/pictures.h"
-#include "support/windows/modal_script.h"
 
 #include "ids.h"
 
@@ -11,6 +11,8 @@
 namespace kelvane {
 namespace {
 
+using test::choose;
+using test::click;
 using test::ModalScript;
 using test::press;
 using test::shown_in;
@@ -25,10 +27,6 @@ class CombinationDialog : public testing::Test {
         all.resize(count);
         return all;
     }
-    static void pick(HWND dialog, int list, int entry) {
-        SendDlgItemMessageW(dialog, list, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
-        SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(list, CBN_SELCHANGE), 0);
-    }
 
     cDIBSection small_ = test::flat_picture(40, 30, 30, 30, 30);
     cDIBSection large_ = test::flat_picture(640, 480, 100, 100, 100);
@@ -41,10 +39,10 @@ TEST_F(CombinationDialog, WeightedSumReturnsItsNumbers) {
         EXPECT_TRUE(IsWindowVisible(GetDlgItem(dialog, IDC_COMBINE_RESAMPLED)));
         EXPECT_THAT(shown_in(dialog, IDC_COMBINE_PREVIEW),
                     testing::ElementsAre(RGB(130, 130, 130)));
-        pick(dialog, IDC_COMBINE_FIRST, 2);
-        pick(dialog, IDC_COMBINE_SECOND, 0);
+        choose(dialog, IDC_COMBINE_FIRST, 2);
+        choose(dialog, IDC_COMBINE_SECOND, 0);
         EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, IDC_COMBINE_RESAMPLED)));
-        pick(dialog, IDC_COMBINE_FIRST, 1);
+        choose(dialog, IDC_COMBINE_FIRST, 1);
         type_text(dialog, IDC_COMBINE_MULTIPLIER_1, L"-1");
         type_text(dialog, IDC_COMBINE_OFFSET_1, L"-255");
         type_text(dialog, IDC_COMBINE_MULTIPLIER_2, L"0.5");
@@ -73,7 +71,7 @@ TEST_F(CombinationDialog, SelectionNeedsNoNumbers) {
         ModalScript script;
         script.expect_dialog([&](HWND dialog) {
             type_text(dialog, IDC_COMBINE_OFFSET_2, L"rubbish");
-            SendDlgItemMessageW(dialog, IDC_COMBINE_ADD + type - 1, BM_CLICK, 0, 0);
+            click(dialog, IDC_COMBINE_ADD + type - 1);
             EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDC_COMBINE_OFFSET_2)));
             const COLORREF kept = type == 2 ? RGB(30, 30, 30) : RGB(100, 100, 100);
             EXPECT_THAT(shown_in(dialog, IDC_COMBINE_PREVIEW), testing::ElementsAre(kept))
@@ -91,7 +89,7 @@ TEST_F(CombinationDialog, OnePictureIsNotTwo) {
     script.expect([&](HWND dialog) {
         script.expect_message(IDOK);
         press(dialog, IDOK);
-        pick(dialog, IDC_COMBINE_SECOND, 0);
+        choose(dialog, IDC_COMBINE_SECOND, 0);
         press(dialog, IDOK);
     });
     frmCombination dialog(sources(1));

@@ -1,8 +1,8 @@
 #include "dialogs/frmLanguage.h"
 
+#include "dialogs/shown_dialog.h"
 #include "settings/scratch_folder.h"
 #include "settings/string_table.h"
-#include "support/windows/modal_script.h"
 
 #include "ids.h"
 
@@ -11,28 +11,20 @@
 namespace kelvane {
 namespace {
 
-void pick(HWND dialog, int entry) {
-    const HWND list = GetDlgItem(dialog, IDC_LANGUAGE);
-    SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
-    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_LANGUAGE, CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(list));
-}
-
 class LanguageDialog : public testing::Test {
   protected:
     // Picks an entry and closes the dialog by a button. Whether the language is said to differ.
     bool choose(int entry, int button, const std::wstring& cancel_caption) {
-        test::ModalScript script;
-        script.expect_dialog(
+        frmLanguage form(settings_);
+        test::show(
+            form,
             [&](HWND dialog) {
-                pick(dialog, entry);
+                test::choose(dialog, IDC_LANGUAGE, entry);
                 EXPECT_EQ(test::text_of(dialog, IDCANCEL), cancel_caption)
                     << "not switched at once";
             },
             button);
-        frmLanguage dialog(settings_);
-        dialog.show_modal(nullptr);
-        return dialog.changed;
+        return form.changed;
     }
     std::wstring stored() const { return settings_.ReadIniValue(L"global", L"language"); }
     ~LanguageDialog() override { set_language_offset(kEnglishOffset); }

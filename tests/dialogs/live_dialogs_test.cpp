@@ -2,9 +2,9 @@
 #include "dialogs/frmHue.h"
 #include "dialogs/frmNoise.h"
 #include "dialogs/shown_colours.h"
+#include "dialogs/shown_dialog.h"
 #include "dialogs/slider.h"
 #include "support/pictures.h"
-#include "support/windows/modal_script.h"
 
 #include "ids.h"
 
@@ -67,7 +67,7 @@ TEST(NoiseDialog, FieldSliderAndPreviewFollowEachOther) {
         type_text(dialog, IDC_NOISE_AMOUNT, L"100");
         EXPECT_EQ(slider_position(GetDlgItem(dialog, IDC_NOISE_SLIDER)), 100);
         EXPECT_GT(shown_in(dialog, IDC_NOISE_PREVIEW).size(), 2U);
-        SendDlgItemMessageW(dialog, IDC_NOISE_RANDOM, BM_CLICK, 0, 0);
+        test::click(dialog, IDC_NOISE_RANDOM);
         EXPECT_EQ(shown_in(dialog, IDC_NOISE_PREVIEW).size(), 1U) << "100 % changes almost none";
         for (const wchar_t* amount : {L"101", L""}) {
             type_text(dialog, IDC_NOISE_AMOUNT, amount);

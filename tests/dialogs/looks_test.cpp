@@ -2,20 +2,22 @@
 // screenshots, where people look at it.
 #include "dialogs/frmAbout.h"
 #include "dialogs/frmCombination.h"
+#include "dialogs/frmCustomFilter.h"
+#include "dialogs/frmExport.h"
 #include "dialogs/frmHue.h"
 #include "dialogs/frmLanguage.h"
+#include "dialogs/frmMsg3.h"
 #include "dialogs/frmNewSize.h"
 #include "dialogs/frmNoise.h"
 #include "dialogs/frmPalette.h"
+#include "dialogs/frmSW.h"
 #include "dialogs/frmSplash.h"
+#include "dialogs/shown_dialog.h"
 #include "image/bitmap_file.h"
 #include "settings/scratch_folder.h"
 #include "settings/string_table.h"
 #include "support/pictures.h"
 #include "support/windows/layout_check.h"
-#include "support/windows/modal_script.h"
-
-#include <functional>
 
 namespace kelvane {
 namespace {
@@ -54,14 +56,12 @@ class DialogLooks : public testing::TestWithParam<int> {
     ~DialogLooks() override { set_language_offset(kEnglishOffset); }
 
     static void look_at(HWND dialog, const std::string& name) {
-        const char* language = GetParam() == kGermanOffset ? "-de" : "-en";
         test::expect_captions_fit(dialog);
-        save_screenshot(dialog, name + language);
+        save_screenshot(dialog, name + (GetParam() == kGermanOffset ? "-de" : "-en"));
     }
     static void show(win::Dialog& dialog, const std::string& name) {
-        test::ModalScript script;
-        script.expect_dialog([&](HWND window) { look_at(window, name); }, IDCANCEL);
-        dialog.show_modal(nullptr);
+        test::show(
+            dialog, [&](HWND window) { look_at(window, name); }, IDCANCEL);
     }
 
     const ScratchFolder scratch_;
@@ -70,17 +70,24 @@ class DialogLooks : public testing::TestWithParam<int> {
     const cDIBSection other_ = colourful_picture(64, 64);
 };
 
-TEST_P(DialogLooks, OfDialogsWithAPicture) {
+TEST_P(DialogLooks, CaptionsFit) {
     frmHue hue(picture_);
-    hue.Hue = 3.5F;
     show(hue, "hue");
     frmNoise noise(picture_);
     show(noise, "noise");
     frmCombination combination({{L"C:\\Pictures\\logo.png", &picture_}, {L"Image 2", &other_}});
     show(combination, "combination");
-}
-
-TEST_P(DialogLooks, OfPaletteDialog) {
+    frmSW reduction(settings_, picture_);
+    show(reduction, "reduction");
+    frmExport exporting(settings_, picture_);
+    show(exporting, "export");
+    frmMsg3 warning;
+    show(warning, "out_of_range");
+    cImageProcessDIB engine;
+    engine.set_FilterType(kSharpen);
+    engine.set_FilterType(kCustom);
+    frmCustomFilter filter(engine);
+    show(filter, "custom_filter");
     frmPalette palette(settings_);
     palette.FileName = scratch_.path() / L"web.pal";
     std::ofstream colours(palette.FileName);
@@ -88,9 +95,6 @@ TEST_P(DialogLooks, OfPaletteDialog) {
         colours << i / 36 * 51 << ' ' << i / 6 % 6 * 51 << ' ' << i % 6 * 51 << '\n';
     colours.close();
     show(palette, "palette");
-}
-
-TEST_P(DialogLooks, OfTheOthers) {
     frmNewSize size(settings_, 3200, 2400);
     show(size, "new_size");
     frmLanguage language(settings_);

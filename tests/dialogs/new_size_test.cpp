@@ -1,8 +1,7 @@
 #include "dialogs/frmNewSize.h"
 
-#include "settings/catalogue.h"
+#include "dialogs/shown_dialog.h"
 #include "settings/scratch_folder.h"
-#include "support/windows/modal_script.h"
 
 #include "ids.h"
 
@@ -20,10 +19,6 @@ std::wstring size_shown(HWND dialog) {
     return text_of(dialog, IDC_SIZE_WIDTH) + L" x " + text_of(dialog, IDC_SIZE_HEIGHT);
 }
 
-bool keeps_ratio(HWND dialog) {
-    return IsDlgButtonChecked(dialog, IDC_SIZE_KEEP_RATIO) == BST_CHECKED;
-}
-
 TEST(NewSizeDialog, StartsWithTheLastSizeOrThePicturesOwn) {
     const ScratchFolder scratch;
     const SettingsFile settings = scratch.settings();
@@ -32,7 +27,7 @@ TEST(NewSizeDialog, StartsWithTheLastSizeOrThePicturesOwn) {
         script.expect_dialog(
             [&](HWND dialog) {
                 EXPECT_EQ(size_shown(dialog), size);
-                EXPECT_EQ(keeps_ratio(dialog), ratio);
+                EXPECT_EQ(test::is_checked(dialog, IDC_SIZE_KEEP_RATIO), ratio);
             },
             IDCANCEL);
         frmNewSize dialog(settings, 300, 100);
@@ -64,11 +59,11 @@ TEST(NewSizeDialog, SidesFollowEachOther) {
             EXPECT_EQ(size_shown(dialog), L"26754 x 26754") << "no side beyond what is allowed";
             type_text(dialog, IDC_SIZE_HEIGHT, L"");
             EXPECT_EQ(size_shown(dialog), L"26754 x ");
-            SendDlgItemMessageW(dialog, IDC_SIZE_KEEP_RATIO, BM_CLICK, 0, 0);
+            test::click(dialog, IDC_SIZE_KEEP_RATIO);
             type_text(dialog, IDC_SIZE_WIDTH, L"60");
             type_text(dialog, IDC_SIZE_HEIGHT, L"60");
             EXPECT_EQ(size_shown(dialog), L"60 x 60");
-            SendDlgItemMessageW(dialog, IDC_SIZE_KEEP_RATIO, BM_CLICK, 0, 0);
+            test::click(dialog, IDC_SIZE_KEEP_RATIO);
             EXPECT_EQ(size_shown(dialog), L"60 x 20");
         },
         IDCANCEL);
@@ -80,7 +75,7 @@ TEST(NewSizeDialog, RefusesWhatNoPictureHoldsAndStoresTheRest) {
     const SettingsFile settings = scratch.settings();
     ModalScript script;
     script.expect([&](HWND dialog) {
-        SendDlgItemMessageW(dialog, IDC_SIZE_KEEP_RATIO, BM_CLICK, 0, 0);
+        test::click(dialog, IDC_SIZE_KEEP_RATIO);
         for (const wchar_t* height : {L"0", L"", L"26755", L"99999999999", L"12 x"}) {
             type_text(dialog, IDC_SIZE_HEIGHT, height);
             script.expect_message(IDOK);

@@ -2,6 +2,7 @@
 
 #include "dialogs/shown_dialog.h"
 #include "settings/scratch_folder.h"
+#include "settings/string_table.h"
 #include "support/pictures.h"
 
 #include "ids.h"
@@ -131,10 +132,6 @@ TEST_F(ReductionDialogTest, DraggingOverTheOverviewMovesTheDetail) {
             EXPECT_EQ(dialog.preview().detail_area().left, 0) << "let go";
         },
         IDCANCEL);
-}
-
-TEST_F(ReductionDialogTest, CaptionsFit) {
-    test::expect_layout(dialog);
 }
 
 } // namespace

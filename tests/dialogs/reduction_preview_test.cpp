@@ -95,18 +95,6 @@ TEST(ReductionPreviewTest, EdgesOfALargePictureAreNotThoseOfItsSmallCopy) {
             ASSERT_EQ(pixel_at(preview.overview(), x, y)[0], 255) << x << ", " << y;
 }
 
-TEST(ReductionPreviewTest, FrameLiesWhereTheDetailIs) {
-    const cDIBSection picture = test::flat_picture(1000, 500, 9, 9, 9);
-    ReductionPreview preview(picture, 100);
-    EXPECT_TRUE(preview.centre_detail_at(50, 10));
-    const PixelArea area = preview.detail_in_overview();
-    EXPECT_EQ(area.left + area.width / 2, 50);
-    EXPECT_EQ(area.top + area.height / 2, 10);
-    EXPECT_FALSE(preview.centre_detail_at(50, 10));
-    EXPECT_TRUE(preview.centre_detail_at(50, 999));
-    EXPECT_EQ(preview.detail_area().top, 400);
-}
-
 TEST(ReductionPreviewTest, PicturesOfEverySizeHaveAPreview) {
     for (const auto& [width, height] : test::odd_sizes()) {
         const cDIBSection picture = test::random_picture(width, height, 3);
