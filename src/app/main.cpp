@@ -47,8 +47,8 @@ int run(int show) {
     const SettingsFile settings = SettingsFile::of_program();
     frmSplash splash(KELVANE_VERSION);
     mfrmMain main(settings); // sets the language
-    splash.show_modeless(nullptr);
     ShowWindow(main.window(), show);
+    splash.show_modeless(main.window()); // owned, it stays before the window
     UpdateWindow(main.window());
     {
         const win::WindowContext screen(nullptr);
