@@ -47,10 +47,16 @@ start_xvfb() {
 
 # With a server that stays, a Windows program starts in a tenth of the time. Wine's services stay
 # as well, with the output of whoever started them: were that a test, ctest would wait for them.
-for world in x64 x86; do
-    scripts/wine-$world.sh --server -p
-    timeout 60 scripts/wine-$world.sh wineboot.exe >"build/services-$world.log" 2>&1
-done
+start_wine() {
+    local log=build/services-$1.log
+    scripts/wine-$1.sh --server -k || true # one that an interrupted run left behind
+    if ! { scripts/wine-$1.sh --server -p && timeout 60 scripts/wine-$1.sh wineboot.exe; } >"$log" 2>&1; then
+        cat "$log" >&2
+        echo "kelvane: Wine for $1 programs does not start" >&2
+        exit 1
+    fi
+}
+for world in x64 x86; do start_wine "$world"; done
 
 printf 'subdirs("%s")\n' "${trees[@]}" >build/CTestTestfile.cmake
 timeout 1800 ctest --test-dir build -j2 --output-on-failure --no-tests=error "$@"

@@ -98,6 +98,10 @@ void add_filters() {
     add_convolution("sharpen", predefined(kSharpen));
     add_convolution("sharpen_more", predefined(kSharpenMore));
     add_convolution("emboss", predefined(kEmboss));
+    add_pair("unsharp", predefined(kUnsharp), [](const cv::Mat& from, cv::Mat& to) {
+        cv::blur(from, to, {3, 3});
+        cv::addWeighted(from, 2, to, -1, 0, to);
+    });
     add_convolution("custom_7x7", custom(7, 49, 1));
     add_convolution("custom_7x7_large", custom(7, 4900, 100));
     const cv::Mat square = cv::Mat::ones(3, 3, CV_8U);
@@ -121,6 +125,18 @@ void peer_add(benchmark::State& state) {
     peer(state, [](const cv::Mat& from, cv::Mat& to) { cv::addWeighted(from, -1, to, 2, 6, to); });
 }
 
+void ours_negative(benchmark::State& state) {
+    cImageProcessDIB engine;
+    for ([[maybe_unused]] auto _ : state)
+        engine.NegativeImage(pictures().image);
+}
+
+void peer_negative(benchmark::State& state) {
+    cv::Mat image = as_mat(pictures().image);
+    for ([[maybe_unused]] auto _ : state)
+        cv::bitwise_not(image, image);
+}
+
 void ours_resample(benchmark::State& state) {
     const auto width = static_cast<int>(state.range(0));
     const int height = width * kHeight / kWidth;
@@ -142,6 +158,8 @@ void peer_resample(benchmark::State& state) {
 
 BENCHMARK(ours_add)->Name("ours/add")->Unit(benchmark::kMillisecond);
 BENCHMARK(peer_add)->Name("peer/add")->Unit(benchmark::kMillisecond);
+BENCHMARK(ours_negative)->Name("ours/negative")->Unit(benchmark::kMillisecond);
+BENCHMARK(peer_negative)->Name("peer/negative")->Unit(benchmark::kMillisecond);
 BENCHMARK(ours_resample)
     ->Name("ours/resample")
     ->Arg(kWidth / 2)

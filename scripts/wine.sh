@@ -8,6 +8,8 @@ prefixes=$(dirname "$(readlink -f "$0")")/../build/wine
 mkdir -p "$prefixes"
 prefixes=$(readlink -f "$prefixes")
 export WINEARCH=$kelvane_arch WINEPREFIX=$prefixes/$kelvane_arch WINESERVER=$kelvane_wineserver
+# Wine takes the names of files for ASCII where no locale says otherwise.
+[[ ${LC_ALL:-${LANG:-}} == *UTF-8 ]] || export LC_ALL=C.UTF-8
 export WINELOADER=$kelvane_wine WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
 
 # Nobody manages windows on the tests' X server: Wine would wait two seconds for each of them. The
@@ -19,21 +21,24 @@ set_window_management() {
             /v Managed /d Y /f
 }
 
+# A prefix is made anew when this file has changed.
+stamp=$WINEPREFIX/made-by-$(cksum <"$(dirname "$(readlink -f "$0")")/wine.sh" | cut -d ' ' -f 1)
+
 make_prefix() {
     rm -rf "$WINEPREFIX"
     timeout 120 "$kelvane_wine" wineboot.exe -i >"$prefixes/$WINEARCH.log" 2>&1 &&
         set_window_management >>"$prefixes/$WINEARCH.log" 2>&1 &&
-        timeout 60 "$kelvane_wineserver" -w && touch "$WINEPREFIX/complete" && return
+        timeout 60 "$kelvane_wineserver" -w && touch "$stamp" && return
     tail -n 15 "$prefixes/$WINEARCH.log" >&2
     echo "kelvane: Wine could not set up $WINEPREFIX" >&2
     exit 1
 }
 
-if [ ! -e "$WINEPREFIX/complete" ]; then
+if [ ! -e "$stamp" ]; then
     # Two tests may start together; the server must not inherit the lock.
     exec 9>"$prefixes/$WINEARCH.lock"
     flock 9
-    [ -e "$WINEPREFIX/complete" ] || make_prefix 9>&-
+    [ -e "$stamp" ] || make_prefix 9>&-
     exec 9>&-
 fi
 

@@ -117,7 +117,7 @@ ExportOptions options_of(const Request& request) {
 std::filesystem::path output_of(const Request& request) {
     const std::filesystem::path input = utf8_path(request.input);
     if (request.output.empty()) return std::filesystem::path(input).replace_extension(".scr");
-    const std::filesystem::path output = utf8_path(request.output);
+    std::filesystem::path output = utf8_path(request.output);
     std::error_code ignored;
     if (std::filesystem::equivalent(input, output, ignored))
         throw UsageError("the script would replace the picture " + request.input);

@@ -1,7 +1,9 @@
 #include "image/resample.h"
 
+#include "image/resample_rows.h"
+
 #include <algorithm>
-#include <cmath>
+#include <cstring>
 #include <vector>
 
 namespace kelvane {
@@ -10,47 +12,73 @@ namespace {
 // One target coordinate's place between two source samples.
 struct Sample {
     int first;
-    int second;
-    double weight; // of the second sample
+    double weight; // of the sample after it; 0 where there is none
 };
 
-Sample sample_at(int target, double scale, int source_size) {
+Sample sample_at(int target, double scale) {
     const double position = target * scale;
     const int first = static_cast<int>(position);
-    // With a one-pixel side the second sample lies outside and carries no weight.
-    return {first, std::min(first + 1, source_size - 1), position - first};
+    return {first, position - first};
 }
 
-std::uint8_t blend(int a, int b, double weight_b) {
-    return static_cast<std::uint8_t>(std::nearbyint((1 - weight_b) * a + weight_b * b));
+// The columns of the target: where their left samples begin, and a weight for every byte.
+struct Columns {
+    std::vector<int> first_byte;
+    std::vector<double> weights;
+};
+
+Columns columns_of(int from_width, int to_width) {
+    const double scale = static_cast<double>(from_width - 1) / to_width;
+    Columns columns;
+    columns.first_byte.reserve(static_cast<std::size_t>(to_width));
+    columns.weights.reserve(static_cast<std::size_t>(to_width) * 3);
+    for (int x = 0; x < to_width; ++x) {
+        const Sample sample = sample_at(x, scale);
+        columns.first_byte.push_back(3 * sample.first);
+        columns.weights.insert(columns.weights.end(), 3, sample.weight);
+    }
+    return columns;
+}
+
+// Pixels are fetched as eight bytes and stored as four, of which the next pixel overwrites one:
+// the rows need spare bytes behind. (x86 keeps the first byte lowest.)
+constexpr std::size_t kSpare = 4;
+
+// The pixel at each place in `row` and the one after it.
+void fetch_pixels(const std::uint8_t* row, const std::vector<int>& first_byte, std::uint8_t* left,
+                  std::uint8_t* right) {
+    for (const int byte : first_byte) {
+        std::uint64_t both;
+        std::memcpy(&both, row + byte, 8);
+        const auto first = static_cast<std::uint32_t>(both);
+        const auto second = static_cast<std::uint32_t>(both >> 24);
+        std::memcpy(left, &first, 4);
+        std::memcpy(right, &second, 4);
+        left += 3;
+        right += 3;
+    }
 }
 
 } // namespace
 
 void resample_bilinear(ConstImageView from, ImageView to) {
-    const double x_scale = static_cast<double>(from.width - 1) / to.width;
     const double y_scale = static_cast<double>(from.height - 1) / to.height;
-
-    std::vector<Sample> columns(static_cast<std::size_t>(to.width));
-    for (int x = 0; x < to.width; ++x)
-        columns[static_cast<std::size_t>(x)] = sample_at(x, x_scale, from.width);
-
-    // The vertical pass depends on the source column only: it is made once per row, for all.
-    std::vector<std::uint8_t> blended(static_cast<std::size_t>(from.width) * 3);
+    const Columns columns = columns_of(from.width, to.width);
+    const int from_bytes = 3 * from.width;
+    const int to_bytes = 3 * to.width;
+    // The vertical pass depends on the source column only: it is made once per row, for all. One
+    // pixel more, for the sample after the only one of a picture one pixel wide; its weight is 0.
+    std::vector<std::uint8_t> blended(static_cast<std::size_t>(from_bytes) + 3 + kSpare);
+    std::vector<std::uint8_t> left(static_cast<std::size_t>(to_bytes) + kSpare);
+    std::vector<std::uint8_t> right(left.size());
+    const ResampleRows& rows = resample_rows();
     for (int y = 0; y < to.height; ++y) {
-        const Sample line = sample_at(y, y_scale, from.height);
-        const std::uint8_t* lower = from.row(line.first);
-        const std::uint8_t* upper = from.row(line.second);
-        for (std::size_t i = 0; i < blended.size(); ++i)
-            blended[i] = blend(lower[i], upper[i], line.weight);
-
-        std::uint8_t* out = to.row(y);
-        for (const Sample& column : columns) {
-            const std::uint8_t* left = &blended[static_cast<std::size_t>(column.first) * 3];
-            const std::uint8_t* right = &blended[static_cast<std::size_t>(column.second) * 3];
-            for (int channel = 0; channel < 3; ++channel)
-                *out++ = blend(left[channel], right[channel], column.weight);
-        }
+        const Sample line = sample_at(y, y_scale);
+        const int next = std::min(line.first + 1, from.height - 1);
+        rows.one_weight(from.row(line.first), from.row(next), blended.data(), from_bytes,
+                        line.weight);
+        fetch_pixels(blended.data(), columns.first_byte, left.data(), right.data());
+        rows.many_weights(left.data(), right.data(), to.row(y), to_bytes, columns.weights.data());
     }
 }
 

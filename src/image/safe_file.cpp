@@ -36,7 +36,7 @@ fs::path temporary_beside(const fs::path& target) {
 
 } // namespace
 
-SafeFile::SafeFile(fs::path target) : target_(behind_links(target)) {
+SafeFile::SafeFile(const fs::path& target) : target_(behind_links(target)) {
     std::error_code ignored;
     const fs::file_status status = fs::status(target_, ignored);
     if (fs::is_directory(status)) throw FileError("is a folder");

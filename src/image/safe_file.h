@@ -13,7 +13,7 @@ namespace kelvane {
 /// directly. Every function throws `FileError` with the cause.
 class SafeFile {
   public:
-    explicit SafeFile(std::filesystem::path target);
+    explicit SafeFile(const std::filesystem::path& target);
     ~SafeFile();
     SafeFile(const SafeFile&) = delete;
     SafeFile& operator=(const SafeFile&) = delete;

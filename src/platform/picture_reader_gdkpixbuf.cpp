@@ -1,16 +1,23 @@
 // Pictures through gdk-pixbuf.
+#include "image/photo_marks.h"
 #include "image/picture_reader.h"
-#include "platform/paper.h"
-#include "platform/whole_file.h"
+#include "image/upright_picture.h"
 
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace kelvane {
 namespace {
+
+constexpr PixelLayout kRgb = {3, 2, 1, 0, -1};
+constexpr PixelLayout kRgba = {4, 2, 1, 0, 3};
 
 struct Unref {
     void operator()(gpointer object) const { g_object_unref(object); }
@@ -18,61 +25,102 @@ struct Unref {
 using Pixbuf = std::unique_ptr<GdkPixbuf, Unref>;
 using Loader = std::unique_ptr<GdkPixbufLoader, Unref>;
 
-constexpr std::int64_t kLargestPicture = std::int64_t{1} << 31;
-
-// Called before the loader takes memory for the pixels; a size of 0 makes it stop.
-void refuse_huge_sizes(GdkPixbufLoader* loader, int width, int height, gpointer refused) {
-    if (std::int64_t{width} * height <= kLargestPicture / 3) return;
-    *static_cast<bool*>(refused) = true;
-    gdk_pixbuf_loader_set_size(loader, 0, 0);
+// One line without the full stop, as messages follow a file's name.
+std::string phrase(std::string text) {
+    for (char& c : text)
+        if (c == '\n' || c == '\r') c = ' ';
+    text.erase(text.find_last_not_of(" .") + 1);
+    return text;
 }
 
 [[noreturn]] void fail(GError* error) {
-    std::string cause = error && error->message ? error->message : "not a picture";
+    const bool unknown = !error || !error->message ||
+                         g_error_matches(error, GDK_PIXBUF_ERROR, GDK_PIXBUF_ERROR_UNKNOWN_TYPE);
+    const std::string cause = unknown ? "not a picture that can be read" : phrase(error->message);
     g_clear_error(&error);
-    std::replace(cause.begin(), cause.end(), '\n', ' ');
     throw FileError(cause);
 }
 
-void feed(GdkPixbufLoader* loader, std::span<const std::uint8_t> file_bytes) {
-    bool refused = false;
-    g_signal_connect(loader, "size-prepared", G_CALLBACK(refuse_huge_sizes), &refused);
+// What the loader tells while it reads.
+struct Progress {
+    bool too_large = false;
+    // Rows that have come. Loaders leave those that a short file does not hold as they are, and
+    // report no error.
+    std::vector<bool> rows;
+
+    bool complete() const { return std::find(rows.begin(), rows.end(), false) == rows.end(); }
+};
+
+// Called with the size that the file claims, before there is memory for it. Asking for a tiny
+// picture keeps the loader from taking that memory.
+void on_size(GdkPixbufLoader* loader, gint width, gint height, gpointer progress) {
+    const std::int64_t bytes = (std::int64_t{width} * 3 + 3) / 4 * 4 * height;
+    if (bytes <= std::numeric_limits<std::int32_t>::max()) return;
+    static_cast<Progress*>(progress)->too_large = true;
+    gdk_pixbuf_loader_set_size(loader, 1, 1);
+}
+
+void on_area(GdkPixbufLoader* loader, gint, gint y, gint, gint height, gpointer progress) {
+    std::vector<bool>& rows = static_cast<Progress*>(progress)->rows;
+    if (rows.empty()) {
+        const int all = gdk_pixbuf_get_height(gdk_pixbuf_loader_get_pixbuf(loader));
+        rows.resize(static_cast<std::size_t>(all));
+    }
+    const int end = std::min(y + height, static_cast<int>(rows.size()));
+    for (int row = std::max(y, 0); row < end; ++row)
+        rows[static_cast<std::size_t>(row)] = true;
+}
+
+bool feed(GdkPixbufLoader* loader, std::span<const std::uint8_t> bytes, const Progress& progress,
+          GError** error) {
+    // In blocks, so that a refused size stops the work after its header.
+    constexpr std::size_t kBlock = 65536;
+    while (!bytes.empty() && !progress.too_large) {
+        const std::size_t size = std::min(kBlock, bytes.size());
+        if (!gdk_pixbuf_loader_write(loader, bytes.data(), size, error)) return false;
+        bytes = bytes.subspan(size);
+    }
+    return true;
+}
+
+Pixbuf decode(std::span<const std::uint8_t> bytes) {
+    const Loader loader(gdk_pixbuf_loader_new());
+    Progress progress;
+    g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(on_size), &progress);
+    g_signal_connect(loader.get(), "area-updated", G_CALLBACK(on_area), &progress);
     GError* error = nullptr;
-    const bool fed =
-        gdk_pixbuf_loader_write(loader, file_bytes.data(), file_bytes.size(), &error) != FALSE;
-    // Closing tells of a file that ended too early.
-    const bool closed = gdk_pixbuf_loader_close(loader, fed ? &error : nullptr) != FALSE;
-    if (refused) {
+    const bool fed = feed(loader.get(), bytes, progress, &error);
+    const bool closed = gdk_pixbuf_loader_close(loader.get(), fed ? &error : nullptr);
+    if (progress.too_large) {
         g_clear_error(&error);
         throw FileError("the picture is too large");
     }
-    if (!fed || !closed) fail(error);
+    GdkPixbuf* decoded = gdk_pixbuf_loader_get_pixbuf(loader.get());
+    if (!fed || !closed || !decoded) fail(error);
+    if (!progress.complete()) throw FileError("the picture is damaged or cut short");
+    return Pixbuf(static_cast<GdkPixbuf*>(g_object_ref(decoded)));
 }
 
-// A moving picture's first image; the loader itself would give the last one decoded.
-Pixbuf first_image(GdkPixbufLoader* loader) {
-    GdkPixbufAnimation* animation = gdk_pixbuf_loader_get_animation(loader);
-    GdkPixbuf* image = animation ? gdk_pixbuf_animation_get_static_image(animation) : nullptr;
-    if (!image) fail(nullptr);
-    return Pixbuf(gdk_pixbuf_apply_embedded_orientation(image));
+int orientation_of(GdkPixbuf* decoded) {
+    const char* mark = gdk_pixbuf_get_option(decoded, "orientation");
+    return mark ? std::atoi(mark) : 1;
 }
 
 } // namespace
 
 cDIBSection decode_picture(std::span<const std::uint8_t> file_bytes) {
-    require_whole_file(file_bytes);
-    const Loader loader(gdk_pixbuf_loader_new());
-    feed(loader.get(), file_bytes);
-    const Pixbuf upright = first_image(loader.get());
-    if (!upright) throw FileError("not enough memory for the picture");
-
-    cDIBSection picture =
-        create_picture(gdk_pixbuf_get_width(upright.get()), gdk_pixbuf_get_height(upright.get()));
-    const int channels = gdk_pixbuf_get_n_channels(upright.get());
-    put_on_white_paper(gdk_pixbuf_read_pixels(upright.get()),
-                       gdk_pixbuf_get_rowstride(upright.get()),
-                       {channels, 2, 1, 0, channels == 4 ? 3 : -1}, picture);
-    return picture;
+    if (file_bytes.empty()) throw FileError("the file is empty");
+    if (!is_complete(file_bytes)) throw FileError("the picture is damaged or cut short");
+    const Pixbuf decoded = decode(file_bytes);
+    const int width = gdk_pixbuf_get_width(decoded.get());
+    const int height = gdk_pixbuf_get_height(decoded.get());
+    const std::ptrdiff_t step = gdk_pixbuf_get_rowstride(decoded.get());
+    const guint8* pixels = gdk_pixbuf_read_pixels(decoded.get());
+    const PixelLayout& layout = gdk_pixbuf_get_has_alpha(decoded.get()) ? kRgba : kRgb;
+    UprightPicture picture(width, height, orientation_of(decoded.get()));
+    for (int y = 0; y < height; ++y)
+        picture.put_row(y, pixels + step * y, layout);
+    return picture.take();
 }
 
 } // namespace kelvane

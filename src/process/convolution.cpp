@@ -52,30 +52,60 @@ Taps taps_of(const FilterKernel& kernel, std::ptrdiff_t row_step) {
     return taps;
 }
 
-// Kernels of more cells than this take long enough to be watched.
-constexpr int kQuickCells = 25;
+bool fits_bytes(const Taps& taps) {
+    return std::all_of(taps.coefficient, taps.coefficient + taps.count,
+                       [](std::int32_t value) { return value >= -128 && value <= 127; });
+}
+
+// The row functions for one kernel and picture.
+class Convolver {
+  public:
+    Convolver(const FilterKernel& kernel, std::ptrdiff_t row_step)
+        : row_step_(row_step), taps_(taps_of(kernel, row_step)), narrow_(fits_narrow(kernel)) {
+        if (!narrow_) return;
+        columns_ = narrow_kernel(kernel);
+        // Sharing columns pays for large kernels that have few different ones.
+        const bool shares = kernel.size() > 3 && columns_.columns < kernel.size();
+        few_ = rows_.few && !shares && fits_bytes(taps_);
+    }
+
+    void stretch(const std::uint8_t* from, std::uint8_t* to, int count) const {
+        if (few_)
+            rows_.few(from, to, count, taps_);
+        else if (narrow_)
+            rows_.narrow(from, row_step_, to, count, columns_);
+        else
+            rows_.wide(from, to, count, taps_);
+    }
+
+  private:
+    const FilterRows& rows_ = filter_rows();
+    std::ptrdiff_t row_step_;
+    Taps taps_;
+    NarrowKernel columns_{};
+    bool narrow_;
+    bool few_ = false;
+};
+
+// Larger kernels take long enough to be watched.
+bool is_quick(const FilterKernel& kernel) {
+    return kernel.size() <= 5;
+}
 
 } // namespace
 
-void convolve(ConstImageView from, ImageView to, const FilterKernel& kernel,
+void convolve(ConstImageView from, TargetRows to, const FilterKernel& kernel,
               ProgressObserver* observer, const RowDone& row_done) {
     const ProgressReporter progress(observer);
-    const FilterRows& rows = filter_rows();
-    const int half = kernel.half();
-    if (fits_narrow(kernel)) {
-        const NarrowKernel narrow = narrow_kernel(kernel);
-        const bool quick = kernel.size() * kernel.size() <= kQuickCells;
-        walk_interior(from, half, quick ? Walk::WholeRows : Walk::Strips, progress, row_done,
-                      [&](int byte, int count, int y) {
-                          rows.narrow(from.row(y) + byte, from.row_step, to.row(y) + byte, count,
-                                      narrow);
-                      });
-        return;
-    }
-    const Taps taps = taps_of(kernel, from.row_step);
-    walk_interior(from, half, Walk::Strips, progress, row_done, [&](int byte, int count, int y) {
-        rows.wide(from.row(y) + byte, to.row(y) + byte, count, taps);
+    const Convolver convolver(kernel, from.row_step);
+    const Walk walk = is_quick(kernel) ? Walk::WholeRows : Walk::Strips;
+    walk_interior(from, kernel.half(), walk, progress, row_done, [&](int byte, int count, int y) {
+        convolver.stretch(from.row(y) + byte, to.row(y) + byte, count);
     });
+}
+
+int target_rows(const FilterKernel& kernel, int height) {
+    return is_quick(kernel) ? kernel.half() + 1 : height;
 }
 
 } // namespace kelvane

@@ -1,4 +1,5 @@
 // The inner loops for every processor, and the choice between the levels.
+#include "process/filter_rows.h"
 #include "image/cpu.h"
 
 #include <cstdint>
@@ -12,10 +13,8 @@ class PairLanes {
   public:
     static constexpr int kBytes = 16;
 
-    void add(const std::uint8_t* a, const std::uint8_t* b, std::int16_t ca, std::int16_t cb) {
-        const auto both = static_cast<std::uint32_t>(static_cast<std::uint16_t>(cb)) << 16 |
-                          static_cast<std::uint16_t>(ca);
-        const __m128i coefficients = _mm_set1_epi32(static_cast<std::int32_t>(both));
+    void add(const std::uint8_t* a, const std::uint8_t* b, std::int32_t both) {
+        const __m128i coefficients = _mm_set1_epi32(both);
         const __m128i zero = _mm_setzero_si128();
         const __m128i left = _mm_loadu_si128(reinterpret_cast<const __m128i*>(a));
         const __m128i right = _mm_loadu_si128(reinterpret_cast<const __m128i*>(b));
@@ -39,6 +38,8 @@ class PairLanes {
     __m128i sums_[4] = {_mm_setzero_si128(), _mm_setzero_si128(), _mm_setzero_si128(),
                         _mm_setzero_si128()};
 };
+
+constexpr decltype(FilterRows::few) kFew = nullptr;
 
 } // namespace
 } // namespace kelvane

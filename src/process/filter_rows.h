@@ -44,6 +44,9 @@ struct FilterRows {
     void (*narrow)(const std::uint8_t* from, std::ptrdiff_t row_step, std::uint8_t* to, int count,
                    const NarrowKernel& kernel);
     void (*wide)(const std::uint8_t* from, std::uint8_t* to, int count, const Taps& taps);
+    /// The same as `narrow` for a weight above 0 and coefficients of 8 bits whose magnitudes add up
+    /// to 128 at most; faster for few taps. Null where the processor has nothing for it.
+    void (*few)(const std::uint8_t* from, std::uint8_t* to, int count, const Taps& taps);
     /// The extreme of the nine samples around.
     void (*minimum)(const std::uint8_t* from, std::ptrdiff_t row_step, std::uint8_t* to, int count);
     void (*maximum)(const std::uint8_t* from, std::ptrdiff_t row_step, std::uint8_t* to, int count);

@@ -1,11 +1,13 @@
 // The text of the inner loops, compiled once per processor level: everything has internal linkage
 // and nothing comes from the standard library, so that the linker never hands one level's code to
-// another. The file that includes this one provides `PairLanes`, the level's vector of sums.
+// another. The file that includes this one provides `PairLanes`, the level's vector of sums, and
+// `kFew`, its entry of that name.
 //
 // Most loops are plain and left to the compiler's vectorizer; the arithmetic is chosen to fit the
 // narrowest lanes that hold it.
 
 #include "process/filter_rows.h"
+#include "process/reciprocal.inl"
 
 namespace kelvane {
 namespace {
@@ -14,25 +16,6 @@ using Byte = std::uint8_t;
 
 Byte clamped(std::int32_t value) {
     return static_cast<Byte>(value < 0 ? 0 : value > 255 ? 255 : value);
-}
-
-// Division of 0 .. 32767 by d in 16-bit lanes. With l = ceil(log2 d) and
-// m = floor(2^(15 + l) / d) + 1, m x d lies in (2^(15 + l), 2^(15 + l) + 2^l], for which
-// floor(n x m / 2^(15 + l)) = floor(n / d) for every n below 2^15; m is below 2^16. The product's
-// upper half needs one bit more, hence 2n.
-struct Reciprocal {
-    std::uint16_t multiplier;
-    int shift;
-};
-
-Reciprocal reciprocal_of(std::int32_t divisor) {
-    // From 32768 on every quotient is 0, as it is for 32768.
-    const std::int32_t d = divisor > 32768 ? 32768 : divisor;
-    int shift = 0;
-    while ((1 << shift) < d)
-        ++shift;
-    const std::uint64_t power = std::uint64_t{1} << (15 + shift);
-    return {static_cast<std::uint16_t>(power / static_cast<std::uint32_t>(d) + 1), shift};
 }
 
 // Toward zero and clamped at 0 are one: a negative sum gives 0.
@@ -133,75 +116,96 @@ std::int16_t upper_half(std::int32_t coefficient) {
     return static_cast<std::int16_t>(rest >> 16);
 }
 
-// Taps two by two, as the processor multiplies and adds pairs of 16-bit numbers.
-struct TapPairs {
+// Taps with 16-bit coefficients in pairs, as the processor multiplies and adds them. The first
+// coefficient of a pair stands in the lower half; a missing second one is 0.
+struct ShortPairs {
     int count = 0;
-    std::ptrdiff_t offset[Taps::kMost + 1][2];
-    std::int16_t coefficient[Taps::kMost + 1][2];
+    std::ptrdiff_t offset[Taps::kMost / 2 + 1][2];
+    std::int32_t coefficients[Taps::kMost / 2 + 1];
 };
 
-template <typename Half> TapPairs pairs_of(const Taps& taps, Half half) {
-    TapPairs pairs;
+template <typename Half> ShortPairs short_pairs(const Taps& taps, Half half) {
+    ShortPairs pairs;
+    bool second = false;
     for (int t = 0; t < taps.count; ++t) {
-        const std::int16_t coefficient = half(taps.coefficient[t]);
-        if (coefficient == 0) continue;
-        pairs.offset[pairs.count / 2][pairs.count % 2] = taps.offset[t];
-        pairs.coefficient[pairs.count / 2][pairs.count % 2] = coefficient;
-        ++pairs.count;
+        const std::uint32_t value = static_cast<std::uint16_t>(half(taps.coefficient[t]));
+        if (value == 0) continue;
+        if (second) {
+            const int pair = pairs.count - 1;
+            pairs.offset[pair][1] = taps.offset[t];
+            pairs.coefficients[pair] = static_cast<std::int32_t>(
+                static_cast<std::uint32_t>(pairs.coefficients[pair]) | value << 16);
+        } else {
+            pairs.offset[pairs.count][0] = taps.offset[t];
+            pairs.offset[pairs.count][1] = taps.offset[t];
+            pairs.coefficients[pairs.count] = static_cast<std::int32_t>(value);
+            ++pairs.count;
+        }
+        second = !second;
     }
-    if (pairs.count % 2 == 1) {
-        pairs.offset[pairs.count / 2][1] = pairs.offset[pairs.count / 2][0];
-        pairs.coefficient[pairs.count / 2][1] = 0;
-        ++pairs.count;
-    }
-    pairs.count /= 2;
     return pairs;
 }
 
-void sum_pairs(const Byte* from, const TapPairs& pairs, std::int32_t* sums, int count) {
+void sum_taps(const Byte* from, const ShortPairs& pairs, std::int32_t* sums, int count) {
     int k = 0;
     for (; k + PairLanes::kBytes <= count; k += PairLanes::kBytes) {
         PairLanes lanes;
+#pragma GCC unroll 4
         for (int p = 0; p < pairs.count; ++p)
             lanes.add(from + k + pairs.offset[p][0], from + k + pairs.offset[p][1],
-                      pairs.coefficient[p][0], pairs.coefficient[p][1]);
+                      pairs.coefficients[p]);
         lanes.store(sums + k);
     }
     for (; k < count; ++k) {
         std::uint32_t sum = 0;
-        for (int p = 0; p < pairs.count; ++p)
-            for (int t = 0; t < 2; ++t)
-                sum += static_cast<std::uint32_t>(pairs.coefficient[p][t] *
-                                                  from[k + pairs.offset[p][t]]);
+        for (int p = 0; p < pairs.count; ++p) {
+            const std::int32_t both = pairs.coefficients[p];
+            sum += static_cast<std::uint32_t>(lower_half(both) * from[k + pairs.offset[p][0]] +
+                                              (both >> 16) * from[k + pairs.offset[p][1]]);
+        }
         sums[k] = static_cast<std::int32_t>(sum);
     }
 }
 
-// |s| and |w| of a sum s and a weight w are at most 2^31: (|s| + 1/2) / |w| is at least 1 / 2|w|
-// away from the next whole number, and the two roundings of a double move it by less than
-// 2^-20 / |w|.
-void store_wide(const std::int32_t* sums, Byte* __restrict to, int count, std::int32_t weight) {
-    const double sign = weight < 0 ? -1 : 1;
-    const double reciprocal = 1 / (sign * weight);
+// The quotient of a sum s and a weight w, toward zero and clamped, from (|s| + 1/2) / |w|, which is
+// at least 1 / 2|w| away from every whole number. The roundings of the reciprocal and the product
+// move it by less:
+// - a double's by less than 2^-20 / |w|, |s| and |w| being at most 2^31;
+// - a float's, for |w| up to 2^14: below |s| = 2^22 the sum and its half are exact and the value is
+//   moved by (|s| + 1/2) / |w| x (2^-23 + 2^-48) at most, that is by less than 1 / 2|w|; from there
+//   on the quotient is 256 or more, and as every step keeps the order of the sums, so is the value.
+template <typename Number>
+void store_quotients(const std::int32_t* __restrict sums, Byte* __restrict to, int count,
+                     std::int32_t weight) {
+    const Number sign = weight < 0 ? -1 : 1;
+    const Number half = static_cast<Number>(0.5);
+    const Number limit = static_cast<Number>(255.5);
+    const Number reciprocal = 1 / (sign * static_cast<Number>(weight));
     for (int k = 0; k < count; ++k) {
-        const double value = (sign * sums[k] + 0.5) * reciprocal;
-        const double positive = value > 0 ? value : 0;
-        to[k] = static_cast<Byte>(static_cast<std::int32_t>(positive < 255 ? positive : 255));
+        const Number value = (sign * static_cast<Number>(sums[k]) + half) * reciprocal;
+        // 255.5 instead of 255: a constant that is no whole number keeps the compiler from
+        // choosing after the conversion, in more steps.
+        const Number limited = value < limit ? value : limit;
+        to[k] = clamped(static_cast<std::int32_t>(limited));
     }
 }
 
 void wide(const Byte* from, Byte* to, int count, const Taps& taps) {
+    constexpr std::int32_t float_weight = 1 << 14;
     alignas(32) std::int32_t sums[kLongestStretch];
-    sum_pairs(from, pairs_of(taps, lower_half), sums, count);
-    const TapPairs upper = pairs_of(taps, upper_half);
+    sum_taps(from, short_pairs(taps, lower_half), sums, count);
+    const ShortPairs upper = short_pairs(taps, upper_half);
     if (upper.count > 0) {
         alignas(32) std::int32_t upper_sums[kLongestStretch];
-        sum_pairs(from, upper, upper_sums, count);
+        sum_taps(from, upper, upper_sums, count);
         for (int k = 0; k < count; ++k)
             sums[k] = static_cast<std::int32_t>(static_cast<std::uint32_t>(sums[k]) +
                                                 (static_cast<std::uint32_t>(upper_sums[k]) << 16));
     }
-    store_wide(sums, to, count, taps.weight);
+    if (taps.weight >= -float_weight && taps.weight <= float_weight)
+        store_quotients<float>(sums, to, count, taps.weight);
+    else
+        store_quotients<double>(sums, to, count, taps.weight);
 }
 
 struct Smaller {
@@ -247,6 +251,7 @@ void add(const Byte* __restrict from, Byte* __restrict to, int count, const Byte
 
 constexpr FilterRows kRows{narrow,
                            wide,
+                           kFew,
                            extreme<Smaller>,
                            extreme<Larger>,
                            add<std::uint16_t, std::int16_t>,

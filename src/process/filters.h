@@ -6,21 +6,22 @@
 
 namespace kelvane {
 
-// `image` and `buffer` have one size and share no pixels. Each filter leaves the borders of the
+// `image` and `buffer` have one size and share no pixels; the buffer's content is lost, but for
+// `convolve_to_buffer`. Each filter leaves the borders of the
 // picture that its kernel does not reach into as they were, and a picture smaller than the kernel
 // altogether. Events are those of the steps a filter is made of: the
 // last two raise `Complete` twice, for the convolution and for the sum.
 
-/// The picture and the buffer become the picture convolved.
+/// The picture becomes the picture convolved.
 void convolve_in_place(ImageView image, ImageView buffer, const FilterKernel& kernel,
                        ProgressObserver* observer = nullptr);
-/// The buffer becomes the picture convolved.
+/// The picture stays, the buffer becomes the picture convolved.
 void convolve_to_buffer(ConstImageView image, ImageView buffer, const FilterKernel& kernel,
                         ProgressObserver* observer = nullptr);
-/// The picture and the buffer become the rank filter's result.
+/// The picture becomes the rank filter's result.
 void rank_in_place(ImageView image, ImageView buffer, Rank rank,
                    ProgressObserver* observer = nullptr);
-/// Twice the picture less its 3 x 3 blur, which stays in the buffer.
+/// Twice the picture less its 3 x 3 blur.
 void unsharp(ImageView image, ImageView buffer, ProgressObserver* observer = nullptr);
 /// The picture convolved, and 127 added everywhere, borders included.
 void emboss(ImageView image, ImageView buffer, const FilterKernel& kernel,

@@ -6,7 +6,7 @@
 
 namespace kelvane {
 
-void rank_filter(ConstImageView from, ImageView to, Rank rank, ProgressObserver* observer,
+void rank_filter(ConstImageView from, TargetRows to, Rank rank, ProgressObserver* observer,
                  const RowDone& row_done) {
     if (rank == Rank::Mean) {
         // A ninth of the sum of nine samples: the blur's kernel.

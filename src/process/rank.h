@@ -12,7 +12,8 @@ enum class Rank { Mean, Minimum, Maximum };
 /// Fills the interior of `to` (one size with `from`, not the same pixels) with the rank of each
 /// channel's nine neighbours. What is offered as the median is their mean, rounded down. The
 /// border of one pixel is not written. Columns are reported as byte offsets 3 to 3 x width - 6.
-void rank_filter(ConstImageView from, ImageView to, Rank rank, ProgressObserver* observer = nullptr,
-                 const RowDone& row_done = {});
+/// Two target rows are in use at a time.
+void rank_filter(ConstImageView from, TargetRows to, Rank rank,
+                 ProgressObserver* observer = nullptr, const RowDone& row_done = {});
 
 } // namespace kelvane

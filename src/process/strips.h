@@ -16,6 +16,13 @@ namespace kelvane {
 /// picture, for operations that run at the speed of memory and would be held up by short rows.
 enum class Walk { Strips, WholeRows };
 
+/// Asks for bytes that will be read soon; processors foresee a row's end badly.
+inline void prefetch(const std::uint8_t* bytes, int count) {
+    constexpr int line = 64;
+    for (int k = 0; k < count; k += line)
+        __builtin_prefetch(bytes + k);
+}
+
 /// Calls stretch(byte, count, y) for `count` bytes, kLongestStretch at most, from byte offset
 /// `byte` of row y until every pixel of the picture that is at least `half` pixels away from all
 /// borders was met once.
@@ -34,8 +41,13 @@ void walk_interior(const ConstImageView& picture, int half, Walk walk,
     for (int begin = 3 * half, next = 0; begin < end; begin = next) {
         next = whole_rows ? end : std::min(begin + kLongestStretch, end);
         for (int y = half; y < picture.height - half; ++y) {
-            for (int byte = begin; byte < next; byte += kLongestStretch)
-                stretch(byte, std::min(kLongestStretch, next - byte), y);
+            // The last row met stands in for the one after it.
+            const std::uint8_t* upcoming = picture.row(std::min(y + half + 1, picture.height - 1));
+            for (int byte = begin; byte < next; byte += kLongestStretch) {
+                const int count = std::min(kLongestStretch, next - byte);
+                prefetch(upcoming + byte, count);
+                stretch(byte, count, y);
+            }
             if (whole_rows) finish_rows(y - half + 1);
         }
         for (int x = begin; x < next; x += 3)

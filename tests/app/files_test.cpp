@@ -32,8 +32,8 @@ class Files : public AppTest {
 
 TEST_F(Files, OpenEveryKind) {
     const std::filesystem::path pictures = std::filesystem::path(KELVANE_TEST_DATA) / "pictures";
-    for (const char* name : {"bmp24.bmp", "bmp24.dib", "gif.gif", "turned3.jpg", "drawing.wmf",
-                             "icon.ico", "pointer.cur", "rgb.png", "tiff24.tif"}) {
+    for (const char* name : {"deep24.bmp", "transparent.gif", "turned3.jpg", "placeable.wmf",
+                             "drawing.emf", "two.ico", "arrow.cur", "alpha.png", "quads.tif"}) {
         const std::wstring file = std::filesystem::absolute(pictures / name).wstring();
         main.open_file(file);
         ASSERT_FALSE(main.forms().empty()) << name;

@@ -11,7 +11,7 @@
 namespace kelvane {
 namespace {
 
-using test::choose;
+using test::choose_in_list;
 using test::click;
 using test::ModalScript;
 using test::press;
@@ -39,10 +39,10 @@ TEST_F(CombinationDialog, WeightedSumReturnsItsNumbers) {
         EXPECT_TRUE(IsWindowVisible(GetDlgItem(dialog, IDC_COMBINE_RESAMPLED)));
         EXPECT_THAT(shown_in(dialog, IDC_COMBINE_PREVIEW),
                     testing::ElementsAre(RGB(130, 130, 130)));
-        choose(dialog, IDC_COMBINE_FIRST, 2);
-        choose(dialog, IDC_COMBINE_SECOND, 0);
+        choose_in_list(dialog, IDC_COMBINE_FIRST, 2);
+        choose_in_list(dialog, IDC_COMBINE_SECOND, 0);
         EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, IDC_COMBINE_RESAMPLED)));
-        choose(dialog, IDC_COMBINE_FIRST, 1);
+        choose_in_list(dialog, IDC_COMBINE_FIRST, 1);
         type_text(dialog, IDC_COMBINE_MULTIPLIER_1, L"-1");
         type_text(dialog, IDC_COMBINE_OFFSET_1, L"-255");
         type_text(dialog, IDC_COMBINE_MULTIPLIER_2, L"0.5");
@@ -89,7 +89,7 @@ TEST_F(CombinationDialog, OnePictureIsNotTwo) {
     script.expect([&](HWND dialog) {
         script.expect_message(IDOK);
         press(dialog, IDOK);
-        choose(dialog, IDC_COMBINE_SECOND, 0);
+        choose_in_list(dialog, IDC_COMBINE_SECOND, 0);
         press(dialog, IDOK);
     });
     frmCombination dialog(sources(1));

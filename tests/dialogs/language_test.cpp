@@ -19,7 +19,7 @@ class LanguageDialog : public testing::Test {
         test::show(
             form,
             [&](HWND dialog) {
-                test::choose(dialog, IDC_LANGUAGE, entry);
+                test::choose_in_list(dialog, IDC_LANGUAGE, entry);
                 EXPECT_EQ(test::text_of(dialog, IDCANCEL), cancel_caption)
                     << "not switched at once";
             },

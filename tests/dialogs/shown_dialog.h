@@ -15,13 +15,6 @@ inline void show(win::Dialog& dialog, const ModalScript::Step& fill, int button)
     dialog.show_modal(nullptr);
 }
 
-/// Chooses an entry of a drop-down list as the user does.
-inline void choose(HWND dialog, int list, int position) {
-    SendDlgItemMessageW(dialog, list, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
-    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(list, CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, list)));
-}
-
 inline void click(HWND dialog, int button) {
     SendDlgItemMessageW(dialog, button, BM_CLICK, 0, 0);
 }

@@ -1,106 +1,115 @@
-// Pictures of every kind that logos come in, through the platform's own loader.
-#include "image/file_bytes.h"
-#include "image/picture_reader.h"
+// The platform's picture reader, with the same expectations on every system.
+#include "image/photo_marks.h"
+#include "image/upright_picture.h"
+#include "platform/four_colours.h"
 
-#include "support/temporary_folder.h"
+#include <gmock/gmock.h>
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <vector>
-
-namespace kelvane {
+namespace kelvane::test {
 namespace {
 
-std::filesystem::path data(const std::string& name) {
-    return std::filesystem::path(KELVANE_TEST_DATA) / "pictures" / name;
+using Bytes = std::vector<std::uint8_t>;
+
+Bytes data_bytes(const std::string& name) {
+    const std::string text = file_text(data_file(name));
+    EXPECT_FALSE(text.empty()) << name;
+    return {text.begin(), text.end()};
 }
 
-// Red, green and blue of a pixel, counted from the top left as displayed.
-std::vector<int> colour(const cDIBSection& picture, int x, int y_from_top) {
-    const std::uint8_t* pixel = picture.view().pixel(x, picture.Height() - 1 - y_from_top);
-    return {pixel[2], pixel[1], pixel[0]};
-}
-
-std::vector<std::vector<int>> colours(const cDIBSection& picture) {
-    std::vector<std::vector<int>> all;
-    for (int y = 0; y < picture.Height(); ++y)
-        for (int x = 0; x < picture.Width(); ++x)
-            all.push_back(colour(picture, x, y));
-    return all;
-}
-
-const std::vector<int> kWhite{255, 255, 255};
-const std::vector<int> kBlack{0, 0, 0};
-const std::vector<std::vector<int>> kScene{{255, 0, 0},   {0, 255, 0},     {0, 0, 255},
-                                           {0, 0, 0},     {255, 255, 255}, {255, 255, 0},
-                                           {0, 255, 255}, {128, 128, 128}};
-
-TEST(PictureReader, ReadsTheSamePixelsFromEveryLosslessKind) {
-    for (const char* name : {"rgb.png", "palette.png", "deep.png", "tiff24.tif", "bmp24.bmp",
-                             "bmp24.dib", "gif.gif"}) {
-        const cDIBSection picture = read_picture(data(name));
-        ASSERT_EQ(picture.Width(), 4) << name;
-        EXPECT_EQ(colours(picture), kScene) << name;
+std::string cause_of(const Bytes& bytes) {
+    try {
+        decode_picture(bytes);
+    } catch (const FileError& error) {
+        return error.what();
     }
-    for (const std::vector<int>& pixel : colours(read_picture(data("gray.png")))) {
-        EXPECT_EQ(pixel[0], pixel[1]);
-        EXPECT_EQ(pixel[1], pixel[2]);
-    }
+    return "";
 }
 
-TEST(PictureReader, ShowsTransparentPixelsOnWhitePaper) {
-    const cDIBSection half = read_picture(data("half.png")); // alpha 128, or 127
-    EXPECT_NEAR(colour(half, 3, 0)[0], 127, 1);
-    EXPECT_EQ(colour(half, 0, 0)[0], 255);
-    EXPECT_EQ(colour(half, 0, 1), kWhite);
-    const cDIBSection gif = read_picture(data("transparent.gif"));
-    EXPECT_EQ(colour(gif, 0, 0), kWhite);
-    EXPECT_EQ(colour(gif, 1, 0), kBlack);
-}
-
-TEST(PictureReader, TurnsPhotographsUpright) {
+TEST(PictureReader, FormatsOfEveryKindOfPixel) {
     for (const char* name :
-         {"turned3.jpg", "turned5.jpg", "turned6.jpg", "turned7.jpg", "turned8.jpg"}) {
-        const cDIBSection picture = read_picture(data(name));
-        ASSERT_EQ(picture.Width(), 32) << name;
-        ASSERT_EQ(picture.Height(), 16) << name;
-        EXPECT_LT(colour(picture, 4, 3)[0], 20) << name;
-        EXPECT_GT(colour(picture, 27, 3)[0], 235) << name;
-        EXPECT_GT(colour(picture, 4, 12)[0], 235) << name;
+         {"palette.png", "deep.png", "quads.tif", "deep24.bmp", "palette.bmp", "topdown.bmp"})
+        expect_quarters(name, 32, 16, kFourColours);
+    expect_quarters("two.ico", 32, 32, kFourColours);
+    expect_quarters("arrow.cur", 32, 32, kFourColours);
+    expect_quarters("gray.png", 32, 16, {{{0, 0, 0}, {64, 64, 64}, {128, 128, 128}, kWhite}});
+    expect_quarters("mono.bmp", 32, 16, {{{0, 0, 0}, kWhite, kWhite, kWhite}});
+    expect_quarters("cmyk.jpg", 32, 16, kFourColours, 12);
+}
+
+TEST(PictureReader, TransparencyShowsWhitePaper) {
+    expect_quarters("alpha.png", 32, 16, {{kRed, kWhite, {127, 127, 255}, kWhite}});
+    expect_quarters("transparent.gif", 32, 16, {{kRed, kWhite, kBlue, kWhite}});
+}
+
+TEST(PictureReader, OrientationIsHonoured) {
+    expect_quarters("turned1.jpg", 32, 16, kFourColours, 12);
+    expect_quarters("turned3.jpg", 32, 16, {{kWhite, kBlue, kGreen, kRed}}, 12);
+    expect_quarters("turned6.jpg", 16, 32, {{kBlue, kRed, kWhite, kGreen}}, 12);
+    expect_quarters("turned8.jpg", 16, 32, {{kGreen, kWhite, kRed, kBlue}}, 12);
+}
+
+TEST(PictureReader, DamagedFilesAreAnErrorInOneLine) {
+    for (const char* name : {"deep.png", "turned1.jpg", "quads.tif", "deep24.bmp", "two.ico"}) {
+        SCOPED_TRACE(name);
+        Bytes bytes = data_bytes(name);
+        bytes.resize(bytes.size() * 2 / 3);
+        const std::string cause = cause_of(bytes);
+        EXPECT_NE(cause, "");
+        EXPECT_THAT(cause, ::testing::Not(::testing::HasSubstr("\n")));
+        EXPECT_THAT(cause, ::testing::Not(::testing::EndsWith(".")));
+    }
+    const std::string text = "It is only a text, though a long one, and no picture at all.\n";
+    EXPECT_EQ(cause_of({text.begin(), text.end()}), "not a picture that can be read");
+    EXPECT_EQ(cause_of({}), "the file is empty");
+}
+
+TEST(PictureReader, HugeClaimsAreRefused) {
+    Bytes bytes = data_bytes("deep24.bmp");
+    for (const std::size_t side : {18U, 22U})
+        bytes[side + 2] = 1; // 65,536 pixels more
+    EXPECT_EQ(cause_of(bytes), "the picture is too large");
+}
+
+TEST(PictureReader, NamesInAnyScript) {
+    const TemporaryFolder folder;
+    const std::filesystem::path file = folder / u8"Prüfung/徽标.png";
+    std::filesystem::create_directories(file.parent_path());
+    write_text(file, file_text(data_file("palette.png")));
+    EXPECT_EQ(largest_difference(read_picture(file), kFourColours), 0);
+}
+
+TEST(UprightPicture, TurnsEveryOrientation) {
+    // Where the file's first and second pixel of three by two come to lie, x and y from the top.
+    constexpr std::array<std::array<int, 4>, 8> kPlaces = {{{0, 0, 1, 0},
+                                                            {2, 0, 1, 0},
+                                                            {2, 1, 1, 1},
+                                                            {0, 1, 1, 1},
+                                                            {0, 0, 0, 1},
+                                                            {1, 0, 1, 1},
+                                                            {1, 2, 1, 1},
+                                                            {0, 2, 0, 1}}};
+    for (int mark = 1; mark <= 8; ++mark) {
+        SCOPED_TRACE(mark);
+        UprightPicture upright(3, 2, mark);
+        upright.put_row(0, Bytes{10, 20, 30}.data(), {1, 0, 0, 0, -1});
+        upright.put_row(1, Bytes{40, 50, 60}.data(), {1, 0, 0, 0, -1});
+        const cDIBSection picture = upright.take();
+        ASSERT_EQ(picture.Width(), mark < 5 ? 3 : 2);
+        const auto& place = kPlaces[static_cast<std::size_t>(mark - 1)];
+        const int top = picture.Height() - 1;
+        EXPECT_EQ(*picture.view().pixel(place[0], top - place[1]), 10);
+        EXPECT_EQ(*picture.view().pixel(place[2], top - place[3]), 20);
     }
 }
 
-TEST(PictureReader, TakesTheLargestIconAndACursorsShape) {
-    const cDIBSection icon = read_picture(data("icon.ico"));
-    EXPECT_EQ(icon.Width(), 16);
-    EXPECT_EQ(colour(icon, 8, 8), (std::vector<int>{0, 0, 255}));
-    const cDIBSection pointer = read_picture(data("pointer.cur"));
-    ASSERT_EQ(pointer.Width(), 32);
-    EXPECT_EQ(colour(pointer, 4, 4), kBlack);
-    EXPECT_EQ(colour(pointer, 28, 4), kWhite);
-}
-
-TEST(PictureReader, RefusesWhatIsNoWholePicture) {
-    for (const char* name : {"rgb.png", "bmp24.bmp", "turned6.jpg", "tiff24.tif"}) {
-        std::vector<std::uint8_t> bytes = read_file_bytes(data(name));
-        bytes.resize(bytes.size() / 2);
-        EXPECT_THROW(decode_picture(bytes), FileError) << name;
-    }
-    const std::string text = "GRID MM 0.1;\nLAYER 21;\n";
-    EXPECT_THROW(decode_picture({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}),
-                 FileError);
-}
-
-TEST(PictureReader, OpensPathsInAnyScript) {
-    const test::TemporaryFolder folder;
-    const std::filesystem::path file = folder / u8"Prüfung" / u8"徽标.png";
-    std::filesystem::create_directory(file.parent_path());
-    std::filesystem::copy_file(data("rgb.png"), file);
-    EXPECT_EQ(colours(read_picture(file)), kScene);
+TEST(PhotoMarks, DamagedMarksCountAsUpright) {
+    const Bytes whole = data_bytes("turned6.jpg");
+    EXPECT_EQ(orientation_mark(whole), 6);
+    EXPECT_TRUE(is_complete(whole));
+    for (std::size_t size = 0; size < 38; ++size)
+        EXPECT_EQ(orientation_mark(std::span(whole).first(size)), 1) << size;
+    EXPECT_FALSE(is_complete(std::span(whole).first(whole.size() - 1)));
 }
 
 } // namespace
-} // namespace kelvane
+} // namespace kelvane::test

@@ -1,0 +1,119 @@
+#include "platform/ole_picture_windows.h"
+
+#include "image/upright_picture.h"
+
+#include <ocidl.h>
+#include <olectl.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <memory>
+#include <type_traits>
+
+namespace kelvane {
+namespace {
+
+constexpr PixelLayout kBgrx = {4, 0, 1, 2, -1};
+constexpr double kLongestSide = 4096;
+
+struct DeleteDevice {
+    void operator()(HDC device) const { DeleteDC(device); }
+};
+struct DeleteObjectHandle {
+    void operator()(void* object) const { DeleteObject(object); }
+};
+using Device = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteDevice>;
+using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteObjectHandle>;
+
+struct Size {
+    int width;
+    int height;
+};
+
+// Sizes of OLE pictures are in hundredths of a millimetre.
+struct Extent {
+    OLE_XSIZE_HIMETRIC width = 0;
+    OLE_YSIZE_HIMETRIC height = 0;
+};
+
+Extent extent_of(IPicture& picture) {
+    Extent extent;
+    throw_if_failed(picture.get_Width(&extent.width));
+    throw_if_failed(picture.get_Height(&extent.height));
+    return extent;
+}
+
+// The loader derives the extent of anything made of pixels from the screen's resolution; that of
+// a metafile is its own.
+Size size_in_pixels(IPicture& picture, Extent extent) {
+    SHORT kind = PICTYPE_UNINITIALIZED;
+    throw_if_failed(picture.get_Type(&kind));
+    const bool metafile = kind == PICTYPE_METAFILE || kind == PICTYPE_ENHMETAFILE;
+    int dpi = 96;
+    if (!metafile) {
+        const Device screen(CreateCompatibleDC(nullptr));
+        if (screen) dpi = GetDeviceCaps(screen.get(), LOGPIXELSX);
+    }
+    const double width = std::abs(static_cast<double>(extent.width)) * dpi / 2540;
+    const double height = std::abs(static_cast<double>(extent.height)) * dpi / 2540;
+    const double scale = std::min(1.0, kLongestSide / std::max({width, height, 1.0}));
+    return {std::max(1, static_cast<int>(std::lround(width * scale))),
+            std::max(1, static_cast<int>(std::lround(height * scale)))};
+}
+
+// White paper of four bytes a pixel, top row first, to draw on.
+class Paper {
+  public:
+    explicit Paper(Size size) : size_(size), device_(CreateCompatibleDC(nullptr)) {
+        BITMAPINFO info = {};
+        info.bmiHeader = {
+            sizeof(BITMAPINFOHEADER), size.width, -size.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        void* bits = nullptr;
+        bitmap_.reset(CreateDIBSection(device_.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+        if (!device_ || !bitmap_) throw FileError("there is not enough memory for the picture");
+        bits_ = static_cast<const std::uint8_t*>(bits);
+        std::memset(bits, 0xFF, row_bytes() * static_cast<std::size_t>(size.height));
+        before_ = SelectObject(device_.get(), bitmap_.get());
+    }
+    ~Paper() {
+        if (before_) SelectObject(device_.get(), before_);
+    }
+    Paper(const Paper&) = delete;
+    Paper& operator=(const Paper&) = delete;
+
+    HDC device() const { return device_.get(); }
+    const std::uint8_t* row(int y) const {
+        return bits_ + row_bytes() * static_cast<std::size_t>(y);
+    }
+
+  private:
+    std::size_t row_bytes() const { return static_cast<std::size_t>(size_.width) * 4; }
+
+    Size size_;
+    Device device_;
+    Bitmap bitmap_;
+    const std::uint8_t* bits_ = nullptr;
+    HGDIOBJ before_ = nullptr;
+};
+
+} // namespace
+
+cDIBSection ole_picture(IStream& stream, LONG size) {
+    ComPtr<IPicture> picture;
+    if (FAILED(OleLoadPicture(&stream, size, FALSE, IID_PPV_ARGS(&picture))) || !picture)
+        throw FileError("not a picture that can be read");
+    const Extent extent = extent_of(*picture.Get());
+    const Size pixels = size_in_pixels(*picture.Get(), extent);
+    const Paper paper(pixels);
+    // From the bottom up, as the picture's own coordinates run.
+    throw_if_failed(picture->Render(paper.device(), 0, 0, pixels.width, pixels.height, 0,
+                                    extent.height, extent.width, -extent.height, nullptr));
+    GdiFlush();
+    UprightPicture result(pixels.width, pixels.height, 1);
+    for (int y = 0; y < pixels.height; ++y)
+        result.put_row(y, paper.row(y), kBgrx);
+    return result.take();
+}
+
+} // namespace kelvane

@@ -1,0 +1,157 @@
+#include "engine/image_process.h"
+
+#include "support/pictures.h"
+#include "support/recording_observer.h"
+
+#include <limits>
+
+namespace kelvane {
+namespace {
+
+using namespace test;
+
+template <typename Action> EngineError error_of(Action action) {
+    try {
+        action();
+    } catch (const EngineError& error) {
+        return error;
+    }
+    ADD_FAILURE() << "no error raised";
+    return {0, 0, "", ""};
+}
+
+void expect_error(const EngineError& error, std::uint32_t number, int string_id, const char* text) {
+    EXPECT_EQ(error.number(), number);
+    EXPECT_EQ(error.string_id(), string_id);
+    EXPECT_STREQ(error.what(), text);
+    EXPECT_EQ(error.source(), "program.cImageProcess");
+}
+
+TEST(Engine, RefusesPropertyValuesAndKeepsTheOldOnes) {
+    cImageProcessDIB engine("program");
+    engine.set_FilterType(kSoftenMore);
+    for (const int type : {0, 16, -1})
+        expect_error(error_of([&] { engine.set_FilterType(type); }), 0x8004051A, 16100,
+                     "Invalid filter types.");
+    for (const int size : {0, 4, -2, std::numeric_limits<int>::min()})
+        expect_error(error_of([&] { engine.set_FilterArraySize(size); }), 0x80040519, 16101,
+                     "Size must be an odd number");
+    for (const int size : {11, -1})
+        expect_error(error_of([&] { engine.set_FilterArraySize(size); }), 0x8004051A, 16102,
+                     "Invalid size.  Size should be an odd number from 3 to 9");
+    EXPECT_EQ(engine.FilterType(), kSoftenMore);
+    EXPECT_EQ(engine.FilterArraySize(), 5);
+    EXPECT_EQ(engine.FilterWeight(), 44);
+    EXPECT_THROW(engine.FilterValue(3, 0), std::out_of_range);
+    EXPECT_THROW(engine.set_FilterValue(0, -3, 1), std::out_of_range);
+    EXPECT_FALSE(engine.RangeOVL());
+}
+
+TEST(Engine, ANewSizeClearsTheCells) {
+    cImageProcessDIB engine;
+    engine.set_FilterType(kCustom);
+    engine.set_FilterArraySize(7);
+    engine.set_FilterValue(-3, 2, 5);
+    EXPECT_EQ(engine.FilterValue(-3, 2), 5);
+    EXPECT_EQ(engine.FilterValue(2, -3), 0);
+    engine.set_FilterArraySize(1);
+    EXPECT_EQ(engine.FilterArraySize(), 1);
+    engine.set_FilterArraySize(7);
+    EXPECT_EQ(engine.FilterValue(-3, 2), 0);
+}
+
+TEST(Engine, FiltersWithoutKernelKeepTheCellsAndResetTheWeight) {
+    for (const int type : {kUnsharp, kMeanRank, kMinimumRank, kMaximumRank, kReserved}) {
+        cImageProcessDIB engine;
+        engine.set_FilterType(kSoftenMore);
+        engine.set_FilterType(type);
+        EXPECT_EQ(engine.FilterArraySize(), 5);
+        EXPECT_EQ(engine.FilterValue(0, 0), 12);
+        EXPECT_EQ(engine.FilterWeight(), 0);
+    }
+    cImageProcessDIB engine;
+    engine.set_FilterType(kSoften);
+    engine.set_FilterType(kCustom);
+    EXPECT_EQ(engine.FilterWeight(), 12);
+}
+
+TEST(Engine, UnsharpLeavesTheBlursKernelAndNoWeight) {
+    cImageProcessDIB engine;
+    engine.set_FilterType(kSoftenMore);
+    engine.set_FilterType(kUnsharp);
+    cDIBSection image = random_picture(6, 6, 1);
+    cDIBSection buffer = black_picture(6, 6);
+    EXPECT_TRUE(engine.ProcessImage(image, buffer));
+    EXPECT_EQ(engine.FilterType(), kUnsharp);
+    EXPECT_EQ(engine.FilterArraySize(), 3);
+    EXPECT_EQ(engine.FilterValue(0, 0), 1);
+    EXPECT_EQ(engine.FilterWeight(), 0);
+}
+
+TEST(Engine, RefusesWhatItCannotRun) {
+    cImageProcessDIB engine;
+    const cDIBSection original = random_picture(8, 8, 1);
+    cDIBSection image = original.Copy();
+    cDIBSection buffer = black_picture(8, 8);
+    cDIBSection smaller = black_picture(8, 7);
+    cDIBSection none;
+    EXPECT_FALSE(engine.ProcessImage(image, smaller));
+    EXPECT_FALSE(engine.ProcessImage(image, image));
+    EXPECT_FALSE(engine.ProcessImage(none, none));
+    EXPECT_FALSE(engine.AddLightest(smaller, image));
+    EXPECT_FALSE(engine.AddImages(none, image, 1, 0, 0, 0, 1, 0, 0, 0));
+    engine.set_FilterWeight(0);
+    EXPECT_FALSE(engine.ProcessImage(image, buffer));
+    engine.set_FilterType(kReserved);
+    EXPECT_FALSE(engine.ProcessImage(image, buffer));
+    EXPECT_TRUE(same_pixels(image, original));
+}
+
+// A picture lower or narrower than the kernel is left alone, and that counts as done.
+TEST(Engine, SmallPicturesAreDone) {
+    for (int type = kBlur; type < kReserved; ++type) {
+        if (type == kEmboss) continue;
+        cImageProcessDIB engine;
+        engine.set_FilterType(type);
+        const cDIBSection original = random_picture(2, 9, 1);
+        cDIBSection image = original.Copy();
+        cDIBSection buffer = black_picture(2, 9);
+        EXPECT_TRUE(engine.ProcessImage(image, buffer));
+        EXPECT_TRUE(same_pixels(image, original)) << type;
+    }
+}
+
+TEST(Engine, EmphasizesInTwoPasses) {
+    cImageProcessDIB engine;
+    RecordingObserver observer;
+    engine.set_observer(&observer);
+    const cDIBSection original = flat_picture(5, 5, 200, 100, 40);
+    cDIBSection image = original.Copy();
+    cDIBSection buffer = black_picture(5, 5);
+    engine.set_FilterType(kEmphasizeFirst);
+    EXPECT_TRUE(engine.ProcessImage(image, buffer));
+    EXPECT_TRUE(same_pixels(image, original));
+    EXPECT_EQ(pixel_at(buffer, 2, 2), (std::array{70, 35, 14})); // 7 v / 20
+    EXPECT_EQ(pixel_at(buffer, 0, 2), (std::array{200, 100, 40}));
+    engine.set_FilterType(kEmphasizeSecond);
+    EXPECT_TRUE(engine.ProcessImage(image, buffer));
+    EXPECT_EQ(pixel_at(image, 2, 2), (std::array{255, 245, 98}));
+    EXPECT_EQ(observer.maxima, (std::vector<long>{9, 9}));
+    EXPECT_EQ(observer.positions, (std::vector<long>{3, 6, 9, 3, 6, 9}));
+    EXPECT_EQ(observer.times.size(), 2u);
+}
+
+TEST(Engine, CombinesPictures) {
+    cImageProcessDIB engine;
+    const cDIBSection from = flat_picture(3, 3, 1, 2, 3);
+    cDIBSection to = flat_picture(3, 3, 10, 20, 30);
+    EXPECT_TRUE(engine.AddImages(from, to, 2, 1, 2, 100, 1, 0, 0, 5));
+    EXPECT_EQ(pixel_at(to, 0, 0), (std::array{14, 28, 45}));
+    EXPECT_TRUE(engine.AddLightest(from, to));
+    EXPECT_EQ(pixel_at(to, 2, 2), (std::array{1, 2, 3}));
+    EXPECT_TRUE(engine.AddDarkest(flat_picture(3, 3, 9, 9, 9), to));
+    EXPECT_EQ(pixel_at(to, 2, 2), (std::array{9, 9, 9}));
+}
+
+} // namespace
+} // namespace kelvane

@@ -1,0 +1,109 @@
+#include "process/combine.h"
+
+#include "process/reference.h"
+#include "support/every_level.h"
+#include "support/pictures.h"
+#include "support/recording_observer.h"
+
+#include <limits>
+
+namespace kelvane {
+namespace {
+
+using namespace test;
+
+std::int32_t wrapped_sum(int s, std::int32_t from_offset, std::int32_t m, int t,
+                         std::int32_t to_offset, std::int32_t n) {
+    const auto u = [](std::int32_t value) { return static_cast<std::uint32_t>(value); };
+    return static_cast<std::int32_t>((u(s) + u(from_offset)) * u(m) + (u(t) + u(to_offset)) * u(n));
+}
+
+cDIBSection summed(const cDIBSection& from, const cDIBSection& to, const SumPart& a,
+                   const SumPart& b) {
+    cDIBSection result = to.Copy();
+    for (int x = 0; x < to.Width(); ++x)
+        for (int y = 0; y < to.Height(); ++y) {
+            const std::uint8_t* s = from.view().pixel(x, y);
+            std::uint8_t* t = result.view().pixel(x, y);
+            const auto part = [&](int channel, std::int32_t a_offset, std::int32_t b_offset) {
+                return clamped(wrapped_sum(s[channel], a_offset, a.multiplier, t[channel], b_offset,
+                                           b.multiplier));
+            };
+            t[0] = part(0, a.offset_r, b.offset_r);
+            t[1] = part(1, a.offset_g, b.offset_g);
+            t[2] = part(2, a.offset_g, b.offset_b);
+        }
+    return result;
+}
+
+TEST(AddImages, AgainstTheReference) {
+    constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
+    const std::pair<SumPart, SumPart> cases[] = {
+        {{-1, 0, 0, 0}, {2, 0, 0, 0}},
+        {{1, 127, 127, 127}, {0, 0, 0, 0}},
+        {{1, 10, 20, 30}, {-1, -40, 5, 60}},
+        {{63, 1, 2, 3}, {-63, 4, 5, 6}},
+        {{1000, -100, -101, -102}, {-999, -103, -104, -105}},
+        {{most, most, -most, 7}, {-most, most, 8, 9}},
+    };
+    for (const auto& [a, b] : cases)
+        for (const auto& [width, height] : odd_sizes()) {
+            const cDIBSection from = random_picture(width, height, 1);
+            const cDIBSection original = random_picture(width, height, 2);
+            const cDIBSection expected = summed(from, original, a, b);
+            at_every_level([&, a = a, b = b] {
+                cDIBSection to = original.Copy();
+                AddImages(from.view(), to.view(), a, b);
+                EXPECT_TRUE(same_pixels(to, expected)) << a.multiplier;
+            });
+        }
+}
+
+// (blue, green, red) from the pairing R+R, G+G, G+B.
+TEST(AddImages, PairsOffsetsOddly) {
+    const cDIBSection black = flat_picture(1, 1, 0, 0, 0);
+    cDIBSection to = black.Copy();
+    AddImages(black.view(), to.view(), {1, 1, 2, 4}, {1, 8, 16, 32});
+    EXPECT_EQ(pixel_at(to, 0, 0), (std::array{9, 18, 34}));
+}
+
+using Selection = void (*)(ConstImageView, ImageView, ProgressObserver*);
+
+std::array<int, 3> selected(Selection select, const std::array<int, 3>& from,
+                            const std::array<int, 3>& to) {
+    const cDIBSection source = flat_picture(2, 2, from[0], from[1], from[2]);
+    cDIBSection target = flat_picture(2, 2, to[0], to[1], to[2]);
+    select(source.view(), target.view(), nullptr);
+    return pixel_at(target, 1, 1);
+}
+
+TEST(Selection, LightestKeepsTheSmallerMeasureDarkestTheLarger) {
+    const std::array black{0, 0, 0}, red{0, 0, 255}, dim{10, 10, 0}, dim_red{10, 10, 255};
+    const std::array green{0, 1, 0}, blue{14, 0, 0}; // 929 and 994
+    EXPECT_EQ(selected(AddLightest, red, black), black);
+    EXPECT_EQ(selected(AddDarkest, red, black), black);
+    EXPECT_EQ(selected(AddLightest, dim, dim_red), dim_red);
+    EXPECT_EQ(selected(AddDarkest, dim, dim_red), dim_red);
+    EXPECT_EQ(selected(AddLightest, green, blue), green);
+    EXPECT_EQ(selected(AddLightest, blue, green), green);
+    EXPECT_EQ(selected(AddDarkest, green, blue), blue);
+    EXPECT_EQ(selected(AddDarkest, blue, green), blue);
+}
+
+TEST(Combination, ReadsALargerSourceAndReportsOnlyItsEnd) {
+    const cDIBSection from = random_picture(9, 8, 1);
+    cDIBSection to = flat_picture(5, 4, 255, 255, 255);
+    RecordingObserver observer;
+    AddLightest(from.view(), to.view(), &observer);
+    AddDarkest(from.view(), to.view(), &observer);
+    AddImages(from.view(), to.view(), {1, 0, 0, 0}, {0, 0, 0, 0}, &observer);
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 5; ++x)
+            EXPECT_EQ(pixel_at(to, x, y), pixel_at(from, x, y));
+    EXPECT_TRUE(observer.maxima.empty());
+    EXPECT_TRUE(observer.positions.empty());
+    EXPECT_EQ(observer.times.size(), 3u);
+}
+
+} // namespace
+} // namespace kelvane
