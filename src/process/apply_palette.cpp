@@ -1,8 +1,10 @@
 // Row by row through strips of columns gives the same picture as column by column, as long as each
 // pixel takes its left neighbour's error before that of the row before.
+#include "image/cpu.h"
 #include "process/closest_colour.h"
 #include "process/column_strips.h"
 #include "process/diffusion.h"
+#include "process/palette_band.h"
 
 #include <algorithm>
 #include <array>
@@ -14,9 +16,11 @@ namespace kelvane {
 namespace {
 
 constexpr int kLeastError = 4;
+constexpr int kNoColumn = -1;
+static_assert(kStripPixels <= kBandColumns);
 
+using Error = BandError;
 // Blue, green, red as in memory.
-using Error = std::array<std::int16_t, 3>;
 using Pixel = std::array<std::uint8_t, 3>;
 
 std::vector<Pixel> memory_order(const cPalette& palette) {
@@ -37,11 +41,38 @@ class Diffusion {
   public:
     Diffusion(ImageView image, ImageView buffer, const cPalette& palette)
         : image_(image), buffer_(buffer), closest_(palette), entries_(memory_order(palette)),
-          right_(static_cast<std::size_t>(image.height)) {}
+          right_(static_cast<std::size_t>(image.height)) {
+        if (palette.Count() > kBandColours || cpu_level() < CpuLevel::Avx2) return;
+        banded_rows_ = image.height / kBandRows * kBandRows;
+        band_palette_.count = palette.Count();
+        for (std::size_t i = 0; i < palette.colours().size(); ++i)
+            std::copy_n(entries_[i + 1].data(), 3, band_palette_.bgr[i]);
+    }
 
     // `count` pixels from (x, y); strips ascend, rows ascend inside a strip.
     void stretch(int x, int count, int y) {
         if (y == 0) std::fill_n(below_.begin(), count, Error{});
+        if (y >= banded_rows_)
+            row(x, count, y);
+        else if (y % kBandRows == 0)
+            band(x, count, y);
+    }
+
+  private:
+    void band(int x, int count, int y) {
+        const int last = image_.width - 1 - x;
+        const Band band{image_.pixel(x, y),
+                        image_.row_step,
+                        buffer_.pixel(x, y),
+                        buffer_.row_step,
+                        count,
+                        {x == 0 ? 0 : kNoColumn, last < count ? last : kNoColumn},
+                        &right_[static_cast<std::size_t>(y)],
+                        below_.data()};
+        map_band_avx2(band_palette_, band);
+    }
+
+    void row(int x, int count, int y) {
         Error& right = right_[static_cast<std::size_t>(y)];
         std::uint8_t* pixel = image_.pixel(x, y);
         std::uint8_t* out = buffer_.pixel(x, y);
@@ -56,12 +87,12 @@ class Diffusion {
         }
     }
 
-  private:
     static Pixel receive(const std::uint8_t* pixel, const Error& right, const Error& below) {
         Pixel received{};
         for (std::size_t i = 0; i < 3; ++i) {
-            const int after_left = std::clamp(pixel[i] + right[i], 0, 255);
-            received[i] = static_cast<std::uint8_t>(std::clamp(after_left + below[i], 0, 255));
+            const int after_left = std::clamp(pixel[i] + right.channel[i], 0, 255);
+            received[i] =
+                static_cast<std::uint8_t>(std::clamp(after_left + below.channel[i], 0, 255));
         }
         return received;
     }
@@ -76,13 +107,15 @@ class Diffusion {
             error[i] = wanted[i] - got[i];
         if (std::abs(error[0]) + std::abs(error[1]) + std::abs(error[2]) < kLeastError) error = {};
         for (std::size_t i = 0; i < 3; ++i) {
-            right[i] = share(error[i], 7);
-            below[i] = share(error[i], 4);
+            right.channel[i] = share(error[i], 7);
+            below.channel[i] = share(error[i], 4);
         }
     }
 
     ImageView image_;
     ImageView buffer_;
+    int banded_rows_ = 0; // rows from the first that go sixteen at a time
+    BandPalette band_palette_{};
     ClosestColour closest_;
     std::vector<Pixel> entries_;              // by index, 1 to Count
     std::vector<Error> right_;                // from the column before the strip, by row

@@ -21,6 +21,7 @@ struct Shuffles {
     alignas(16) std::uint8_t gather[3][3][16];  // [channel][piece]: from pieces to a plane
     alignas(16) std::uint8_t scatter[3][3][16]; // [piece][channel]: from planes to a piece
     alignas(16) std::uint8_t spread[3][16];     // [piece]: from one plane for all channels
+    alignas(16) std::uint8_t quads[2][16];      // four pixels, from the first or the fifth byte
 };
 
 static constexpr Shuffles make_shuffles() {
@@ -36,6 +37,11 @@ static constexpr Shuffles make_shuffles() {
                     static_cast<std::uint8_t>(to % 3 == channel ? to / 3 : 128);
                 s.spread[piece][i] = static_cast<std::uint8_t>(to / 3);
             }
+    for (int i = 0; i < 16; ++i) {
+        const int from = i % 4 == 3 ? 128 : i / 4 * 3 + i % 4;
+        s.quads[0][i] = static_cast<std::uint8_t>(from);
+        s.quads[1][i] = static_cast<std::uint8_t>(from == 128 ? 128 : from + 4);
+    }
     return s;
 }
 
@@ -45,22 +51,24 @@ static inline __m128i load16(const std::uint8_t* from) {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
 }
 
-static inline void store16(std::uint8_t* to, __m128i value) {
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(to), value);
-}
-
 static inline __m256i both_halves(const std::uint8_t* table) {
     return _mm256_broadcastsi128_si256(load16(table));
 }
 
-// The halves of one register come from two groups of 16 pixels, 48 bytes apart.
-static inline __m256i load_piece(const std::uint8_t* from) {
-    return _mm256_inserti128_si256(_mm256_castsi128_si256(load16(from)), load16(from + 48), 1);
+static inline __m256i load32(const std::uint8_t* from) {
+    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from));
 }
 
-static inline void store_piece(std::uint8_t* to, __m256i value) {
-    store16(to, _mm256_castsi256_si128(value));
-    store16(to + 48, _mm256_extracti128_si256(value, 1));
+static inline void store32(std::uint8_t* to, __m256i value) {
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(to), value);
+}
+
+// Three registers of 16-byte pieces: the halves of each belong to the first and the second 48
+// bytes of memory.
+static inline void store_pieces(std::uint8_t* to, __m256i a, __m256i b, __m256i c) {
+    store32(to, _mm256_permute2x128_si256(a, b, 0x20));
+    store32(to + 32, _mm256_blend_epi32(c, a, 0xF0));
+    store32(to + 64, _mm256_permute2x128_si256(b, c, 0x31));
 }
 
 static inline __m256i mix(const std::uint8_t table[3][16], __m256i a, __m256i b, __m256i c) {
@@ -70,23 +78,45 @@ static inline __m256i mix(const std::uint8_t table[3][16], __m256i a, __m256i b,
 }
 
 static inline Planes load_planes(const std::uint8_t* pixels) {
-    const __m256i a = load_piece(pixels);
-    const __m256i b = load_piece(pixels + 16);
-    const __m256i c = load_piece(pixels + 32);
+    const __m256i first = load32(pixels);
+    const __m256i second = load32(pixels + 32);
+    const __m256i third = load32(pixels + 64);
+    const __m256i a = _mm256_blend_epi32(first, second, 0xF0);
+    const __m256i b = _mm256_permute2x128_si256(first, third, 0x21);
+    const __m256i c = _mm256_blend_epi32(second, third, 0xF0);
     return {mix(kShuffles.gather[0], a, b, c), mix(kShuffles.gather[1], a, b, c),
             mix(kShuffles.gather[2], a, b, c)};
 }
 
 static inline void store_planes(std::uint8_t* pixels, const Planes& p) {
-    for (int piece = 0; piece < 3; ++piece)
-        store_piece(pixels + 16 * piece, mix(kShuffles.scatter[piece], p.b, p.g, p.r));
+    const auto piece = [&p](int i) { return mix(kShuffles.scatter[i], p.b, p.g, p.r); };
+    store_pieces(pixels, piece(0), piece(1), piece(2));
 }
 
 /// One plane into all three channels.
 static inline void store_spread(std::uint8_t* pixels, __m256i plane) {
-    for (int piece = 0; piece < 3; ++piece)
-        store_piece(pixels + 16 * piece,
-                    _mm256_shuffle_epi8(plane, both_halves(kShuffles.spread[piece])));
+    const auto piece = [plane](int i) {
+        return _mm256_shuffle_epi8(plane, both_halves(kShuffles.spread[i]));
+    };
+    store_pieces(pixels, piece(0), piece(1), piece(2));
+}
+
+/// Pixels as 32-bit numbers, red x 65536 + green x 256 + blue. The halves of group q hold pixels
+/// 4 q and 16 + 4 q on: packing the groups to bytes puts all into their order.
+struct Quads {
+    __m256i group[4];
+};
+
+static inline Quads load_quads(const std::uint8_t* pixels) {
+    Quads quads;
+    for (int q = 0; q < 4; ++q) {
+        // The last group starts four bytes early to end with the pixels.
+        const std::uint8_t* from = pixels + (q < 3 ? 12 * q : 32);
+        const __m256i raw =
+            _mm256_inserti128_si256(_mm256_castsi128_si256(load16(from)), load16(from + 48), 1);
+        quads.group[q] = _mm256_shuffle_epi8(raw, both_halves(kShuffles.quads[q / 3]));
+    }
+    return quads;
 }
 
 // Bytes widened to 16 and 16-bit numbers to 32 bits, half of them at a time; the pack
@@ -106,17 +136,21 @@ static inline __m256i factors(int even, int odd) {
                                               (static_cast<unsigned>(even) & 0xFFFFu)));
 }
 
-/// Factors of the channels and a constant; the sum is at most 2^31.
+/// Factors of the channels, 16 bits each.
 struct Weights {
-    __m256i bg;
-    __m256i r1;
+    __m256i br;
+    __m256i g;
 };
 
-/// Weighted sums of 8 pixels: 16-bit channels, `half` of each register's halves.
-static inline __m256i weigh(const Weights& w, __m256i b, __m256i g, __m256i r, int half) {
-    const __m256i one = _mm256_set1_epi16(1);
-    return _mm256_add_epi32(_mm256_madd_epi16(pair16(b, g, half), w.bg),
-                            _mm256_madd_epi16(pair16(r, one, half), w.r1));
+static inline Weights weights(int blue, int green, int red) {
+    return {factors(blue, red), factors(green, 0)};
+}
+
+/// Weighted sums of eight pixels.
+static inline __m256i weigh(const Weights& w, __m256i group) {
+    const __m256i br = _mm256_and_si256(group, _mm256_set1_epi32(0x00FF00FF));
+    return _mm256_add_epi32(_mm256_madd_epi16(br, w.br),
+                            _mm256_madd_epi16(_mm256_srli_epi16(group, 8), w.g));
 }
 
 } // namespace kelvane::avx2

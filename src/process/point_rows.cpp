@@ -32,6 +32,11 @@ void spread(const std::uint8_t* greys, std::uint8_t* pixels, int count) {
         std::memset(pixels, *greys++, 3);
 }
 
+void invert(std::uint8_t* pixels, int count) {
+    for (int i = 0; i < 3 * count; ++i)
+        pixels[i] = static_cast<std::uint8_t>(~pixels[i]);
+}
+
 std::uint8_t to_byte(int channel) {
     return static_cast<std::uint8_t>(std::clamp(channel, 0, 255));
 }
@@ -66,7 +71,7 @@ void colourise(std::uint8_t* pixels, int count, float hue) {
 
 } // namespace
 
-const PointRows kBaselinePointRows{grey, luminance, spread, lighten, colourise};
+const PointRows kBaselinePointRows{grey, luminance, spread, invert, lighten, colourise};
 
 const PointRows& point_rows() {
     return cpu_level() >= CpuLevel::Avx2 ? kAvx2PointRows : kBaselinePointRows;

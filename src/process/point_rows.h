@@ -13,6 +13,8 @@ struct PointRows {
     void (*luminance)(const std::uint8_t* pixels, std::uint8_t* greys, int count);
     /// One byte a pixel back to three equal ones.
     void (*spread)(const std::uint8_t* greys, std::uint8_t* pixels, int count);
+    /// Every byte b becomes 255 - b.
+    void (*invert)(std::uint8_t* pixels, int count);
     /// Lightness times `factor`, at most 1.
     void (*lighten)(std::uint8_t* pixels, int count, float factor);
     /// Another hue; pixels of hue 0 take half saturation.

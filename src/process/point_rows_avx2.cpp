@@ -10,10 +10,11 @@ using namespace avx2;
 
 // 16 luminances. With n = sum + 500 the quotient n / 1000 rounds halves up; where n is a whole
 // multiple the half must go to the even side. n needs 18 bits, n / 8 fits into 16.
-__m256i luminance16(__m256i b, __m256i g, __m256i r) {
-    const Weights weights{factors(71, 707), factors(222, 500)};
-    const __m256i n0 = weigh(weights, b, g, r, 0);
-    const __m256i n1 = weigh(weights, b, g, r, 1);
+__m256i luminance16(__m256i first, __m256i second) {
+    const Weights w = weights(71, 707, 222);
+    const __m256i half = _mm256_set1_epi32(500);
+    const __m256i n0 = _mm256_add_epi32(weigh(w, first), half);
+    const __m256i n1 = _mm256_add_epi32(weigh(w, second), half);
     const __m256i eighth = _mm256_packus_epi32(_mm256_srli_epi32(n0, 3), _mm256_srli_epi32(n1, 3));
     const __m256i low_bits = _mm256_set1_epi32(0xFFFF);
     const __m256i low =
@@ -27,20 +28,20 @@ __m256i luminance16(__m256i b, __m256i g, __m256i r) {
     return _mm256_sub_epi16(quotient, _mm256_and_si256(whole, odd));
 }
 
-__m256i luminance32(const Planes& p) {
-    return _mm256_packus_epi16(luminance16(widen8(p.b, 0), widen8(p.g, 0), widen8(p.r, 0)),
-                               luminance16(widen8(p.b, 1), widen8(p.g, 1), widen8(p.r, 1)));
+__m256i luminance32(const Quads& p) {
+    return _mm256_packus_epi16(luminance16(p.group[0], p.group[1]),
+                               luminance16(p.group[2], p.group[3]));
 }
 
 void grey(std::uint8_t* pixels, int count) {
     for (; count >= kPixels; count -= kPixels, pixels += 3 * kPixels)
-        store_spread(pixels, luminance32(load_planes(pixels)));
+        store_spread(pixels, luminance32(load_quads(pixels)));
     kBaselinePointRows.grey(pixels, count);
 }
 
 void luminance(const std::uint8_t* pixels, std::uint8_t* greys, int count) {
     for (; count >= kPixels; count -= kPixels, pixels += 3 * kPixels, greys += kPixels)
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(greys), luminance32(load_planes(pixels)));
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(greys), luminance32(load_quads(pixels)));
     kBaselinePointRows.luminance(pixels, greys, count);
 }
 
@@ -48,6 +49,14 @@ void spread(const std::uint8_t* greys, std::uint8_t* pixels, int count) {
     for (; count >= kPixels; count -= kPixels, pixels += 3 * kPixels, greys += kPixels)
         store_spread(pixels, _mm256_loadu_si256(reinterpret_cast<const __m256i*>(greys)));
     kBaselinePointRows.spread(greys, pixels, count);
+}
+
+void invert(std::uint8_t* pixels, int count) {
+    const __m256i ones = _mm256_set1_epi8(-1);
+    for (; count >= kPixels; count -= kPixels, pixels += 3 * kPixels)
+        for (int piece = 0; piece < 96; piece += 32)
+            store32(pixels + piece, _mm256_xor_si256(load32(pixels + piece), ones));
+    kBaselinePointRows.invert(pixels, count);
 }
 
 struct Colour {
@@ -167,6 +176,6 @@ void colourise(std::uint8_t* pixels, int count, float hue) {
 
 } // namespace
 
-const PointRows kAvx2PointRows{grey, luminance, spread, lighten, colourise};
+const PointRows kAvx2PointRows{grey, luminance, spread, invert, lighten, colourise};
 
 } // namespace kelvane

@@ -84,11 +84,9 @@ void AddNoise(ImageView image, int percent, bool bRandom, RandomSource& random,
 
 void NegativeImage(ImageView image, ProgressObserver* observer) {
     const ProgressReporter progress(observer);
-    for (int y = 0; y < image.height; ++y) {
-        std::uint8_t* bytes = image.row(y);
-        for (int i = 0; i < 3 * image.width; ++i)
-            bytes[i] = static_cast<std::uint8_t>(~bytes[i]);
-    }
+    const auto invert = point_rows().invert;
+    for (int y = 0; y < image.height; ++y)
+        invert(image.row(y), image.width);
     progress.complete();
 }
 

@@ -75,7 +75,7 @@ cPalette random_palette(int count, std::uint32_t seed) {
 
 std::vector<std::pair<int, int>> sizes_across_strips() {
     std::vector<std::pair<int, int>> sizes = odd_sizes();
-    sizes.insert(sizes.end(), {{1023, 5}, {1024, 5}, {1025, 5}, {1026, 5}, {2051, 4}});
+    sizes.insert(sizes.end(), {{1023, 5}, {1024, 5}, {1025, 5}, {1026, 5}, {2051, 4}, {1040, 37}});
     return sizes;
 }
 

@@ -164,6 +164,30 @@ TEST(HlsRgb, HuesOfThePrimaries) {
     EXPECT_EQ(mHLSRGB::RGBToHLS(51, 51, 51).S, 0);
 }
 
+TEST(HlsRgb, WorkedValues) {
+    const mHLSRGB::Hls blue = mHLSRGB::RGBToHLS(51, 102, 204);
+    EXPECT_FLOAT_EQ(blue.H, 11 / 3.0f);
+    EXPECT_FLOAT_EQ(blue.L, 0.5f);
+    EXPECT_FLOAT_EQ(blue.S, 0.6f);
+    const mHLSRGB::Hls pale = mHLSRGB::RGBToHLS(204, 255, 230); // above half lightness
+    EXPECT_FLOAT_EQ(pale.H, 2 + 26 / 51.0f);
+    EXPECT_NEAR(pale.S, 1, 1e-6);
+
+    const auto rgb = [](float hue, float lightness, float saturation) {
+        const mHLSRGB::Rgb colour = mHLSRGB::HLSToRGB({hue, lightness, saturation});
+        return Bgr{colour.r, colour.g, colour.b};
+    };
+    // The middle of every sextant: 191.25, 63.75 and the half 127.5, which goes to the even side.
+    EXPECT_THAT(rgb(-0.5f, 0.5f, 0.5f), ElementsAre(191, 64, 128));
+    EXPECT_THAT(rgb(0.5f, 0.5f, 0.5f), ElementsAre(191, 128, 64));
+    EXPECT_THAT(rgb(1.5f, 0.5f, 0.5f), ElementsAre(128, 191, 64));
+    EXPECT_THAT(rgb(2.5f, 0.5f, 0.5f), ElementsAre(64, 191, 128));
+    EXPECT_THAT(rgb(3.5f, 0.5f, 0.5f), ElementsAre(64, 128, 191));
+    EXPECT_THAT(rgb(4.5f, 0.5f, 0.5f), ElementsAre(128, 64, 191));
+    EXPECT_THAT(rgb(0, 0.75f, 0.5f), ElementsAre(223, 159, 159));
+    EXPECT_THAT(rgb(3, 2, 0), ElementsAre(510, 510, 510)); // clamping is the caller's
+}
+
 TEST(Noise, StaysWithinItsSpreadAndRepeatsWithItsSeed) {
     cDIBSection first = flat_picture(40, 30, 128, 128, 128);
     cDIBSection second = first.Copy();
@@ -203,7 +227,7 @@ TEST(Noise, RandomChoiceChangesFewerPixelsWithMorePercent) {
     EXPECT_NEAR(changed(80, true), 500, 100);
 }
 
-TEST(Negative, TurnsEveryByteAndReportsItsEndOnly) {
+TEST_P(Tone, NegativeTurnsEveryByteAndReportsItsEndOnly) {
     cDIBSection picture = random_picture(33, 5, 2);
     const cDIBSection before = picture.Copy();
     RecordingObserver observer;
