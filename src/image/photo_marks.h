@@ -10,8 +10,8 @@ namespace kelvane {
 /// picture); 1 for other files, without a mark, and where the mark is damaged.
 int orientation_mark(std::span<const std::uint8_t> file_bytes);
 
-/// False for a JPEG, PNG or plain bitmap file that ends before its picture does: some decoders fill
-/// the rest with gray and are content. True for all other files.
+/// False for a JPEG or PNG file that ends before its picture does: some decoders fill the rest with
+/// gray and are content. False too for a bitmap file that ends in its headers. True for all others.
 bool is_complete(std::span<const std::uint8_t> file_bytes);
 
 } // namespace kelvane
