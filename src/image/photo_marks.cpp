@@ -109,6 +109,13 @@ bool png_is_complete(Bytes bytes) {
     return false;
 }
 
+// Only its headers: no decoder is content with too few rows, but one takes a stub for a picture.
+bool bitmap_has_headers(Bytes bytes) {
+    constexpr std::size_t kFileHeader = 14; // then the length of the next header
+    constexpr std::size_t kSmallest = kFileHeader + 12;
+    return bytes.size() >= kSmallest && bytes.size() >= kFileHeader + bytes[kFileHeader];
+}
+
 } // namespace
 
 int orientation_mark(Bytes file_bytes) {
@@ -121,6 +128,7 @@ int orientation_mark(Bytes file_bytes) {
 bool is_complete(Bytes file_bytes) {
     if (is_jpeg(file_bytes)) return jpeg_is_complete(file_bytes);
     if (begins_with(file_bytes, kPngBegin)) return png_is_complete(file_bytes);
+    if (begins_with(file_bytes, "BM")) return bitmap_has_headers(file_bytes);
     return true;
 }
 

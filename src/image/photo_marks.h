@@ -11,7 +11,7 @@ namespace kelvane {
 int orientation_mark(std::span<const std::uint8_t> file_bytes);
 
 /// False for a JPEG or PNG file that ends before its picture does: some decoders fill the rest with
-/// gray and are content. True for all other files.
+/// gray and are content. False too for a bitmap file that ends in its headers. True for all others.
 bool is_complete(std::span<const std::uint8_t> file_bytes);
 
 } // namespace kelvane
