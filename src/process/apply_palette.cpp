@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kLeastError = 4;
 constexpr int kNoColumn = -1;
-static_assert(kStripPixels <= kBandColumns);
+static_assert(kNarrowStripPixels <= kBandColumns);
 
 using Error = BandError;
 // Blue, green, red as in memory.
@@ -117,9 +117,9 @@ class Diffusion {
     int banded_rows_ = 0; // rows from the first that go sixteen at a time
     BandPalette band_palette_{};
     ClosestColour closest_;
-    std::vector<Pixel> entries_;              // by index, 1 to Count
-    std::vector<Error> right_;                // from the column before the strip, by row
-    std::array<Error, kStripPixels> below_{}; // from the row before, by column of the strip
+    std::vector<Pixel> entries_;                    // by index, 1 to Count
+    std::vector<Error> right_;                      // from the column before the strip, by row
+    std::array<Error, kNarrowStripPixels> below_{}; // from the row before, by column of the strip
 };
 
 } // namespace
@@ -130,8 +130,9 @@ void ApplyPalette(ImageView image, ImageView buffer, const cPalette& palette,
     const ProgressReporter progress(observer);
     Diffusion diffusion(image, buffer, palette);
     progress.init(3L * image.width - 3);
-    walk_columns(0, image.width, image.height, progress,
-                 [&](int x, int count, int y) { diffusion.stretch(x, count, y); });
+    walk_columns(
+        0, image.width, image.height, progress,
+        [&](int x, int count, int y) { diffusion.stretch(x, count, y); }, kNarrowStripPixels);
     progress.complete();
 }
 

@@ -7,18 +7,22 @@
 
 namespace kelvane {
 
-/// Pixels per strip: wide enough for the memory to stream, narrow enough for progress to move.
-inline constexpr int kStripPixels = 1024;
+/// Pixels per strip. Whole rows of all but very large pictures: memory streams best that way, and
+/// operations without a look at the neighbours are over before anyone waits for their progress.
+inline constexpr int kStripPixels = 4096;
+/// For those that carry the row before along, which is to stay near the processor.
+inline constexpr int kNarrowStripPixels = 1024;
 
 /// Calls stretch(x, count, y) for `count` pixels from (x, y) until every pixel of the columns
 /// from `first` on was met once, and reports each column by its byte offset when it is finished.
 /// Columns finish in ascending order, but walking one at a time would touch a cache line for
-/// three bytes: the walk goes through strips of columns, rows ascending inside a strip.
+/// three bytes: the walk goes through strips of columns, rows ascending inside a strip of
+/// `strip` pixels, the last one apart.
 template <typename Stretch>
 void walk_columns(int first, int width, int height, const ProgressReporter& progress,
-                  Stretch stretch) {
-    for (int x = first; x < width; x += kStripPixels) {
-        const int count = std::min(kStripPixels, width - x);
+                  Stretch stretch, int strip = kStripPixels) {
+    for (int x = first; x < width; x += strip) {
+        const int count = std::min(strip, width - x);
         for (int y = 0; y < height; ++y)
             stretch(x, count, y);
         for (int column = x; column < x + count; ++column)

@@ -101,10 +101,10 @@ class Diffusion {
     const Shares shares_ = make_shares();
     ImageView image_;
     ImageView buffer_;
-    std::vector<std::uint8_t> left_;                  // the column before the strip
-    std::uint8_t corner_ = kNoError;                  // left of the strip, one row before
-    std::array<std::uint8_t, kStripPixels> values_{}; // the strip's row before
-    std::array<std::uint8_t, kStripPixels> greys_{};
+    std::vector<std::uint8_t> left_;                        // the column before the strip
+    std::uint8_t corner_ = kNoError;                        // left of the strip, one row before
+    std::array<std::uint8_t, kNarrowStripPixels> values_{}; // the strip's row before
+    std::array<std::uint8_t, kNarrowStripPixels> greys_{};
 };
 
 } // namespace
@@ -114,8 +114,9 @@ void Steinberg(ImageView image, ImageView buffer, ProgressObserver* observer) {
     report_all_columns(image.width, ProgressReporter(observer)); // those of GrayScale
     Diffusion diffusion(image, buffer);
     progress.init(3L * image.width - 3);
-    walk_columns(0, image.width, image.height, progress,
-                 [&](int x, int count, int y) { diffusion.stretch(x, count, y); });
+    walk_columns(
+        0, image.width, image.height, progress,
+        [&](int x, int count, int y) { diffusion.stretch(x, count, y); }, kNarrowStripPixels);
     progress.complete();
 }
 

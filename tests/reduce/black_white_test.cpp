@@ -58,7 +58,7 @@ cDIBSection slow_edges(const cDIBSection& source, cDIBSection result, int limit)
 
 std::vector<std::pair<int, int>> sizes_across_strips() {
     std::vector<std::pair<int, int>> sizes = odd_sizes();
-    sizes.insert(sizes.end(), {{1025, 3}, {1026, 3}, {2100, 3}});
+    sizes.insert(sizes.end(), {{4097, 3}, {4098, 3}, {8300, 3}});
     return sizes;
 }
 
