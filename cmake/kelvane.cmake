@@ -44,6 +44,10 @@ function(kelvane_test name)
   target_link_libraries(${name} PRIVATE ${arg_LINKS} GTest::gmock GTest::gtest_main)
   add_test(NAME ${KELVANE_WORLD}.${name} COMMAND ${name})
   set_tests_properties(${KELVANE_WORLD}.${name} PROPERTIES TIMEOUT 300)
+  if(WIN32)
+    # The programs of one Wine share a desktop: clipboard, focus and the table of window handles.
+    set_tests_properties(${KELVANE_WORLD}.${name} PROPERTIES RESOURCE_LOCK ${KELVANE_WORLD})
+  endif()
 endfunction()
 
 # kelvane_avx2_sources(file...)
