@@ -13,15 +13,28 @@ std::wstring environment_value(const wchar_t* name) {
     return value;
 }
 
+unsigned long running_platform() {
+    OSVERSIONINFOW version{};
+    version.dwOSVersionInfoSize = sizeof version;
+    GetVersionExW(&version);
+    return version.dwPlatformId;
+}
+
 } // namespace
+
+std::optional<std::wstring> interpreter_line(unsigned long platform, std::wstring command) {
+    if (platform == VER_PLATFORM_WIN32s) return std::nullopt;
+    if (platform == VER_PLATFORM_WIN32_WINDOWS) return L"RedirStub ";
+    // The interpreter takes away the outermost quotation marks of a command that begins with one.
+    if (command.starts_with(L'"')) command = L'"' + command + L'"';
+    return environment_value(L"COMSPEC") + L" /c " + command;
+}
 
 std::wstring Exec::DosExec() const {
     if (AppName.empty()) return kNoAppName;
-    std::wstring command = AppName + L" " + Params;
-    // The interpreter takes away the outermost quotation marks of a command that begins with one.
-    if (command.starts_with(L'"')) command = L'"' + command + L'"';
-    return GetCommandOutput(environment_value(L"COMSPEC") + L" /c " + command, true, true, true,
-                            ShowWindow, keep_waiting);
+    const auto line = interpreter_line(running_platform(), AppName + L" " + Params);
+    if (!line) return L"Ancient OS detected. It's time to upgrade.";
+    return GetCommandOutput(*line, true, true, true, ShowWindow, keep_waiting);
 }
 
 std::wstring Exec::WinExec() const {

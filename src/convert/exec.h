@@ -3,9 +3,14 @@
 
 #include "convert/get_cmd_output.h"
 
+#include <optional>
 #include <string>
 
 namespace kelvane {
+
+/// The command line that hands `command` to the interpreter of a platform (a VER_PLATFORM_ number).
+/// Nothing for Win32s; on the 9x family the name of the redirecting stub and nothing behind it.
+std::optional<std::wstring> interpreter_line(unsigned long platform, std::wstring command);
 
 /// What to run, for one run or several. Both runs capture both streams, as OEM text, and return
 /// what `GetCommandOutput` returns; without a program they return "AppName() property not set.".

@@ -70,6 +70,8 @@ TEST(ConsoleRunner, OutputIsOemOrAnsiText) {
 TEST(ConsoleRunner, WhatCannotRunSaysSoOrNothing) {
     EXPECT_EQ(Exec().WinExec(), L"AppName() property not set.");
     EXPECT_EQ(Exec().DosExec(), L"AppName() property not set.");
+    EXPECT_EQ(interpreter_line(0, L"tool"), std::nullopt);
+    EXPECT_EQ(interpreter_line(1, L"tool"), L"RedirStub ");
     EXPECT_EQ((Exec{L"\"C:\\no such program.exe\"", L"-version"}).WinExec(), L"");
     EXPECT_EQ(GetCommandOutput(L"", true, true, true, SW_HIDE), L"");
 }
