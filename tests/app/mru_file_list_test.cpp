@@ -2,10 +2,19 @@
 
 #include "settings/scratch_folder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace kelvane {
 namespace {
+
+using testing::ElementsAre;
+
+std::vector<std::wstring> files(const cMRUFileList& list) {
+    std::vector<std::wstring> files;
+    for (int i = 1; i <= list.FileCount(); ++i)
+        files.push_back(list.FileExists(i) ? list.file(i) : L"none");
+    return files;
+}
 
 std::wstring caption_of(const std::wstring& path) {
     cMRUFileList list;
@@ -18,14 +27,11 @@ TEST(RecentFiles, MostRecentFirstAndTheOldestFallsOff) {
     EXPECT_EQ(list.MaxFileCount(), 4);
     for (const wchar_t* file : {L"1", L"2", L"3", L"4", L"5"})
         list.AddFile(file, false);
-    EXPECT_EQ(list.FileCount(), 4);
-    EXPECT_EQ(list.file(1), L"5");
-    EXPECT_EQ(list.file(4), L"2");
+    EXPECT_THAT(files(list), ElementsAre(L"5", L"4", L"3", L"2"));
     list.MaxFileCount(2);
     list.MaxFileCount(0);
     EXPECT_EQ(list.MaxFileCount(), 2);
-    EXPECT_EQ(list.FileCount(), 2);
-    EXPECT_EQ(list.file(2), L"4");
+    EXPECT_THAT(files(list), ElementsAre(L"5", L"4"));
     EXPECT_FALSE(list.FileExists(3));
     EXPECT_FALSE(list.FileExists(0));
 }
@@ -35,8 +41,7 @@ TEST(RecentFiles, KnownFileMovesToTheTopWithNewSpellingAndFlag) {
     list.AddFile(L"c:\\\x00E4.bmp", false);
     list.AddFile(L"c:\\b.bmp", true);
     list.AddFile(L"C:\\\x00C4.BMP", true);
-    EXPECT_EQ(list.FileCount(), 2);
-    EXPECT_EQ(list.file(1), L"C:\\\x00C4.BMP");
+    EXPECT_THAT(files(list), ElementsAre(L"C:\\\x00C4.BMP", L"c:\\b.bmp"));
     EXPECT_TRUE(list.fileflag(1));
     list.AddFile(L"c:\\b.bmp", false);
     EXPECT_FALSE(list.fileflag(1));
@@ -69,8 +74,7 @@ TEST(RecentFiles, SurviveTheSettingsFile) {
     list.Save(scratch.settings());
     cMRUFileList loaded;
     loaded.Load(scratch.settings());
-    ASSERT_EQ(loaded.FileCount(), 3);
-    EXPECT_EQ(loaded.file(1), path);
+    EXPECT_THAT(files(loaded), ElementsAre(path, L"C:\\b.bmp", L"C:\\a.bmp"));
     EXPECT_TRUE(loaded.fileflag(1));
     EXPECT_FALSE(loaded.fileflag(2));
 
@@ -86,11 +90,9 @@ TEST(RecentFiles, CountBeyondTheCapacityStays) {
     cMRUFileList list;
     list.Load(scratch.settings());
     EXPECT_EQ(list.MaxFileCount(), 2);
-    EXPECT_EQ(list.FileCount(), 3);
-    EXPECT_FALSE(list.FileExists(2));
+    EXPECT_THAT(files(list), ElementsAre(L"a", L"none", L"c"));
     list.AddFile(L"d", false);
-    EXPECT_EQ(list.FileCount(), 3);
-    EXPECT_EQ(list.file(2), L"a");
+    EXPECT_THAT(files(list), ElementsAre(L"d", L"a", L"none"));
 }
 
 TEST(RecentFiles, DamagedNumbersDoNoHarm) {
