@@ -16,12 +16,6 @@ std::vector<std::wstring> files(const cMRUFileList& list) {
     return files;
 }
 
-std::wstring caption_of(const std::wstring& path) {
-    cMRUFileList list;
-    list.AddFile(path, false);
-    return list.MenuCaption(1);
-}
-
 TEST(RecentFiles, MostRecentFirstAndTheOldestFallsOff) {
     cMRUFileList list;
     EXPECT_EQ(list.MaxFileCount(), 4);
@@ -49,18 +43,23 @@ TEST(RecentFiles, KnownFileMovesToTheTopWithNewSpellingAndFlag) {
 }
 
 TEST(RecentFiles, LongPathsAreShownFromAWholeFolderOn) {
-    const std::wstring whole = L"C:\\" + std::wstring(25, L'a') + L".bmp";
-    EXPECT_EQ(caption_of(whole), L"&1)  " + whole);
-    EXPECT_EQ(caption_of(L"C:\\a" + whole.substr(3)), L"&1)  ...\\a" + whole.substr(3));
-    EXPECT_EQ(caption_of(L"C:\\pictures\\from\\the\\year\\folder\\picture.bmp"),
-              L"&1)  ...\\the\\year\\folder\\picture.bmp");
-    // A tail of 32 characters fits, one of 33 does not.
+    const std::wstring whole = std::wstring(25, L'a') + L".bmp";
     const std::wstring file = L"\\" + std::wstring(23, L'b') + L".bmp";
-    EXPECT_EQ(caption_of(L"C:\\dir\\sub" + file), L"&1)  ...\\sub" + file);
-    EXPECT_EQ(caption_of(L"C:\\dir\\subs" + file), L"&1)  ..." + file);
     const std::wstring name = L"\\" + std::wstring(60, L'c') + L".bmp";
-    EXPECT_EQ(caption_of(L"C:\\dir" + name), L"&1)  ..." + name);
-    EXPECT_EQ(caption_of(name.substr(1)), L"&1)  " + name.substr(1));
+    const std::pair<std::wstring, std::wstring> kCaptions[] = {
+        {L"C:\\" + whole, L"C:\\" + whole},
+        {L"C:\\a" + whole, L"...\\a" + whole},
+        {L"C:\\pictures\\from\\the\\year\\folder\\picture.bmp",
+         L"...\\the\\year\\folder\\picture.bmp"},
+        {L"C:\\dir\\sub" + file, L"...\\sub" + file}, // a tail of 32 characters fits
+        {L"C:\\dir\\subs" + file, L"..." + file},
+        {L"C:\\dir" + name, L"..." + name},
+        {name.substr(1), name.substr(1)}};
+    for (const auto& [path, caption] : kCaptions) {
+        cMRUFileList list;
+        list.AddFile(path, false);
+        EXPECT_EQ(list.MenuCaption(1), L"&1)  " + caption);
+    }
 }
 
 TEST(RecentFiles, SurviveTheSettingsFile) {

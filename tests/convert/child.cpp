@@ -11,26 +11,12 @@
 
 namespace {
 
-void print_lines(int count) {
-    for (int i = 0; i < count; ++i)
-        std::printf("line %d\n", i);
-}
-
 void alternate(int count) {
     for (int i = 0; i < count; ++i) {
         std::FILE* stream = i % 2 == 0 ? stdout : stderr;
         std::fprintf(stream, "%d ", i);
         std::fflush(stream);
     }
-}
-
-// Every byte but the control characters, in blocks of odd length.
-void print_bytes() {
-    std::string bytes;
-    for (int c = 32; c < 256; ++c)
-        bytes += static_cast<char>(c);
-    for (int i = 0; i < 50; ++i)
-        std::fwrite(bytes.data(), 1, bytes.size(), stdout);
 }
 
 void print_arguments(int count, wchar_t** arguments) {
@@ -53,21 +39,17 @@ int start_grandchild(const wchar_t* milliseconds) {
     return 0;
 }
 
-// Whether an event of the parent came along.
-void look_for_event(const wchar_t* value) {
-    const HANDLE event = reinterpret_cast<HANDLE>(std::wcstoull(value, nullptr, 10));
-    std::printf(SetEvent(event) ? "inherited" : "not inherited");
-}
-
 } // namespace
 
 int wmain(int argc, wchar_t** argv) {
     const std::wstring_view what = argc > 1 ? argv[1] : L"";
     const wchar_t* value = argc > 2 ? argv[2] : L"0";
     const int number = std::wcstol(value, nullptr, 10);
-    if (what == L"lines") print_lines(number);
+    for (int i = 0; what == L"lines" && i < number; ++i)
+        std::printf("line %d\n", i);
     if (what == L"alternate") alternate(number);
-    if (what == L"bytes") print_bytes();
+    for (int i = 0; what == L"bytes" && i < 50 * 224; ++i)
+        std::putchar(32 + i % 224); // every byte but the control characters, again and again
     if (what == L"arguments") print_arguments(argc - 2, argv + 2);
     if (what == L"input") std::printf("%d", std::getchar());
     if (what == L"grandchild") return start_grandchild(value);
@@ -75,6 +57,9 @@ int wmain(int argc, wchar_t** argv) {
         Sleep(static_cast<DWORD>(number));
         std::printf("grandchild");
     }
-    if (what == L"event") look_for_event(value);
+    if (what == L"event") { // whether one of the parent's came along
+        const auto event = reinterpret_cast<HANDLE>(std::wcstoull(value, nullptr, 10));
+        std::printf(SetEvent(event) ? "inherited" : "not inherited");
+    }
     return 0;
 }

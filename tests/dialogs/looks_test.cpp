@@ -111,10 +111,8 @@ cDIBSection colourful_picture(int width, int height) {
     cDIBSection picture = black_picture(width, height);
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x) {
-            std::uint8_t* pixel = picture.view().pixel(x, y);
-            pixel[0] = static_cast<std::uint8_t>(255 * x / width);
-            pixel[1] = static_cast<std::uint8_t>(255 * y / height);
-            pixel[2] = static_cast<std::uint8_t>(255 - 255 * x / width);
+            const int colour[] = {255 * x / width, 255 * y / height, 255 - 255 * x / width};
+            std::copy_n(colour, 3, picture.view().pixel(x, y));
         }
     return picture;
 }

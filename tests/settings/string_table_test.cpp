@@ -68,8 +68,8 @@ TEST(StringTable, EveryTextIsThereInBothLanguages) {
     }
 }
 
-// What stands in one menu or in one dialog: numbers, or the first and last of many.
-const std::vector<int> kLists[] = {
+// What stands in one menu.
+const std::vector<int> kMenus[] = {
     {IDS_MENU_FILE, IDS_MENU_EDIT, IDS_MENU_IMAGE, IDS_MENU_COLORS, IDS_MENU_WINDOW, IDS_MENU_HELP},
     {IDS_MENU_OPEN, IDS_MENU_OPEN_BY_IMAGEMAGICK, IDS_MENU_SAVE, IDS_MENU_EXPORT, IDS_MENU_IMPORT,
      IDS_MENU_CLOSE, IDS_MENU_EXIT},
@@ -77,35 +77,24 @@ const std::vector<int> kLists[] = {
      IDS_MENU_CUSTOM_FILTERS, IDS_MENU_RESAMPLE, IDS_MENU_COMBINE, IDS_MENU_EMPHASIZE},
     {IDS_MENU_DARKEN, IDS_MENU_LIGHTEN, IDS_MENU_COLOURISE, IDS_MENU_NEGATIVE, IDS_MENU_GRAY_SCALE,
      IDS_MENU_FLOYD_STEINBERG, IDS_MENU_APPLY_PALETTE, IDS_MENU_REDUCE, IDS_MENU_VECTORIZE},
-    {IDS_MENU_HELP_CONTENTS, IDS_MENU_ABOUT, IDS_MENU_LANGUAGE}};
-const std::pair<int, int> kRanges[] = {{IDS_MENU_SELECT_SOURCE, IDS_MENU_ACQUIRE},
-                                       {IDS_MENU_UNDO, IDS_MENU_PASTE},
-                                       {IDS_MENU_SOFTEN, IDS_MENU_BLUR_MORE},
-                                       {IDS_MENU_SHARPEN, IDS_MENU_UNSHARP},
-                                       {IDS_MENU_EMBOSS, IDS_MENU_MAXIMUM},
-                                       {IDS_MENU_TILE_HORIZONTALLY, IDS_MENU_ARRANGE_ICONS},
-                                       {4200, 4299},
-                                       {4300, 4399},
-                                       {4400, 4409},
-                                       {4410, 4499},
-                                       {4500, 4599},
-                                       {4600, 4699},
-                                       {4700, 4799},
-                                       {4800, 4818},
-                                       {4819, 4824},
-                                       {5000, 5099},
-                                       {7000, 7099},
-                                       {7100, 7199},
-                                       {7200, 7299},
-                                       {7300, 7311},
-                                       {7312, 7399},
-                                       {7400, 7413}};
+    {IDS_MENU_HELP_CONTENTS, IDS_MENU_ABOUT, IDS_MENU_LANGUAGE},
+    {IDS_MENU_SELECT_SOURCE, IDS_MENU_ACQUIRE},
+    {IDS_MENU_UNDO, IDS_MENU_COPY, IDS_MENU_PASTE},
+    {IDS_MENU_SOFTEN, IDS_MENU_SOFTEN_MORE, IDS_MENU_BLUR, IDS_MENU_BLUR_MORE},
+    {IDS_MENU_SHARPEN, IDS_MENU_SHARPEN_MORE, IDS_MENU_UNSHARP},
+    {IDS_MENU_EMBOSS, IDS_MENU_ADD_NOISE, IDS_MENU_MINIMUM, IDS_MENU_MEDIAN, IDS_MENU_MAXIMUM},
+    {IDS_MENU_TILE_HORIZONTALLY, IDS_MENU_TILE_VERTICALLY, IDS_MENU_CASCADE,
+     IDS_MENU_ARRANGE_ICONS}};
+
+// Where the numbers of each dialog's texts begin; they end before the next.
+const int kDialogs[] = {4200, 4300, 4400, 4410, 4500, 4600, 4700, 4800, 4819, 4825,
+                        5000, 5100, 7000, 7100, 7200, 7300, 7312, 7400, 7414};
 
 std::vector<std::vector<int>> windows() {
-    std::vector<std::vector<int>> windows(std::begin(kLists), std::end(kLists));
-    for (const auto& [first, last] : kRanges) {
+    std::vector<std::vector<int>> windows(std::begin(kMenus), std::end(kMenus));
+    for (const int* first = kDialogs; first + 1 < std::end(kDialogs); ++first) {
         windows.emplace_back();
-        for (int id = first; id <= last; ++id)
+        for (int id = *first; id < first[1]; ++id)
             if (exists(id)) windows.back().push_back(id);
     }
     return windows;
