@@ -2,15 +2,18 @@
 
 #include "settings/scratch_folder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace kelvane {
 namespace {
 
-std::wstring caption_of(const std::wstring& path) {
-    cMRUFileList list;
-    list.AddFile(path, false);
-    return list.MenuCaption(1);
+using testing::ElementsAre;
+
+std::vector<std::wstring> files(const cMRUFileList& list) {
+    std::vector<std::wstring> files;
+    for (int i = 1; i <= list.FileCount(); ++i)
+        files.push_back(list.FileExists(i) ? list.file(i) : L"none");
+    return files;
 }
 
 TEST(RecentFiles, MostRecentFirstAndTheOldestFallsOff) {
@@ -18,14 +21,11 @@ TEST(RecentFiles, MostRecentFirstAndTheOldestFallsOff) {
     EXPECT_EQ(list.MaxFileCount(), 4);
     for (const wchar_t* file : {L"1", L"2", L"3", L"4", L"5"})
         list.AddFile(file, false);
-    EXPECT_EQ(list.FileCount(), 4);
-    EXPECT_EQ(list.file(1), L"5");
-    EXPECT_EQ(list.file(4), L"2");
+    EXPECT_THAT(files(list), ElementsAre(L"5", L"4", L"3", L"2"));
     list.MaxFileCount(2);
     list.MaxFileCount(0);
     EXPECT_EQ(list.MaxFileCount(), 2);
-    EXPECT_EQ(list.FileCount(), 2);
-    EXPECT_EQ(list.file(2), L"4");
+    EXPECT_THAT(files(list), ElementsAre(L"5", L"4"));
     EXPECT_FALSE(list.FileExists(3));
     EXPECT_FALSE(list.FileExists(0));
 }
@@ -35,8 +35,7 @@ TEST(RecentFiles, KnownFileMovesToTheTopWithNewSpellingAndFlag) {
     list.AddFile(L"c:\\\x00E4.bmp", false);
     list.AddFile(L"c:\\b.bmp", true);
     list.AddFile(L"C:\\\x00C4.BMP", true);
-    EXPECT_EQ(list.FileCount(), 2);
-    EXPECT_EQ(list.file(1), L"C:\\\x00C4.BMP");
+    EXPECT_THAT(files(list), ElementsAre(L"C:\\\x00C4.BMP", L"c:\\b.bmp"));
     EXPECT_TRUE(list.fileflag(1));
     list.AddFile(L"c:\\b.bmp", false);
     EXPECT_FALSE(list.fileflag(1));
@@ -44,18 +43,23 @@ TEST(RecentFiles, KnownFileMovesToTheTopWithNewSpellingAndFlag) {
 }
 
 TEST(RecentFiles, LongPathsAreShownFromAWholeFolderOn) {
-    const std::wstring whole = L"C:\\" + std::wstring(25, L'a') + L".bmp";
-    EXPECT_EQ(caption_of(whole), L"&1)  " + whole);
-    EXPECT_EQ(caption_of(L"C:\\a" + whole.substr(3)), L"&1)  ...\\a" + whole.substr(3));
-    EXPECT_EQ(caption_of(L"C:\\pictures\\from\\the\\year\\folder\\picture.bmp"),
-              L"&1)  ...\\the\\year\\folder\\picture.bmp");
-    // A tail of 32 characters fits, one of 33 does not.
+    const std::wstring whole = std::wstring(25, L'a') + L".bmp";
     const std::wstring file = L"\\" + std::wstring(23, L'b') + L".bmp";
-    EXPECT_EQ(caption_of(L"C:\\dir\\sub" + file), L"&1)  ...\\sub" + file);
-    EXPECT_EQ(caption_of(L"C:\\dir\\subs" + file), L"&1)  ..." + file);
     const std::wstring name = L"\\" + std::wstring(60, L'c') + L".bmp";
-    EXPECT_EQ(caption_of(L"C:\\dir" + name), L"&1)  ..." + name);
-    EXPECT_EQ(caption_of(name.substr(1)), L"&1)  " + name.substr(1));
+    const std::pair<std::wstring, std::wstring> kCaptions[] = {
+        {L"C:\\" + whole, L"C:\\" + whole},
+        {L"C:\\a" + whole, L"...\\a" + whole},
+        {L"C:\\pictures\\from\\the\\year\\folder\\picture.bmp",
+         L"...\\the\\year\\folder\\picture.bmp"},
+        {L"C:\\dir\\sub" + file, L"...\\sub" + file}, // a tail of 32 characters fits
+        {L"C:\\dir\\subs" + file, L"..." + file},
+        {L"C:\\dir" + name, L"..." + name},
+        {name.substr(1), name.substr(1)}};
+    for (const auto& [path, caption] : kCaptions) {
+        cMRUFileList list;
+        list.AddFile(path, false);
+        EXPECT_EQ(list.MenuCaption(1), L"&1)  " + caption);
+    }
 }
 
 TEST(RecentFiles, SurviveTheSettingsFile) {
@@ -69,8 +73,7 @@ TEST(RecentFiles, SurviveTheSettingsFile) {
     list.Save(scratch.settings());
     cMRUFileList loaded;
     loaded.Load(scratch.settings());
-    ASSERT_EQ(loaded.FileCount(), 3);
-    EXPECT_EQ(loaded.file(1), path);
+    EXPECT_THAT(files(loaded), ElementsAre(path, L"C:\\b.bmp", L"C:\\a.bmp"));
     EXPECT_TRUE(loaded.fileflag(1));
     EXPECT_FALSE(loaded.fileflag(2));
 
@@ -86,11 +89,9 @@ TEST(RecentFiles, CountBeyondTheCapacityStays) {
     cMRUFileList list;
     list.Load(scratch.settings());
     EXPECT_EQ(list.MaxFileCount(), 2);
-    EXPECT_EQ(list.FileCount(), 3);
-    EXPECT_FALSE(list.FileExists(2));
+    EXPECT_THAT(files(list), ElementsAre(L"a", L"none", L"c"));
     list.AddFile(L"d", false);
-    EXPECT_EQ(list.FileCount(), 3);
-    EXPECT_EQ(list.file(2), L"a");
+    EXPECT_THAT(files(list), ElementsAre(L"d", L"a", L"none"));
 }
 
 TEST(RecentFiles, DamagedNumbersDoNoHarm) {

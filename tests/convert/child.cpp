@@ -1,6 +1,7 @@
 // The console program that the console runner's tests run. Its first argument says what to do.
 #include "convert/command_line.h"
 
+#include <process.h>
 #include <windows.h>
 
 #include <cstdio>
@@ -10,26 +11,12 @@
 
 namespace {
 
-void print_lines(int count) {
-    for (int i = 0; i < count; ++i)
-        std::printf("line %d\n", i);
-}
-
 void alternate(int count) {
     for (int i = 0; i < count; ++i) {
         std::FILE* stream = i % 2 == 0 ? stdout : stderr;
         std::fprintf(stream, "%d ", i);
         std::fflush(stream);
     }
-}
-
-// Every byte but the control characters, in blocks of odd length.
-void print_bytes() {
-    std::string bytes;
-    for (int c = 32; c < 256; ++c)
-        bytes += static_cast<char>(c);
-    for (int i = 0; i < 50; ++i)
-        std::fwrite(bytes.data(), 1, bytes.size(), stdout);
 }
 
 void print_arguments(int count, wchar_t** arguments) {
@@ -45,30 +32,11 @@ void print_arguments(int count, wchar_t** arguments) {
 int start_grandchild(const wchar_t* milliseconds) {
     wchar_t program[MAX_PATH];
     GetModuleFileNameW(nullptr, program, MAX_PATH);
-    std::wstring command = kelvane::quoted_argument(program) + L" late " + milliseconds;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
-    startup.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
-    startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
-    PROCESS_INFORMATION information{};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                        &startup, &information))
+    const std::wstring quoted = kelvane::quoted_argument(program);
+    if (_wspawnl(_P_NOWAIT, program, quoted.c_str(), L"late", milliseconds, nullptr) == -1)
         return 1;
     std::printf("child ");
     return 0;
-}
-
-void print_late(const wchar_t* milliseconds) {
-    Sleep(std::wcstoul(milliseconds, nullptr, 10));
-    std::printf("grandchild");
-}
-
-// Whether an event of the parent came along.
-void look_for_event(const wchar_t* value) {
-    const HANDLE event = reinterpret_cast<HANDLE>(std::wcstoull(value, nullptr, 10));
-    std::printf(SetEvent(event) ? "inherited" : "not inherited");
 }
 
 } // namespace
@@ -76,13 +44,22 @@ void look_for_event(const wchar_t* value) {
 int wmain(int argc, wchar_t** argv) {
     const std::wstring_view what = argc > 1 ? argv[1] : L"";
     const wchar_t* value = argc > 2 ? argv[2] : L"0";
-    if (what == L"lines") print_lines(std::wcstol(value, nullptr, 10));
-    if (what == L"alternate") alternate(std::wcstol(value, nullptr, 10));
-    if (what == L"bytes") print_bytes();
+    const int number = std::wcstol(value, nullptr, 10);
+    for (int i = 0; what == L"lines" && i < number; ++i)
+        std::printf("line %d\n", i);
+    if (what == L"alternate") alternate(number);
+    for (int i = 0; what == L"bytes" && i < 50 * 224; ++i)
+        std::putchar(32 + i % 224); // every byte but the control characters, again and again
     if (what == L"arguments") print_arguments(argc - 2, argv + 2);
     if (what == L"input") std::printf("%d", std::getchar());
     if (what == L"grandchild") return start_grandchild(value);
-    if (what == L"late") print_late(value);
-    if (what == L"event") look_for_event(value);
+    if (what == L"late") {
+        Sleep(static_cast<DWORD>(number));
+        std::printf("grandchild");
+    }
+    if (what == L"event") { // whether one of the parent's came along
+        const auto event = reinterpret_cast<HANDLE>(std::wcstoull(value, nullptr, 10));
+        std::printf(SetEvent(event) ? "inherited" : "not inherited");
+    }
     return 0;
 }

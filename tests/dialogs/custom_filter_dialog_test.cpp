@@ -1,52 +1,25 @@
+#include "dialogs/dialog_test.h"
 #include "dialogs/frmCustomFilter.h"
 
-#include "dialogs/shown_dialog.h"
-#include "settings/string_table.h"
-#include "support/pictures.h"
-#include "win/gdi.h"
-
-#include "ids.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-namespace kelvane {
+namespace kelvane::test {
 namespace {
-
-using test::choose_in_list;
-using test::click;
-using test::show;
-using test::text_of;
-using test::type_text;
 
 constexpr int kCentreField = IDC_CUSTOM_CELL + KernelGrid::kCentre;
 
-struct CustomFilterDialogTest : testing::Test {
+struct CustomFilterDialogTest : DialogTest {
     cImageProcessDIB engine;
     frmCustomFilter dialog{engine};
 };
 
-COLORREF cell_colour(HWND window, int field) {
-    const HWND edit = GetDlgItem(window, field);
-    RedrawWindow(edit, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
-    const win::WindowContext context(edit);
-    return GetPixel(context.get(), 3, 3);
-}
-
 TEST_F(CustomFilterDialogTest, BasesFillTheGridAndTheWeight) {
-    const std::pair<int, FilterType> kBases[] = {{2, kBlur},    {3, kBlurMore},
-                                                 {4, kSoften},  {5, kSoftenMore},
-                                                 {6, kSharpen}, {7, kSharpenMore}};
-    for (const auto& [position, type] : kBases) {
-        show(
-            dialog,
-            [position = position](HWND window) {
-                type_text(window, IDC_CUSTOM_CELL, L"9");
-                choose_in_list(window, IDC_CUSTOM_BASE, position);
-                EXPECT_EQ(text_of(window, IDC_CUSTOM_CELL), L"0") << "outside of the kernel";
-            },
-            IDOK);
-        ASSERT_FALSE(dialog.Cancelled);
+    int position = 2;
+    for (const FilterType type : {kBlur, kBlurMore, kSoften, kSoftenMore, kSharpen, kSharpenMore}) {
+        show(dialog, IDOK, [position](HWND window) {
+            type_text(window, IDC_CUSTOM_CELL, L"9");
+            choose_in_list(window, IDC_CUSTOM_BASE, position);
+            EXPECT_EQ(text_of(window, IDC_CUSTOM_CELL), L"0") << "outside of the kernel";
+        });
+        ++position;
         const FilterKernel expected = predefined_kernel(type);
         EXPECT_EQ(engine.FilterType(), kCustom);
         ASSERT_EQ(engine.FilterArraySize(), expected.size());
@@ -56,108 +29,93 @@ TEST_F(CustomFilterDialogTest, BasesFillTheGridAndTheWeight) {
     }
 }
 
-TEST_F(CustomFilterDialogTest, FilterComesBackAndRuns) {
-    show(
-        dialog,
-        [](HWND window) {
-            click(window, IDC_CUSTOM_AUTO);
+TEST_F(CustomFilterDialogTest, KernelIsTheSmallestSquareThatHoldsEverything) {
+    const std::array<int, 4> kCases[] = {{48, 3, 3, 7}, {26, 2, 0, 5}, {17, 0, -1, 3}};
+    for (const auto& [cell, i, j, size] : kCases) {
+        show(dialog, IDOK, [field = IDC_CUSTOM_CELL + cell](HWND window) {
             choose_in_list(window, IDC_CUSTOM_BASE, 1);
-            type_text(window, kCentreField, L"0");
-            type_text(window, kCentreField + 1, L"2");
-            type_text(window, IDC_CUSTOM_WEIGHT, L"-2");
-        },
-        IDOK);
-    show(
-        dialog,
-        [](HWND window) {
-            EXPECT_EQ(text_of(window, kCentreField + 1), L"2");
-            EXPECT_EQ(text_of(window, IDC_CUSTOM_WEIGHT), L"-2");
-            EXPECT_FALSE(test::is_checked(window, IDC_CUSTOM_AUTO));
-            type_text(window, IDC_CUSTOM_WEIGHT, L"2");
-        },
-        IDOK);
-    cDIBSection picture = test::random_picture(9, 9, 1);
+            type_text(window, field, L"-4");
+        });
+        EXPECT_EQ(engine.FilterArraySize(), size);
+        EXPECT_EQ(engine.FilterValue(i, j), -4) << "the lowest row is the kernel's last";
+    }
+}
+
+TEST_F(CustomFilterDialogTest, FilterComesBackAndRuns) {
+    show(dialog, IDOK, [](HWND window) {
+        click(window, IDC_CUSTOM_AUTO);
+        choose_in_list(window, IDC_CUSTOM_BASE, 1);
+        type_text(window, kCentreField, L"0");
+        type_text(window, kCentreField + 1, L"2");
+        type_text(window, IDC_CUSTOM_WEIGHT, L"-2");
+    });
+    show(dialog, IDOK, [](HWND window) {
+        EXPECT_EQ(text_of(window, kCentreField + 1), L"2");
+        EXPECT_EQ(text_of(window, IDC_CUSTOM_WEIGHT), L"-2");
+        EXPECT_FALSE(is_checked(window, IDC_CUSTOM_AUTO));
+        type_text(window, IDC_CUSTOM_WEIGHT, L"2");
+    });
+    cDIBSection picture = random_picture(9, 9, 1);
     const cDIBSection before = picture.Copy();
-    cDIBSection buffer = test::black_picture(9, 9);
+    cDIBSection buffer = black_picture(9, 9);
     ASSERT_TRUE(engine.ProcessImage(picture, buffer));
-    EXPECT_EQ(test::pixel_at(picture, 4, 4), test::pixel_at(before, 5, 4)) << "x is to the right";
+    EXPECT_EQ(pixel_at(picture, 4, 4), pixel_at(before, 5, 4)) << "x is to the right";
 }
 
 TEST_F(CustomFilterDialogTest, WeightFollowsTheSumWhileTicked) {
-    show(
-        dialog,
-        [](HWND window) {
-            type_text(window, IDC_CUSTOM_CELL, L"-5");
-            EXPECT_EQ(text_of(window, IDC_CUSTOM_WEIGHT), L"-4");
-            type_text(window, IDC_CUSTOM_CELL + 1, L"x");
-            type_text(window, IDC_CUSTOM_CELL + 2, L"");
-            EXPECT_EQ(text_of(window, IDC_CUSTOM_WEIGHT), L"-4");
-            click(window, IDC_CUSTOM_AUTO);
-            type_text(window, IDC_CUSTOM_CELL, L"8");
-            EXPECT_EQ(text_of(window, IDC_CUSTOM_WEIGHT), L"-4");
-            click(window, IDC_CUSTOM_AUTO);
-            EXPECT_EQ(text_of(window, IDC_CUSTOM_WEIGHT), L"9");
-        },
-        IDCANCEL);
-    EXPECT_TRUE(dialog.Cancelled);
+    show(dialog, IDCANCEL, [](HWND window) {
+        type_text(window, IDC_CUSTOM_CELL, L"-5");
+        EXPECT_EQ(text_of(window, IDC_CUSTOM_WEIGHT), L"-4");
+        type_text(window, IDC_CUSTOM_CELL + 1, L"x");
+        type_text(window, IDC_CUSTOM_CELL + 2, L"");
+        EXPECT_EQ(text_of(window, IDC_CUSTOM_WEIGHT), L"-4");
+        click(window, IDC_CUSTOM_AUTO);
+        type_text(window, IDC_CUSTOM_CELL, L"8");
+        EXPECT_EQ(text_of(window, IDC_CUSTOM_WEIGHT), L"-4");
+        click(window, IDC_CUSTOM_AUTO);
+        EXPECT_EQ(text_of(window, IDC_CUSTOM_WEIGHT), L"9");
+    });
     EXPECT_EQ(engine.FilterType(), kBlur) << "the engine is as it was";
 }
 
 TEST_F(CustomFilterDialogTest, FiltersThatCannotRunAreRefusedAndKept) {
-    test::ModalScript script;
-    script.expect([&script](HWND window) {
-        script.expect_message(IDOK);
-        script.expect_message(IDOK);
-        script.expect_message(IDOK);
-        test::press(window, IDOK);
-        type_text(window, kCentreField, L"");
-        test::press(window, IDOK);
+    show(dialog, IDCANCEL, [this](HWND window) {
+        expect_refused(window);
+        expect_refused(window, kCentreField, L"");
         choose_in_list(window, IDC_CUSTOM_BASE, 2);
-        type_text(window, IDC_CUSTOM_WEIGHT, L"0");
-        test::press(window, IDOK);
+        expect_refused(window, IDC_CUSTOM_WEIGHT, L"0");
         EXPECT_EQ(text_of(window, IDC_CUSTOM_CELL + 16), L"1") << "the values are kept";
-        test::press(window, IDCANCEL);
     });
-    dialog.show_modal(nullptr);
-    EXPECT_TRUE(dialog.Cancelled);
     const std::wstring black = LoadString(IDS_CUSTOM_BLACK);
-    EXPECT_THAT(script.messages(),
-                testing::ElementsAre(LoadString(IDS_CUSTOM_TOO_SMALL), black, black));
+    EXPECT_THAT(script.messages(), ElementsAre(LoadString(IDS_CUSTOM_TOO_SMALL), black, black));
 }
 
 TEST_F(CustomFilterDialogTest, FieldsTakeDigitsAndControlKeysOnly) {
-    show(
-        dialog,
-        [](HWND window) {
-            for (const int id : {kCentreField, IDC_CUSTOM_WEIGHT}) {
-                const HWND field = GetDlgItem(window, id);
-                type_text(window, id, L"");
-                for (const wchar_t key : {L'-', L'a', L'4', L'.', L' ', L'2', L'\b', L'\x00B2'})
-                    SendMessageW(field, WM_CHAR, key, 1);
-                EXPECT_EQ(text_of(window, id), L"-4");
-            }
-        },
-        IDCANCEL);
+    show(dialog, IDCANCEL, [](HWND window) {
+        for (const int field : {kCentreField, IDC_CUSTOM_WEIGHT}) {
+            type_text(window, field, L"");
+            for (const wchar_t key : {L'-', L'a', L'4', L'.', L' ', L'2', L'\b', L'\x00B2'})
+                SendDlgItemMessageW(window, field, WM_CHAR, key, 1);
+            EXPECT_EQ(text_of(window, field), L"-4");
+        }
+    });
 }
 
 TEST_F(CustomFilterDialogTest, CellsWithoutPartAreGrey) {
-    show(
-        dialog,
-        [](HWND window) {
-            const COLORREF grey = GetSysColor(COLOR_BTNFACE);
-            const COLORREF white = GetSysColor(COLOR_WINDOW);
-            ASSERT_NE(grey, white);
-            EXPECT_EQ(cell_colour(window, kCentreField), white);
-            EXPECT_EQ(cell_colour(window, IDC_CUSTOM_CELL), grey);
-            type_text(window, IDC_CUSTOM_CELL, L"3");
-            EXPECT_EQ(cell_colour(window, IDC_CUSTOM_CELL), white);
-            type_text(window, IDC_CUSTOM_CELL, L"-");
-            EXPECT_EQ(cell_colour(window, IDC_CUSTOM_CELL), white) << "no number, no change";
-            type_text(window, IDC_CUSTOM_CELL, L"0");
-            EXPECT_EQ(cell_colour(window, IDC_CUSTOM_CELL), grey);
-        },
-        IDCANCEL);
+    show(dialog, IDCANCEL, [](HWND window) {
+        const COLORREF grey = GetSysColor(COLOR_BTNFACE);
+        const COLORREF white = GetSysColor(COLOR_WINDOW);
+        ASSERT_NE(grey, white);
+        EXPECT_EQ(shown_at(window, kCentreField, 3, 3), white);
+        EXPECT_EQ(shown_at(window, IDC_CUSTOM_CELL, 3, 3), grey);
+        const std::pair<const wchar_t*, COLORREF> kSteps[] = {
+            {L"3", white}, {L"-", white}, {L"0", grey}}; // "-" is no number and changes nothing
+        for (const auto& [text, colour] : kSteps) {
+            type_text(window, IDC_CUSTOM_CELL, text);
+            EXPECT_EQ(shown_at(window, IDC_CUSTOM_CELL, 3, 3), colour);
+        }
+    });
 }
 
 } // namespace
-} // namespace kelvane
+} // namespace kelvane::test

@@ -1,117 +1,78 @@
+#include "dialogs/dialog_test.h"
 #include "dialogs/frmExport.h"
 #include "dialogs/frmMsg3.h"
 
-#include "dialogs/shown_dialog.h"
 #include "engine/image_process.h"
-#include "settings/scratch_folder.h"
-#include "support/pictures.h"
-#include "win/gdi.h"
 
-#include "ids.h"
-
-#include <gtest/gtest.h>
-
-namespace kelvane {
+namespace kelvane::test {
 namespace {
 
-using test::choose_in_list;
-using test::click;
-using test::is_checked;
-using test::show;
-using test::text_of;
-using test::type_text;
-
-struct ExportDialogTest : testing::Test {
-    const ScratchFolder scratch;
-    const SettingsFile settings = scratch.settings();
-    const cDIBSection picture = test::random_picture(60, 20, 1);
+struct ExportDialogTest : DialogTest {
+    const cDIBSection picture = random_picture(60, 20, 1);
     frmExport dialog{settings, picture};
 
-    std::wstring stored(const wchar_t* key) { return settings.ReadIniValue(L"imageexport", key); }
-    void store(const wchar_t* key, const wchar_t* value) {
-        settings.WriteIniValue(L"imageexport", key, value);
+    void expect_stored(std::initializer_list<std::pair<const wchar_t*, const wchar_t*>> values) {
+        for (const auto& [key, value] : values)
+            EXPECT_EQ(stored(key), value) << testing::PrintToString(key);
+    }
+    // Whether full autotrace, shape, layer, pixel size, unit and version.
+    std::tuple<bool, int, int, double, int, int> chosen() const {
+        const ExportOptions options = dialog.options();
+        return {options.exp, options.optPoly, options.lay, options.size, options.unit, options.ver};
     }
 };
 
 TEST_F(ExportDialogTest, EmptySettingsGiveTheDesignedChoices) {
-    show(
-        dialog,
-        [](HWND window) {
-            EXPECT_EQ(text_of(window, IDC_EXPORT_LAYER), L"20 Dimension (B)");
-            EXPECT_EQ(text_of(window, IDC_EXPORT_SIZE), L"1");
-            EXPECT_EQ(text_of(window, IDC_EXPORT_UNIT), L"mil");
-            EXPECT_EQ(text_of(window, IDC_EXPORT_VERSION), L"4.xx/5.xx");
-            for (const int id :
-                 {IDC_EXPORT_FULL, IDC_EXPORT_FULL_POLYGON, IDC_EXPORT_LINEWISE_POLYGON})
-                EXPECT_TRUE(is_checked(window, id)) << id;
-        },
-        IDOK);
-    EXPECT_FALSE(dialog.Cancelled);
-    const ExportOptions options = dialog.options();
-    EXPECT_TRUE(options.exp);
-    EXPECT_EQ(options.optPoly, kShapePolygon);
-    EXPECT_EQ(options.lay, 20);
-    EXPECT_EQ(options.size, 1);
-    EXPECT_EQ(stored(L"exp1"), L"-1");
-    EXPECT_EQ(stored(L"poly1"), L"-1");
-    EXPECT_EQ(stored(L"poly2"), L"0");
+    show(dialog, IDOK, [](HWND window) {
+        EXPECT_EQ(text_of(window, IDC_EXPORT_LAYER), L"20 Dimension (B)");
+        EXPECT_EQ(text_of(window, IDC_EXPORT_SIZE), L"1");
+        EXPECT_EQ(text_of(window, IDC_EXPORT_UNIT), L"mil");
+        EXPECT_EQ(text_of(window, IDC_EXPORT_VERSION), L"4.xx/5.xx");
+        for (const int id : {IDC_EXPORT_FULL, IDC_EXPORT_FULL_POLYGON, IDC_EXPORT_LINEWISE_POLYGON})
+            EXPECT_TRUE(is_checked(window, id)) << id;
+    });
+    EXPECT_EQ(chosen(), std::tuple(true, kShapePolygon, 20, 1.0, 0, 0));
+    expect_stored({{L"exp1", L"-1"}, {L"poly1", L"-1"}, {L"poly2", L"0"}});
 }
 
 TEST_F(ExportDialogTest, ChoicesAreStoredAndComeBack) {
-    show(
-        dialog,
-        [](HWND window) {
-            choose_in_list(window, IDC_EXPORT_LAYER, 49);
-            EXPECT_EQ(text_of(window, IDC_EXPORT_LAYER), L"51 tDocu (B)");
-            type_text(window, IDC_EXPORT_SIZE, L"0.5 mm");
-            choose_in_list(window, IDC_EXPORT_UNIT, 3);
-            choose_in_list(window, IDC_EXPORT_VERSION, 2);
-            click(window, IDC_EXPORT_FULL_WIRE);
-            click(window, IDC_EXPORT_LINEWISE);
-            EXPECT_TRUE(is_checked(window, IDC_EXPORT_FULL_WIRE)) << "the groups are independent";
-            click(window, IDC_EXPORT_LINEWISE_RECTANGLE);
-        },
-        IDOK);
-    const ExportOptions options = dialog.options();
-    EXPECT_FALSE(options.exp);
-    EXPECT_EQ(options.optPoly, kShapeRectangle);
-    EXPECT_EQ(options.lay, 50) << "the position, not what the label says";
-    EXPECT_EQ(options.size, 0.5);
-    EXPECT_EQ(options.unit, 3);
-    EXPECT_EQ(options.ver, 2);
-    const std::pair<const wchar_t*, const wchar_t*> kStored[] = {
-        {L"layer", L"50"}, {L"size", L".5"}, {L"unit", L"3"}, {L"version", L"2"},
-        {L"exp1", L"0"},   {L"poly1", L"0"}, {L"poly2", L"2"}};
-    for (const auto& [key, value] : kStored)
-        EXPECT_EQ(stored(key), value);
+    show(dialog, IDOK, [](HWND window) {
+        choose_in_list(window, IDC_EXPORT_LAYER, 49);
+        EXPECT_EQ(text_of(window, IDC_EXPORT_LAYER), L"51 tDocu (B)");
+        type_text(window, IDC_EXPORT_SIZE, L"0.5 mm");
+        choose_in_list(window, IDC_EXPORT_UNIT, 3);
+        choose_in_list(window, IDC_EXPORT_VERSION, 2);
+        click(window, IDC_EXPORT_FULL_WIRE);
+        click(window, IDC_EXPORT_LINEWISE);
+        EXPECT_TRUE(is_checked(window, IDC_EXPORT_FULL_WIRE)) << "the groups are independent";
+        click(window, IDC_EXPORT_LINEWISE_RECTANGLE);
+    });
+    EXPECT_EQ(chosen(), std::tuple(false, kShapeRectangle, 50, 0.5, 3, 2));
+    expect_stored({{L"layer", L"50"}, // the position, not what the label says
+                   {L"size", L".5"},
+                   {L"unit", L"3"},
+                   {L"version", L"2"},
+                   {L"exp1", L"0"},
+                   {L"poly1", L"0"},
+                   {L"poly2", L"2"}});
 
-    frmExport again(settings, picture);
-    show(
-        again, [](HWND window) { click(window, IDC_EXPORT_FULL); }, IDOK);
-    EXPECT_TRUE(again.options().exp);
-    EXPECT_EQ(again.options().optPoly, kShapeWire);
-    EXPECT_EQ(again.options().size, 0.5);
+    show(dialog, IDOK, [](HWND window) { click(window, IDC_EXPORT_FULL); });
+    EXPECT_EQ(chosen(), std::tuple(true, kShapeWire, 50, 0.5, 3, 2));
     EXPECT_EQ(stored(L"poly2"), L"2");
 }
 
 TEST_F(ExportDialogTest, OddSettingsReadAsMissingAndOnlyOkWrites) {
-    for (const auto& [key, value] : {std::pair(L"layer", L"256"), std::pair(L"unit", L"-1"),
-                                     std::pair(L"version", L"x"), std::pair(L"poly2", L"7")})
-        store(key, value);
+    scratch.put("[imageexport]\r\nlayer=256\r\nunit=-1\r\nversion=x\r\npoly2=7\r\n");
     const std::string before = scratch.bytes();
     const auto fill = [](HWND window) { type_text(window, IDC_EXPORT_SIZE, L"0,5"); };
-    show(dialog, fill, IDCANCEL);
-    EXPECT_TRUE(dialog.Cancelled);
+    show(dialog, IDCANCEL, fill);
     EXPECT_EQ(scratch.bytes(), before);
-    show(dialog, fill, IDOK);
-    EXPECT_EQ(dialog.options().lay, 20);
-    EXPECT_EQ(dialog.options().unit, 0);
-    EXPECT_EQ(dialog.options().ver, 0);
-    EXPECT_EQ(dialog.options().size, 0);
+    show(dialog, IDOK, fill);
+    EXPECT_EQ(chosen(), std::tuple(true, kShapePolygon, 20, 0.0, 0, 0));
     EXPECT_EQ(stored(L"poly2"), L"0");
 }
 
-TEST(LayerListTest, HasAllLayersAndTheShift) {
+TEST(LayerList, HasAllLayersAndTheShift) {
     const std::vector<std::wstring> labels = layer_labels();
     ASSERT_EQ(labels.size(), 255u);
     const std::pair<int, const wchar_t*> kLabels[] = {
@@ -127,36 +88,25 @@ TEST_F(ExportDialogTest, PreviewIsTheReducedPictureScaledAndPainted) {
     cDIBSection expected = picture.Copy();
     cImageProcessDIB().BlackAndWhite2(expected, expected, 128);
     expected = expected.Resample(73, 220);
-    std::vector<COLORREF> painted, wanted;
-    for (int i = 0; i < 73; ++i) {
-        const auto [blue, green, red] = test::pixel_at(expected, 3 * i, 72 - i);
-        wanted.push_back(RGB(red, green, blue));
-    }
-    show(
-        dialog,
-        [&](HWND window) {
-            const HWND box = GetDlgItem(window, IDC_EXPORT_PREVIEW);
-            UpdateWindow(box);
-            const win::WindowContext context(box);
-            for (int i = 0; i < 73; ++i)
-                painted.push_back(GetPixel(context.get(), 3 * i, i));
-        },
-        IDCANCEL);
-    EXPECT_TRUE(test::same_pixels(dialog.preview(), expected));
-    EXPECT_EQ(painted, wanted);
+    show(dialog, IDCANCEL, [&](HWND window) {
+        for (int i = 0; i < 73; ++i) {
+            const auto [blue, green, red] = pixel_at(expected, 3 * i, 72 - i);
+            ASSERT_EQ(shown_at(window, IDC_EXPORT_PREVIEW, 3 * i, i), RGB(red, green, blue)) << i;
+        }
+    });
+    EXPECT_TRUE(same_pixels(dialog.preview(), expected));
 }
 
-TEST(RangeWarningTest, OnlyTheTickAndTheButtonDelete) {
+TEST_F(ExportDialogTest, OnlyTheTickAndTheButtonDeleteTheScript) {
     const auto tick = [](HWND window) { click(window, IDC_RANGE_DELETE); };
     frmMsg3 warning;
-    show(warning, tick, IDOK);
+    show(warning, IDOK, tick);
     EXPECT_TRUE(warning.DeleteScript);
-    show(
-        warning, [](HWND) {}, IDOK);
+    show(warning, IDOK);
     EXPECT_FALSE(warning.DeleteScript);
-    show(warning, tick, IDCANCEL);
+    show(warning, IDCANCEL, tick);
     EXPECT_FALSE(warning.DeleteScript);
 }
 
 } // namespace
-} // namespace kelvane
+} // namespace kelvane::test

@@ -1,89 +1,111 @@
-// The two dialogs with a live preview: hue and noise.
+// The dialogs with a live preview: hue, noise and combination.
+#include "dialogs/dialog_test.h"
+#include "dialogs/frmCombination.h"
 #include "dialogs/frmHue.h"
 #include "dialogs/frmNoise.h"
-#include "dialogs/shown_colours.h"
-#include "dialogs/shown_dialog.h"
-#include "dialogs/slider.h"
-#include "support/pictures.h"
 
-#include "ids.h"
-
-#include <gmock/gmock.h>
-
-namespace kelvane {
+namespace kelvane::test {
 namespace {
 
-using test::ModalScript;
-using test::press;
-using test::shown_in;
-using test::text_of;
-using test::type_text;
+struct LiveDialogs : DialogTest {
+    const cDIBSection small = flat_picture(40, 30, 30, 30, 30);
+    const cDIBSection large = flat_picture(640, 480, 100, 100, 100);
+    const CombinationSource logo{L"logo.png", &small};
+    const CombinationSource second{L"Image 2", &large};
+};
 
-// Moves a slider as the mouse does.
-void drag(HWND dialog, int slider, int position) {
-    const HWND window = GetDlgItem(dialog, slider);
-    set_slider_position(window, position);
-    SendMessageW(dialog, WM_HSCROLL, MAKEWPARAM(TB_THUMBTRACK, position),
-                 reinterpret_cast<LPARAM>(window));
-}
-
-TEST(HueDialog, FieldSliderAndPreviewFollowEachOther) {
-    const cDIBSection grey = test::flat_picture(400, 300, 120, 120, 120);
-    ModalScript script;
-    script.expect([&](HWND dialog) {
-        const HWND slider = GetDlgItem(dialog, IDC_HUE_SLIDER);
-        EXPECT_EQ(text_of(dialog, IDC_HUE_VALUE), L"0.00");
-        type_text(dialog, IDC_HUE_VALUE, L"2");
-        EXPECT_EQ(slider_position(slider), 300);
-        EXPECT_THAT(shown_in(dialog, IDC_HUE_PREVIEW), testing::ElementsAre(RGB(60, 180, 60)));
-        drag(dialog, IDC_HUE_SLIDER, 600);
-        EXPECT_EQ(text_of(dialog, IDC_HUE_VALUE), L"5.00");
-        EXPECT_THAT(shown_in(dialog, IDC_HUE_PREVIEW), testing::ElementsAre(RGB(180, 60, 180)));
-        for (const wchar_t* hue : {L"5.01", L"-1.01", L"nan", L"red", L""}) {
-            type_text(dialog, IDC_HUE_VALUE, hue);
-            EXPECT_EQ(slider_position(slider), 600) << testing::PrintToString(hue);
-            script.expect_message(IDOK);
-            press(dialog, IDOK);
-            EXPECT_TRUE(IsWindowVisible(dialog)) << testing::PrintToString(hue);
-        }
-        type_text(dialog, IDC_HUE_VALUE, L"-0,5");
-        EXPECT_EQ(slider_position(slider), 50);
-        press(dialog, IDOK);
-    });
+TEST_F(LiveDialogs, HueFieldSliderAndPreviewFollowEachOther) {
+    const cDIBSection grey = flat_picture(400, 300, 120, 120, 120);
     frmHue dialog(grey);
-    EXPECT_TRUE(dialog.show_modal(nullptr));
-    EXPECT_FALSE(dialog.Cancelled);
+    show(dialog, IDOK, [this](HWND window) {
+        EXPECT_EQ(text_of(window, IDC_HUE_VALUE), L"0.00");
+        type_text(window, IDC_HUE_VALUE, L"2");
+        EXPECT_EQ(position_of(window, IDC_HUE_SLIDER), 300);
+        EXPECT_THAT(shown_in(window, IDC_HUE_PREVIEW), ElementsAre(RGB(60, 180, 60)));
+        slide(window, IDC_HUE_SLIDER, 600);
+        EXPECT_EQ(text_of(window, IDC_HUE_VALUE), L"5.00");
+        EXPECT_THAT(shown_in(window, IDC_HUE_PREVIEW), ElementsAre(RGB(180, 60, 180)));
+        for (const wchar_t* hue : {L"5.01", L"-1.01", L"nan", L"red", L""}) {
+            expect_refused(window, IDC_HUE_VALUE, hue);
+            EXPECT_EQ(position_of(window, IDC_HUE_SLIDER), 600);
+        }
+        type_text(window, IDC_HUE_VALUE, L"-0,5");
+        EXPECT_EQ(position_of(window, IDC_HUE_SLIDER), 50);
+    });
     EXPECT_EQ(dialog.Hue, -0.5F);
 }
 
-TEST(NoiseDialog, FieldSliderAndPreviewFollowEachOther) {
-    const cDIBSection grey = test::flat_picture(30, 20, 128, 128, 128);
-    ModalScript script;
-    script.expect([&](HWND dialog) {
-        EXPECT_GT(shown_in(dialog, IDC_NOISE_PREVIEW).size(), 2U);
-        drag(dialog, IDC_NOISE_SLIDER, 0);
-        EXPECT_EQ(text_of(dialog, IDC_NOISE_AMOUNT), L"0");
-        EXPECT_THAT(shown_in(dialog, IDC_NOISE_PREVIEW), testing::ElementsAre(RGB(128, 128, 128)));
-        type_text(dialog, IDC_NOISE_AMOUNT, L"100");
-        EXPECT_EQ(slider_position(GetDlgItem(dialog, IDC_NOISE_SLIDER)), 100);
-        EXPECT_GT(shown_in(dialog, IDC_NOISE_PREVIEW).size(), 2U);
-        test::click(dialog, IDC_NOISE_RANDOM);
-        EXPECT_EQ(shown_in(dialog, IDC_NOISE_PREVIEW).size(), 1U) << "100 % changes almost none";
-        for (const wchar_t* amount : {L"101", L""}) {
-            type_text(dialog, IDC_NOISE_AMOUNT, amount);
-            script.expect_message(IDOK);
-            press(dialog, IDOK);
-            EXPECT_TRUE(IsWindowVisible(dialog)) << testing::PrintToString(amount);
-        }
-        type_text(dialog, IDC_NOISE_AMOUNT, L"35");
-        press(dialog, IDOK);
-    });
+TEST_F(LiveDialogs, NoiseFieldSliderAndPreviewFollowEachOther) {
+    const cDIBSection grey = flat_picture(30, 20, 128, 128, 128);
     frmNoise dialog(grey);
-    EXPECT_TRUE(dialog.show_modal(nullptr));
-    EXPECT_FALSE(dialog.Cancelled);
+    show(dialog, IDOK, [this](HWND window) {
+        EXPECT_GT(shown_in(window, IDC_NOISE_PREVIEW).size(), 2U);
+        slide(window, IDC_NOISE_SLIDER, 0);
+        EXPECT_EQ(text_of(window, IDC_NOISE_AMOUNT), L"0");
+        EXPECT_THAT(shown_in(window, IDC_NOISE_PREVIEW), ElementsAre(RGB(128, 128, 128)));
+        type_text(window, IDC_NOISE_AMOUNT, L"100");
+        EXPECT_EQ(position_of(window, IDC_NOISE_SLIDER), 100);
+        EXPECT_GT(shown_in(window, IDC_NOISE_PREVIEW).size(), 2U);
+        click(window, IDC_NOISE_RANDOM);
+        EXPECT_EQ(shown_in(window, IDC_NOISE_PREVIEW).size(), 1U) << "100 % changes almost none";
+        expect_refused(window, IDC_NOISE_AMOUNT, L"101");
+        expect_refused(window, IDC_NOISE_AMOUNT, L"");
+        type_text(window, IDC_NOISE_AMOUNT, L"35");
+    });
     EXPECT_EQ(dialog.Percent, 35);
     EXPECT_TRUE(dialog.Random);
 }
 
+TEST_F(LiveDialogs, WeightedSumReturnsItsNumbers) {
+    frmCombination dialog({logo, second, {L"copy.bmp", &small}});
+    show(dialog, IDOK, [this](HWND window) {
+        EXPECT_EQ(text_of(window, IDC_COMBINE_NEW_SIZE), L"New Image: 40 x 30 Pixels");
+        EXPECT_TRUE(is_visible(window, IDC_COMBINE_RESAMPLED));
+        EXPECT_THAT(shown_in(window, IDC_COMBINE_PREVIEW), ElementsAre(RGB(130, 130, 130)));
+        choose_in_list(window, IDC_COMBINE_FIRST, 2);
+        choose_in_list(window, IDC_COMBINE_SECOND, 0);
+        EXPECT_FALSE(is_visible(window, IDC_COMBINE_RESAMPLED));
+        choose_in_list(window, IDC_COMBINE_FIRST, 1);
+        type_text(window, IDC_COMBINE_MULTIPLIER_1, L"-1");
+        type_text(window, IDC_COMBINE_OFFSET_1, L"-255");
+        expect_refused(window, IDC_COMBINE_MULTIPLIER_2, L"0.5");
+        type_text(window, IDC_COMBINE_MULTIPLIER_2, L"2");
+        EXPECT_THAT(shown_in(window, IDC_COMBINE_PREVIEW), ElementsAre(RGB(215, 215, 215)));
+    });
+    EXPECT_EQ(dialog.CombinationType, 1);
+    EXPECT_THAT(dialog.ImageSource, ElementsAre(1, 0));
+    EXPECT_THAT(dialog.Multiplier, ElementsAre(-1, 2));
+    EXPECT_THAT(dialog.Offset[0], testing::Each(-255));
+    EXPECT_THAT(dialog.Offset[1], testing::Each(0));
+    EXPECT_EQ(dialog.NewImageWidth, 640);
+    EXPECT_EQ(dialog.NewImageHeight, 480);
+}
+
+TEST_F(LiveDialogs, SelectionNeedsNoNumbers) {
+    frmCombination dialog({logo, second});
+    for (const int type : {2, 3}) {
+        show(dialog, IDOK, [type](HWND window) {
+            type_text(window, IDC_COMBINE_OFFSET_2, L"rubbish");
+            click(window, IDC_COMBINE_ADD + type - 1);
+            EXPECT_FALSE(IsWindowEnabled(GetDlgItem(window, IDC_COMBINE_OFFSET_2)));
+            const COLORREF kept = type == 2 ? RGB(30, 30, 30) : RGB(100, 100, 100);
+            EXPECT_THAT(shown_in(window, IDC_COMBINE_PREVIEW), ElementsAre(kept))
+                << "lightest keeps the smaller measure";
+        });
+        EXPECT_EQ(dialog.CombinationType, type);
+        EXPECT_THAT(dialog.ImageSource, ElementsAre(0, 1));
+    }
+}
+
+TEST_F(LiveDialogs, OnePictureIsNotTwo) {
+    frmCombination dialog({logo});
+    show(dialog, IDOK, [this](HWND window) {
+        expect_refused(window);
+        choose_in_list(window, IDC_COMBINE_SECOND, 0);
+    });
+    EXPECT_THAT(script.messages(), ElementsAre(L"Please select two Images to combine."));
+    EXPECT_THAT(dialog.ImageSource, ElementsAre(0, 0)) << "with itself, when asked for";
+}
+
 } // namespace
-} // namespace kelvane
+} // namespace kelvane::test

@@ -1,5 +1,6 @@
 // Every dialog in both languages: its texts have room, and its picture goes to the folder of
 // screenshots, where people look at it.
+#include "dialogs/dialog_test.h"
 #include "dialogs/frmAbout.h"
 #include "dialogs/frmCombination.h"
 #include "dialogs/frmCustomFilter.h"
@@ -12,21 +13,89 @@
 #include "dialogs/frmPalette.h"
 #include "dialogs/frmSW.h"
 #include "dialogs/frmSplash.h"
-#include "dialogs/shown_dialog.h"
 #include "image/bitmap_file.h"
-#include "settings/scratch_folder.h"
-#include "settings/string_table.h"
-#include "support/pictures.h"
-#include "support/windows/layout_check.h"
 
-namespace kelvane {
+namespace kelvane::test {
 namespace {
+
+struct Room {
+    LONG width;
+    LONG height;
+};
+
+std::wstring class_of(HWND window) {
+    wchar_t name[64];
+    GetClassNameW(window, name, std::size(name));
+    return name;
+}
+
+bool is_picture(HWND control) {
+    const LONG type = GetWindowLongW(control, GWL_STYLE) & SS_TYPEMASK;
+    return class_of(control) == L"Static" && (type == SS_OWNERDRAW || type == SS_ICON);
+}
+
+// What remains of a control beside its box, its frame and its margins.
+Room room_of(HWND control) {
+    RECT area{};
+    GetClientRect(control, &area);
+    if (class_of(control) == L"Static") return {area.right, area.bottom};
+    switch (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) {
+    case BS_PUSHBUTTON:
+    case BS_DEFPUSHBUTTON:
+    case BS_GROUPBOX:
+        return {area.right - 12, area.bottom - 4};
+    default:
+        return {area.right - GetSystemMetrics(SM_CXMENUCHECK) - 6, area.bottom};
+    }
+}
+
+Room needed_by(HWND control, const std::wstring& text, LONG width) {
+    const win::WindowContext context(control);
+    const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
+    const win::Selected selected(context.get(), font);
+    RECT needed{0, 0, width, 0};
+    const bool wraps = class_of(control) == L"Static";
+    DrawTextW(context.get(), text.c_str(), -1, &needed,
+              DT_CALCRECT | (wraps ? DT_WORDBREAK : DT_SINGLELINE));
+    return {needed.right, needed.bottom};
+}
+
+void expect_inside(HWND dialog, HWND control) {
+    RECT area{};
+    GetClientRect(dialog, &area);
+    RECT place{};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= area.right &&
+                place.bottom <= area.bottom)
+        << "control " << GetDlgCtrlID(control) << " reaches over the border";
+}
+
+// Each visible control stays inside the dialog's border, and no caption is missing or cut.
+void expect_captions_fit(HWND dialog) {
+    ASSERT_TRUE(IsWindowVisible(dialog));
+    EXPECT_FALSE(win::window_text(dialog).empty()) << "no title";
+    for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
+         control = GetWindow(control, GW_HWNDNEXT)) {
+        if (!IsWindowVisible(control)) continue;
+        expect_inside(dialog, control);
+        const std::wstring kind = class_of(control);
+        if ((kind != L"Button" && kind != L"Static") || is_picture(control)) continue;
+        const std::wstring text = win::window_text(control);
+        EXPECT_FALSE(text.empty()) << "control " << GetDlgCtrlID(control) << " is empty";
+        const Room room = room_of(control);
+        const Room needed = needed_by(control, text, room.width);
+        EXPECT_TRUE(needed.width <= room.width && needed.height <= room.height)
+            << testing::PrintToString(text) << " needs " << needed.width << " x " << needed.height
+            << ", has " << room.width << " x " << room.height;
+    }
+}
 
 void save_screenshot(HWND window, const std::string& name) {
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
     RECT area{};
     GetWindowRect(window, &area);
-    cDIBSection picture = test::black_picture(area.right - area.left, area.bottom - area.top);
+    cDIBSection picture = black_picture(area.right - area.left, area.bottom - area.top);
     const HDC context = GetWindowDC(window);
     EXPECT_TRUE(BitBlt(static_cast<HDC>(picture.hdc()), 0, 0, picture.Width(), picture.Height(),
                        context, 0, 0, SRCCOPY));
@@ -39,75 +108,60 @@ void save_screenshot(HWND window, const std::string& name) {
 
 // Colours across, light and dark upwards.
 cDIBSection colourful_picture(int width, int height) {
-    cDIBSection picture = test::black_picture(width, height);
+    cDIBSection picture = black_picture(width, height);
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x) {
-            std::uint8_t* pixel = picture.view().pixel(x, y);
-            pixel[0] = static_cast<std::uint8_t>(255 * x / width);
-            pixel[1] = static_cast<std::uint8_t>(255 * y / height);
-            pixel[2] = static_cast<std::uint8_t>(255 - 255 * x / width);
+            const int colour[] = {255 * x / width, 255 * y / height, 255 - 255 * x / width};
+            std::copy_n(colour, 3, picture.view().pixel(x, y));
         }
     return picture;
 }
 
-class DialogLooks : public testing::TestWithParam<int> {
-  protected:
+struct DialogLooks : DialogTest, testing::WithParamInterface<int> {
     DialogLooks() { set_language_offset(GetParam()); }
     ~DialogLooks() override { set_language_offset(kEnglishOffset); }
 
-    static void look_at(HWND dialog, const std::string& name) {
-        test::expect_captions_fit(dialog);
-        save_screenshot(dialog, name + (GetParam() == kGermanOffset ? "-de" : "-en"));
+    static void check_looks(HWND window, const std::string& name) {
+        expect_captions_fit(window);
+        save_screenshot(window, name + (GetParam() == kGermanOffset ? "-de" : "-en"));
     }
-    static void show(win::Dialog& dialog, const std::string& name) {
-        test::show(
-            dialog, [&](HWND window) { look_at(window, name); }, IDCANCEL);
+    template <typename Form> void look_at(Form&& dialog, const std::string& name) {
+        show(dialog, IDCANCEL, [&](HWND window) { check_looks(window, name); });
     }
 
-    const ScratchFolder scratch_;
-    const SettingsFile settings_ = scratch_.settings();
-    const cDIBSection picture_ = colourful_picture(320, 240);
-    const cDIBSection other_ = colourful_picture(64, 64);
+    const cDIBSection picture = colourful_picture(320, 240);
+    const cDIBSection other = colourful_picture(64, 64);
 };
 
 TEST_P(DialogLooks, CaptionsFit) {
-    frmHue hue(picture_);
-    show(hue, "hue");
-    frmNoise noise(picture_);
-    show(noise, "noise");
-    frmCombination combination({{L"C:\\Pictures\\logo.png", &picture_}, {L"Image 2", &other_}});
-    show(combination, "combination");
-    frmSW reduction(settings_, picture_);
-    show(reduction, "reduction");
-    frmExport exporting(settings_, picture_);
-    show(exporting, "export");
-    frmMsg3 warning;
-    show(warning, "out_of_range");
+    look_at(frmHue(picture), "hue");
+    look_at(frmNoise(picture), "noise");
+    look_at(frmCombination({{L"C:\\Pictures\\logo.png", &picture}, {L"Image 2", &other}}),
+            "combination");
+    look_at(frmSW(settings, picture), "reduction");
+    look_at(frmExport(settings, picture), "export");
+    look_at(frmMsg3(), "out_of_range");
     cImageProcessDIB engine;
     engine.set_FilterType(kSharpen);
     engine.set_FilterType(kCustom);
-    frmCustomFilter filter(engine);
-    show(filter, "custom_filter");
-    frmPalette palette(settings_);
-    palette.FileName = scratch_.path() / L"web.pal";
+    look_at(frmCustomFilter(engine), "custom_filter");
+    frmPalette palette(settings);
+    palette.FileName = scratch / "web.pal";
     std::ofstream colours(palette.FileName);
     for (int i = 0; i < 216; ++i)
         colours << i / 36 * 51 << ' ' << i / 6 % 6 * 51 << ' ' << i % 6 * 51 << '\n';
     colours.close();
-    show(palette, "palette");
-    frmNewSize size(settings_, 3200, 2400);
-    show(size, "new_size");
-    frmLanguage language(settings_);
-    show(language, "language");
-    frmAbout about(L"1.2.3");
-    show(about, "about");
+    look_at(palette, "palette");
+    look_at(frmNewSize(settings, 3200, 2400), "new_size");
+    look_at(frmLanguage(settings), "language");
+    look_at(frmAbout(L"1.2.3"), "about");
     frmSplash splash(L"1.2.3");
     splash.show_modeless(nullptr);
-    look_at(splash.window(), "splash");
+    check_looks(splash.window(), "splash");
 }
 
 INSTANTIATE_TEST_SUITE_P(BothLanguages, DialogLooks,
                          testing::Values(kEnglishOffset, kGermanOffset));
 
 } // namespace
-} // namespace kelvane
+} // namespace kelvane::test

@@ -1,138 +1,171 @@
+#include "dialogs/dialog_test.h"
 #include "dialogs/frmSW.h"
+#include "dialogs/reduction_preview.h"
+#include "dialogs/shrink.h"
 
-#include "dialogs/shown_dialog.h"
-#include "settings/scratch_folder.h"
-#include "settings/string_table.h"
-#include "support/pictures.h"
-
-#include "ids.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <commctrl.h>
-
-namespace kelvane {
+namespace kelvane::test {
 namespace {
 
-using test::click;
-using test::show;
-using test::text_of;
+const Reduction kEvery[] = {
+    {ReductionKind::Brightness, 100, {}},
+    {ReductionKind::Colours, 140, {true, false, true}},
+    {ReductionKind::Edges, 190, {}},
+};
 
-void slide(HWND window, int slider, int position) {
-    const HWND control = GetDlgItem(window, slider);
-    SendMessageW(control, TBM_SETPOS, TRUE, position);
-    SendMessageW(window, WM_HSCROLL, MAKEWPARAM(TB_THUMBTRACK, position),
-                 reinterpret_cast<LPARAM>(control));
-}
-
-LRESULT position_of(HWND window, int slider) {
-    return SendDlgItemMessageW(window, slider, TBM_GETPOS, 0, 0);
-}
-
-struct ReductionDialogTest : testing::Test {
-    const ScratchFolder scratch;
-    const SettingsFile settings = scratch.settings();
-    const cDIBSection picture = test::random_picture(300, 200, 1);
-    frmSW dialog{settings, picture};
-
-    void store(const wchar_t* key, const wchar_t* value) {
-        settings.WriteIniValue(L"imageexport", key, value);
+TEST(PreviewSizeTest, LongerSideFillsTheBox) {
+    // Of 8 x 1 and 8 x 3 the height is 27.5 and 82.5 and goes to the even neighbour.
+    const std::array<int, 4> kSizes[] = {{300, 100, 220, 73}, {100, 300, 73, 220},
+                                         {50, 50, 220, 220},  {8, 1, 220, 28},
+                                         {8, 3, 220, 82},     {20000, 3, 220, 1}};
+    for (const auto& [width, height, fitted_width, fitted_height] : kSizes) {
+        EXPECT_EQ(preview_size(width, height).width, fitted_width) << width << " x " << height;
+        EXPECT_EQ(preview_size(width, height).height, fitted_height) << width << " x " << height;
     }
+}
+
+TEST(ReductionPreviewTest, DetailIsTheReducedPictureWhereverItIs) {
+    const cDIBSection picture = random_picture(97, 61, 1);
+    for (const Reduction& reduction : kEvery) {
+        cDIBSection whole = picture.Copy();
+        ASSERT_TRUE(reduce_picture(whole, reduction));
+        ReductionPreview preview(picture, 20);
+        for (const auto& [x, y] : {std::pair(10, 6), std::pair(0, 0), std::pair(19, 12),
+                                   std::pair(-50, 500), std::pair(7, 9)}) {
+            preview.centre_detail_at(x, y);
+            preview.update(reduction);
+            const PixelArea& area = preview.detail_area();
+            ASSERT_EQ(preview.detail().Width(), 20);
+            for (int row = 0; row < 20; ++row)
+                for (int column = 0; column < 20; ++column)
+                    ASSERT_EQ(pixel_at(preview.detail(), column, row),
+                              pixel_at(whole, area.left + column, 61 - area.top - 20 + row))
+                        << static_cast<int>(reduction.kind) << " at " << x << ", " << y;
+        }
+    }
+}
+
+TEST(ReductionPreviewTest, OverviewAveragesReducedPixels) {
+    // 40 x 40 into 20 x 20: every row takes part, two by two.
+    const cDIBSection picture = random_picture(40, 40, 2);
+    cDIBSection whole = picture.Copy();
+    ASSERT_TRUE(reduce_picture(whole, kEvery[1]));
+    ReductionPreview preview(picture, 20);
+    preview.update(kEvery[1]);
+    for (int y = 0; y < 20; ++y)
+        for (int x = 0; x < 20; ++x) {
+            int sum = 0;
+            for (int i = 0; i < 4; ++i)
+                sum += pixel_at(whole, 2 * x + i % 2, 2 * y + i / 2)[0];
+            ASSERT_EQ(pixel_at(preview.overview(), x, y)[0], (sum + 2) / 4);
+        }
+}
+
+TEST(ReductionPreviewTest, EdgesOfALargePictureAreNotThoseOfItsSmallCopy) {
+    // A slow ramp has no edges; a small copy of it would be all steps.
+    cDIBSection ramp = black_picture(2000, 1200);
+    for (int y = 0; y < 1200; ++y)
+        for (int x = 0; x < 6000; ++x)
+            ramp.view().row(y)[x] = static_cast<std::uint8_t>(x / 3 * 255 / 1999);
+    ReductionPreview preview(ramp, 220);
+    preview.update({ReductionKind::Edges, 60, {}});
+    for (int y = 0; y < preview.overview().Height(); ++y)
+        for (int x = 1; x < preview.overview().Width(); ++x)
+            ASSERT_EQ(pixel_at(preview.overview(), x, y)[0], 255) << x << ", " << y;
+}
+
+TEST(ReductionPreviewTest, PicturesOfEverySizeHaveAPreview) {
+    for (const auto& [width, height] : odd_sizes()) {
+        const cDIBSection picture = random_picture(width, height, 3);
+        ReductionPreview preview(picture, 16);
+        preview.update(kEvery[2]);
+        EXPECT_EQ(std::max(preview.overview().Width(), preview.overview().Height()), 16);
+    }
+    const cDIBSection empty;
+    ReductionPreview nothing(empty);
+    nothing.update(kEvery[0]);
+    EXPECT_TRUE(nothing.overview().empty());
+
+    const cDIBSection picture = random_picture(8, 8, 4);
+    ReductionPreview unreduced(picture, 8);
+    unreduced.update({ReductionKind::Colours, 100, {}});
+    EXPECT_TRUE(same_pixels(unreduced.detail(), picture)) << "no channel is chosen";
+}
+
+struct ReductionDialogTest : DialogTest {
+    const cDIBSection picture = random_picture(300, 200, 1);
+    frmSW dialog{settings, picture};
 };
 
 TEST_F(ReductionDialogTest, StartsWhereTheLastReductionsWere) {
-    store(L"bwval", L"0");
-    store(L"bwval2", L"77");
-    store(L"bwval3", L"255");
-    store(L"bwg", L"1");
-    show(
-        dialog,
-        [](HWND window) {
-            EXPECT_EQ(position_of(window, IDC_REDUCE_BRIGHTNESS_LIMIT), 128) << "as designed";
-            EXPECT_EQ(position_of(window, IDC_REDUCE_COLOUR_LIMIT), 77);
-            EXPECT_EQ(position_of(window, IDC_REDUCE_EDGE_LIMIT), 255);
-            EXPECT_FALSE(test::is_checked(window, IDC_REDUCE_RED));
-            EXPECT_TRUE(test::is_checked(window, IDC_REDUCE_GREEN));
-            EXPECT_FALSE(test::is_checked(window, IDC_REDUCE_BLUE));
-            slide(window, IDC_REDUCE_BRIGHTNESS_LIMIT, 0);
-            EXPECT_EQ(text_of(window, IDC_REDUCE_LIMIT), L"1") << "0 would mean cancelled";
-        },
-        IDOK);
+    scratch.put("[imageexport]\r\nbwval=0\r\nbwval2=77\r\nbwval3=255\r\nbwg=1\r\n");
+    show(dialog, IDOK, [](HWND window) {
+        EXPECT_EQ(position_of(window, IDC_REDUCE_BRIGHTNESS_LIMIT), 128) << "as designed";
+        EXPECT_EQ(position_of(window, IDC_REDUCE_COLOUR_LIMIT), 77);
+        EXPECT_EQ(position_of(window, IDC_REDUCE_EDGE_LIMIT), 255);
+        EXPECT_FALSE(is_checked(window, IDC_REDUCE_RED));
+        EXPECT_TRUE(is_checked(window, IDC_REDUCE_GREEN));
+        EXPECT_FALSE(is_checked(window, IDC_REDUCE_BLUE));
+        slide(window, IDC_REDUCE_BRIGHTNESS_LIMIT, 0);
+        EXPECT_EQ(text_of(window, IDC_REDUCE_LIMIT), L"1") << "0 would mean cancelled";
+    });
     EXPECT_EQ(dialog.result, 1);
     EXPECT_EQ(dialog.limitvalue, 1);
 }
 
 TEST_F(ReductionDialogTest, EachReductionHasItsOwnControls) {
     const std::string before = scratch.bytes();
-    show(
-        dialog,
-        [this](HWND window) {
-            click(window, IDC_REDUCE_EDGES);
-            slide(window, IDC_REDUCE_EDGE_LIMIT, 40);
-            click(window, IDC_REDUCE_COLOURS);
-            EXPECT_EQ(text_of(window, IDC_REDUCE_LIMIT), L"128");
-            EXPECT_TRUE(IsWindowVisible(GetDlgItem(window, IDC_REDUCE_COLOUR_LIMIT)));
-            EXPECT_FALSE(IsWindowVisible(GetDlgItem(window, IDC_REDUCE_EDGE_LIMIT)));
-            click(window, IDC_REDUCE_BLUE);
-            slide(window, IDC_REDUCE_COLOUR_LIMIT, 200);
-            ReductionPreview expected(picture);
-            expected.update({ReductionKind::Colours, 200, {false, false, true}});
-            EXPECT_TRUE(test::same_pixels(dialog.preview().overview(), expected.overview()));
-            EXPECT_TRUE(test::same_pixels(dialog.preview().detail(), expected.detail()));
-            click(window, IDC_REDUCE_EDGES);
-            EXPECT_FALSE(IsWindowEnabled(GetDlgItem(window, IDC_REDUCE_BLUE)));
-            EXPECT_EQ(text_of(window, IDC_REDUCE_LIMIT), L"40");
-        },
-        IDOK);
+    show(dialog, IDOK, [this](HWND window) {
+        click(window, IDC_REDUCE_EDGES);
+        slide(window, IDC_REDUCE_EDGE_LIMIT, 40);
+        click(window, IDC_REDUCE_COLOURS);
+        EXPECT_EQ(text_of(window, IDC_REDUCE_LIMIT), L"128");
+        EXPECT_TRUE(is_visible(window, IDC_REDUCE_COLOUR_LIMIT));
+        EXPECT_FALSE(is_visible(window, IDC_REDUCE_EDGE_LIMIT));
+        click(window, IDC_REDUCE_BLUE);
+        slide(window, IDC_REDUCE_COLOUR_LIMIT, 200);
+        ReductionPreview expected(picture);
+        expected.update({ReductionKind::Colours, 200, {false, false, true}});
+        EXPECT_TRUE(same_pixels(dialog.preview().overview(), expected.overview()));
+        EXPECT_TRUE(same_pixels(dialog.preview().detail(), expected.detail()));
+        click(window, IDC_REDUCE_EDGES);
+        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(window, IDC_REDUCE_BLUE)));
+        EXPECT_EQ(text_of(window, IDC_REDUCE_LIMIT), L"40");
+    });
     EXPECT_EQ(dialog.result, 3);
     EXPECT_EQ(dialog.limitvalue, 40);
     EXPECT_EQ(scratch.bytes(), before) << "settings are written by who reduces";
-    show(
-        dialog, [](HWND) {}, IDCANCEL);
+    show(dialog, IDCANCEL);
     EXPECT_EQ(dialog.result, 0);
 }
 
 TEST_F(ReductionDialogTest, ColourLimitNeedsAChannel) {
-    test::ModalScript script;
-    script.expect([&script](HWND window) {
-        script.expect_message(IDOK);
+    show(dialog, IDOK, [this](HWND window) {
         click(window, IDC_REDUCE_COLOURS);
-        test::press(window, IDOK);
+        expect_refused(window);
         click(window, IDC_REDUCE_RED);
         click(window, IDC_REDUCE_GREEN);
-        test::press(window, IDOK);
     });
-    dialog.show_modal(nullptr);
-    EXPECT_THAT(script.messages(), testing::ElementsAre(LoadString(IDS_REDUCE_NO_COLOUR)));
+    EXPECT_THAT(script.messages(), ElementsAre(LoadString(IDS_REDUCE_NO_COLOUR)));
     EXPECT_EQ(dialog.result, 2);
-    EXPECT_EQ(dialog.red, 1);
-    EXPECT_EQ(dialog.green, 1);
-    EXPECT_EQ(dialog.blue, 0);
+    EXPECT_EQ(std::tuple(dialog.red, dialog.green, dialog.blue), std::tuple(1, 1, 0));
 }
 
 TEST_F(ReductionDialogTest, DraggingOverTheOverviewMovesTheDetail) {
-    show(
-        dialog,
-        [this](HWND window) {
-            const auto mouse = [window](UINT message, LONG x, LONG y) {
-                POINT place{x, y};
-                MapWindowPoints(GetDlgItem(window, IDC_REDUCE_OVERVIEW), window, &place, 1);
-                SendMessageW(window, message, MK_LBUTTON, MAKELPARAM(place.x, place.y));
-            };
-            EXPECT_EQ(dialog.preview().detail_area().left, 40);
-            mouse(WM_MOUSEMOVE, 0, 50);
-            mouse(WM_LBUTTONDOWN, -5, 50);
-            EXPECT_EQ(dialog.preview().detail_area().left, 40) << "pressed outside";
-            mouse(WM_LBUTTONDOWN, 100, 50);
-            mouse(WM_MOUSEMOVE, -30, 50);
-            EXPECT_EQ(dialog.preview().detail_area().left, 0);
-            mouse(WM_LBUTTONUP, -30, 50);
-            mouse(WM_MOUSEMOVE, 219, 50);
-            EXPECT_EQ(dialog.preview().detail_area().left, 0) << "let go";
-        },
-        IDCANCEL);
+    show(dialog, IDCANCEL, [this](HWND window) {
+        const auto mouse = [&](UINT message, LONG x, LONG y) {
+            POINT place{x, y};
+            MapWindowPoints(GetDlgItem(window, IDC_REDUCE_OVERVIEW), window, &place, 1);
+            SendMessageW(window, message, MK_LBUTTON, MAKELPARAM(place.x, place.y));
+            return dialog.preview().detail_area().left;
+        };
+        EXPECT_EQ(mouse(WM_MOUSEMOVE, 0, 50), 40);
+        EXPECT_EQ(mouse(WM_LBUTTONDOWN, -5, 50), 40) << "pressed outside";
+        mouse(WM_LBUTTONDOWN, 100, 50);
+        EXPECT_EQ(mouse(WM_MOUSEMOVE, -30, 50), 0);
+        mouse(WM_LBUTTONUP, -30, 50);
+        EXPECT_EQ(mouse(WM_MOUSEMOVE, 219, 50), 0) << "let go";
+    });
 }
 
 } // namespace
-} // namespace kelvane
+} // namespace kelvane::test

@@ -1,7 +1,9 @@
 #include "settings/settings_file.h"
 
 #include "settings/catalogue.h"
+#include "settings/folders.h"
 #include "settings/scratch_folder.h"
+#include "win/platform_error.h"
 #include "win/unique_handle.h"
 
 #include <gtest/gtest.h>
@@ -11,13 +13,15 @@
 namespace kelvane {
 namespace {
 
-const std::wstring kEveryScript = L"D:\\Gr\x00F6\x00DF"
-                                  L"e\\\x0434\x0443\x0433\x0430\\"
+const std::wstring kEveryScript = L"D:\\Größe\\\x0434\x0443\x0433\x0430\\"
                                   L"\x4E2D\x6587\\\xD83D\xDE00\\logo.png";
 
-TEST(SettingsFileTest, MissingKeysTakeTheirDefaults) {
+struct SettingsFileTest : testing::Test {
     const ScratchFolder scratch;
     const SettingsFile file = scratch.settings();
+};
+
+TEST_F(SettingsFileTest, MissingKeysTakeTheirDefaults) {
     EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
     EXPECT_EQ(read_setting(file, settings::kLayer), 20);
     EXPECT_EQ(read_setting(file, settings::kPixelSize), L"1");
@@ -35,9 +39,7 @@ TEST(SettingsFileTest, MissingKeysTakeTheirDefaults) {
     EXPECT_EQ(read_setting(file, settings::kLanguage), 0) << "no number is German";
 }
 
-TEST(SettingsFileTest, ValuesOfEveryScriptSurvive) {
-    const ScratchFolder scratch;
-    const SettingsFile file = scratch.settings();
+TEST_F(SettingsFileTest, ValuesOfEveryScriptSurvive) {
     write_setting(file, settings::kOpenFolder, kEveryScript);
     write_setting(file, settings::kPixelSize, 1.5);
     write_setting(file, settings::kFullAutotrace, -1);
@@ -53,20 +55,16 @@ TEST(SettingsFileTest, ValuesOfEveryScriptSurvive) {
     EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
 }
 
-TEST(SettingsFileTest, OnlyPathsAreReadBeyond254Characters) {
-    const ScratchFolder scratch;
-    const SettingsFile file = scratch.settings();
+TEST_F(SettingsFileTest, OnlyPathsAreReadBeyond254Characters) {
     const std::wstring path = L"C:\\" + std::wstring(3000, L'\x4E2D');
     write_setting(file, settings::kConvertProgram, path);
     EXPECT_EQ(read_setting(file, settings::kConvertProgram), path);
     EXPECT_EQ(file.ReadIniValue(L"ImageMagick", L"Convert"), path.substr(0, 254));
 }
 
-TEST(SettingsFileTest, AnOlderFileKeepsWhatIsNotOurs) {
-    const ScratchFolder scratch;
+TEST_F(SettingsFileTest, AnOlderFileKeepsWhatIsNotOurs) {
     scratch.put("; mine\r\n[other]\r\nname=Gr\xF6\xDF"
                 "e\r\n[global]\r\nlanguage=0\r\nodd=1\r\n");
-    const SettingsFile file = scratch.settings();
     write_setting(file, settings::kSaveFolder, L"C:\\pics\\");
     EXPECT_EQ(scratch.bytes().substr(0, 6), "; mine") << "turned into UTF-16 without need";
     write_setting(file, settings::kOpenFolder, kEveryScript);
@@ -74,21 +72,17 @@ TEST(SettingsFileTest, AnOlderFileKeepsWhatIsNotOurs) {
     EXPECT_EQ(read_setting(file, settings::kOpenFolder), kEveryScript);
     EXPECT_EQ(read_setting(file, settings::kSaveFolder), L"C:\\pics\\");
     EXPECT_EQ(read_setting(file, settings::kLanguage), 0);
-    EXPECT_EQ(file.ReadIniValue(L"other", L"name"), L"Gr\x00F6\x00DF"
-                                                    L"e");
+    EXPECT_EQ(file.ReadIniValue(L"other", L"name"), L"Größe");
     EXPECT_EQ(file.ReadIniValue(L"global", L"odd"), L"1");
 
     EXPECT_TRUE(file.DeleteIniSection(L"global"));
     EXPECT_EQ(file.ReadIniValue(L"global", L"odd"), L"");
-    EXPECT_EQ(file.ReadIniValue(L"other", L"name"), L"Gr\x00F6\x00DF"
-                                                    L"e");
+    EXPECT_EQ(file.ReadIniValue(L"other", L"name"), L"Größe");
 }
 
-TEST(SettingsFileTest, AFileThatCannotBeWrittenSwallowsWrites) {
-    const ScratchFolder scratch;
+TEST_F(SettingsFileTest, AFileThatCannotBeWrittenSwallowsWrites) {
     const std::string before = "[global]\r\nlanguage=0\r\n";
     scratch.put(before);
-    const SettingsFile file = scratch.settings();
     {
         const UniqueHandle lock(CreateFileW(scratch.ini().c_str(), GENERIC_READ, FILE_SHARE_READ,
                                             nullptr, OPEN_EXISTING, 0, nullptr));
@@ -101,9 +95,7 @@ TEST(SettingsFileTest, AFileThatCannotBeWrittenSwallowsWrites) {
     EXPECT_EQ(read_setting(folder, settings::kLanguage), 10000);
 }
 
-TEST(SettingsFileTest, RubbishAndSizeDoNoHarm) {
-    const ScratchFolder scratch;
-    const SettingsFile file = scratch.settings();
+TEST_F(SettingsFileTest, RubbishAndSizeDoNoHarm) {
     std::mt19937 random(1);
     std::string rubbish(100000, '\0');
     for (char& c : rubbish)
@@ -119,6 +111,38 @@ TEST(SettingsFileTest, RubbishAndSizeDoNoHarm) {
         read_setting(file, settings::kOpenFolder);
         EXPECT_GE(scratch.bytes().size(), bytes.size() / 2) << "the user's file was cut down";
     }
+}
+
+using Folders = SettingsFileTest;
+
+TEST_F(Folders, ExistingFolderIsTheLongestThatExists) {
+    const std::wstring folder = scratch.path().wstring() + L"\\";
+    EXPECT_EQ(ExistingFolderOf(folder + L"logo.png"), folder);
+    EXPECT_EQ(ExistingFolderOf(folder), folder);
+    EXPECT_EQ(ExistingFolderOf(folder + L"gone\\deeper\\logo.png"), folder);
+    // A folder named without backslash is the last name of the path, as a file would be.
+    EXPECT_EQ(ExistingFolderOf(scratch.path().wstring()),
+              scratch.path().parent_path().wstring() + L"\\");
+    EXPECT_EQ(ExistingFolderOf(L"C:\\logo.png"), L"C:\\");
+    EXPECT_EQ(ExistingFolderOf(L"C:"), L"C:\\");
+}
+
+TEST_F(Folders, NothingThatExistsGivesTheProgramFolder) {
+    EXPECT_TRUE(std::filesystem::exists(program_folder() + L"\\settings_tests.exe"));
+    for (const wchar_t* path :
+         {L"", L"Q:", L"Q:\\pics\\logo.png", L"logo.png", L"\\", L"\\logo.png"})
+        EXPECT_EQ(ExistingFolderOf(path), program_folder()) << std::filesystem::path(path);
+}
+
+TEST_F(Folders, TemporaryFilesAreNewAndEmpty) {
+    const std::wstring first = TempFileName(L"VBIM", scratch.path().wstring());
+    const std::wstring second = TempFileName(L"", scratch.path().wstring());
+    EXPECT_NE(first, second);
+    EXPECT_EQ(std::filesystem::path(first).filename().wstring().substr(0, 3), L"VBI");
+    EXPECT_EQ(std::filesystem::file_size(first), 0u);
+    EXPECT_EQ(TempDir().back(), L'\\');
+    EXPECT_THROW(TempFileName(L"VBI", scratch.path().wstring() + L"\\gone"), PlatformError);
+    EXPECT_FALSE(platform_error_text(ERROR_PATH_NOT_FOUND).empty());
 }
 
 } // namespace

@@ -11,9 +11,11 @@ namespace kelvane::test {
 
 class TemporaryFolder {
   public:
-    TemporaryFolder()
+    /// The folder's name ends in `suffix`.
+    explicit TemporaryFolder(const std::filesystem::path& suffix = {})
         : path_(std::filesystem::temp_directory_path() /
                 ("kelvane-test-" + std::to_string(std::random_device{}()))) {
+        path_ += suffix;
         std::filesystem::create_directories(path_);
     }
     ~TemporaryFolder() {
@@ -22,6 +24,7 @@ class TemporaryFolder {
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    const std::filesystem::path& path() const { return path_; }
     std::filesystem::path operator/(const std::filesystem::path& name) const {
         return path_ / name;
     }
