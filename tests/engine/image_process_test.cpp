@@ -103,13 +103,13 @@ TEST(Engine, RefusesWhatItCannotRun) {
 
 // A picture lower or narrower than the kernel is left alone, and that counts as done.
 TEST(Engine, SmallPicturesAreDone) {
+    cImageProcessDIB engine;
+    const cDIBSection original = random_picture(2, 9, 1);
+    cDIBSection image = original.Copy();
+    cDIBSection buffer = black_picture(2, 9);
     for (int type = kBlur; type < kReserved; ++type) {
         if (type == kEmboss) continue;
-        cImageProcessDIB engine;
         engine.set_FilterType(type);
-        const cDIBSection original = random_picture(2, 9, 1);
-        cDIBSection image = original.Copy();
-        cDIBSection buffer = black_picture(2, 9);
         EXPECT_TRUE(engine.ProcessImage(image, buffer));
         EXPECT_TRUE(same_pixels(image, original)) << type;
     }
