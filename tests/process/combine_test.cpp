@@ -60,8 +60,7 @@ TEST(AddImages, PairsOffsetsOddly) {
 
 using Selection = void (*)(ConstImageView, ImageView, ProgressObserver*);
 
-std::array<int, 3> selected(Selection select, const std::array<int, 3>& from,
-                            const std::array<int, 3>& to) {
+Bgr selected(Selection select, const Bgr& from, const Bgr& to) {
     const cDIBSection source = flat_picture(2, 2, from[0], from[1], from[2]);
     cDIBSection target = flat_picture(2, 2, to[0], to[1], to[2]);
     select(source.view(), target.view(), nullptr);
@@ -71,14 +70,14 @@ std::array<int, 3> selected(Selection select, const std::array<int, 3>& from,
 TEST(Selection, LightestKeepsTheSmallerMeasureDarkestTheLarger) {
     const std::array black{0, 0, 0}, red{0, 0, 255}, dim{10, 10, 0}, dim_red{10, 10, 255};
     const std::array green{0, 1, 0}, blue{14, 0, 0}; // 929 and 994
-    EXPECT_EQ(selected(AddLightest, red, black), black);
-    EXPECT_EQ(selected(AddDarkest, red, black), black);
-    EXPECT_EQ(selected(AddLightest, dim, dim_red), dim_red);
-    EXPECT_EQ(selected(AddDarkest, dim, dim_red), dim_red);
-    EXPECT_EQ(selected(AddLightest, green, blue), green);
-    EXPECT_EQ(selected(AddLightest, blue, green), green);
-    EXPECT_EQ(selected(AddDarkest, green, blue), blue);
-    EXPECT_EQ(selected(AddDarkest, blue, green), blue);
+    const std::array<Bgr, 4> cases[] = {{red, black, black, black},
+                                        {dim, dim_red, dim_red, dim_red},
+                                        {green, blue, green, blue},
+                                        {blue, green, green, blue}};
+    for (const auto& [from, to, lightest, darkest] : cases) {
+        EXPECT_EQ(selected(AddLightest, from, to), lightest);
+        EXPECT_EQ(selected(AddDarkest, from, to), darkest);
+    }
 }
 
 TEST(Combination, ReadsALargerSourceAndReportsOnlyItsEnd) {
@@ -88,11 +87,9 @@ TEST(Combination, ReadsALargerSourceAndReportsOnlyItsEnd) {
     AddLightest(from.view(), to.view(), &observer);
     AddDarkest(from.view(), to.view(), &observer);
     AddImages(from.view(), to.view(), {1, 0, 0, 0}, {0, 0, 0, 0}, &observer);
-    for (int y = 0; y < 4; ++y)
-        for (int x = 0; x < 5; ++x)
-            EXPECT_EQ(pixel_at(to, x, y), pixel_at(from, x, y));
-    EXPECT_TRUE(observer.maxima.empty());
-    EXPECT_TRUE(observer.positions.empty());
+    const auto corner = [&](int x, int y) { return pixel_at(from, x, y); };
+    EXPECT_TRUE(same_pixels(to, each_pixel(to, corner)));
+    EXPECT_TRUE(observer.maxima.empty() && observer.positions.empty());
     EXPECT_EQ(observer.times.size(), 3u);
 }
 

@@ -60,12 +60,15 @@ TEST(Convolution, AnyCellsAndWeights) {
             }
 }
 
-TEST(Convolution, LeastSumByMinusOneIsClamped) {
+TEST(Convolution, ExtremeSumsAndWidths) {
     FilterKernel kernel(1, -1);
     kernel.set_cell(0, 0, kLeast);
     expect_convolution(kernel, 40, 3);
     EXPECT_EQ(pixel_at(convolved(flat_picture(1, 1, 1, 2, 3), kernel), 0, 0), (Bgr{255, 0, 255}));
     expect_convolution(FilterKernel(3, 1), 20, 5); // all cells zero
+    // Wider than one stretch, for both ways of walking.
+    expect_convolution(predefined_kernel(kSoftenMore), 2100, 7);
+    expect_convolution(random_kernel(7, 2, 9, 3), 2100, 9);
 }
 
 void expect_quotients(const cDIBSection& image, const FilterKernel& kernel) {
@@ -105,12 +108,6 @@ TEST(Convolution, DividesWideSumsExactly) {
                 kernel.set_cell(1, 0, beside);
                 expect_quotients(image, kernel);
             }
-}
-
-// Wider than one stretch, for both ways of walking.
-TEST(Convolution, WidePictures) {
-    expect_convolution(predefined_kernel(kSoftenMore), 2100, 7);
-    expect_convolution(random_kernel(7, 2, 9, 3), 2100, 9);
 }
 
 TEST(Convolution, PredefinedWeightsAndCentres) {
