@@ -18,12 +18,21 @@ namespace {
 using testing::EndsWith;
 using testing::StartsWith;
 
+HGLOBAL global_block(const std::string& bytes) {
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+    std::memcpy(GlobalLock(block), bytes.data(), bytes.size());
+    GlobalUnlock(block);
+    return block;
+}
+
+std::string bytes_of(const auto* first, std::size_t count = 1) {
+    return {reinterpret_cast<const char*>(first), count * sizeof *first};
+}
+
 class Files : public AppTest {
   protected:
-    void put_on_clipboard(UINT format, const std::vector<std::uint8_t>& bytes) {
-        const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-        std::memcpy(GlobalLock(block), bytes.data(), bytes.size());
-        GlobalUnlock(block);
+    void put_on_clipboard(UINT format, const std::string& bytes) {
+        const HGLOBAL block = global_block(bytes);
         ASSERT_TRUE(OpenClipboard(main.window()) && EmptyClipboard());
         ASSERT_NE(SetClipboardData(format, block), nullptr);
         CloseClipboard();
@@ -76,12 +85,8 @@ TEST_F(Files, WhatDoesNotOpenLeavesNoWindow) {
 TEST_F(Files, DroppedFilesOpen) {
     const std::wstring names =
         saved(black_picture(2, 2)) + L'\0' + saved(black_picture(3, 3), L"ä 2.bmp") + L'\0' + L'\0';
-    const HGLOBAL block = GlobalAlloc(GHND, sizeof(DROPFILES) + names.size() * sizeof(wchar_t));
-    auto* drop = static_cast<DROPFILES*>(GlobalLock(block));
-    drop->pFiles = sizeof *drop;
-    drop->fWide = TRUE;
-    std::memcpy(drop + 1, names.data(), names.size() * sizeof(wchar_t));
-    GlobalUnlock(block);
+    const DROPFILES drop{sizeof drop, {}, FALSE, TRUE};
+    const HGLOBAL block = global_block(bytes_of(&drop) + bytes_of(names.data(), names.size()));
     SendMessageW(main.window(), WM_DROPFILES, reinterpret_cast<WPARAM>(block), 0);
     ASSERT_EQ(main.forms().size(), 2u);
     EXPECT_EQ(main.forms()[1]->document().Filename(), path(L"ä 2.bmp"));
@@ -149,24 +154,15 @@ TEST_F(Files, CopiedPicturePastesWithoutLoss) {
 
 TEST_F(Files, ForeignBitmapsPaste) {
     // Two colours from a table, and 32 bits with colour masks behind the header.
-    BITMAPINFOHEADER header{};
-    header.biSize = sizeof header;
-    header.biWidth = 2;
-    header.biHeight = 1;
-    header.biPlanes = 1;
-    header.biBitCount = 1;
-    const auto packed = [&header](std::initializer_list<std::uint32_t> words) {
-        std::vector<std::uint8_t> bytes(sizeof header + words.size() * 4);
-        std::memcpy(bytes.data(), &header, sizeof header);
-        std::memcpy(bytes.data() + sizeof header, words.begin(), words.size() * 4);
-        return bytes;
+    BITMAPINFOHEADER header{sizeof header, 2, 1, 1, 1, BI_RGB, 0, 0, 0, 0, 0};
+    const auto paste = [&](const std::vector<std::uint32_t>& words) {
+        put_on_clipboard(CF_DIB, bytes_of(&header) + bytes_of(words.data(), words.size()));
+        choose(kCmdPaste);
     };
-    put_on_clipboard(CF_DIB, packed({0x00112233, 0x00445566, 0x00000040}));
-    choose(kCmdPaste);
+    paste({0x00112233, 0x00445566, 0x00000040});
     header.biBitCount = 32;
     header.biCompression = BI_BITFIELDS;
-    put_on_clipboard(CF_DIB, packed({0x00FF0000, 0x0000FF00, 0x000000FF, 0x00112233, 0x00445566}));
-    choose(kCmdPaste);
+    paste({0x00FF0000, 0x0000FF00, 0x000000FF, 0x00112233, 0x00445566});
     ASSERT_EQ(main.forms().size(), 2u);
     for (const auto& form : main.forms()) {
         EXPECT_EQ(pixel_at(picture_of(*form), 0, 0), (std::array<int, 3>{0x33, 0x22, 0x11}));
@@ -176,12 +172,12 @@ TEST_F(Files, ForeignBitmapsPaste) {
 
 TEST_F(Files, ClipboardWithoutPictureSaysSo) {
     const auto files = temporary_files();
-    put_on_clipboard(CF_TEXT, {'x', 0});
+    put_on_clipboard(CF_TEXT, "x");
     script.expect_message(IDOK);
     choose(kCmdPaste);
     EXPECT_EQ(script.messages().back(),
               LoadString(IDS_PASTE_ERROR) + LoadString(IDS_CLIPBOARD_EMPTY));
-    put_on_clipboard(CF_DIB, std::vector<std::uint8_t>(64, 0xEE)); // a damaged header
+    put_on_clipboard(CF_DIB, std::string(64, '\xEE')); // a damaged header
     script.expect_message(IDOK);
     choose(kCmdPaste);
     EXPECT_TRUE(main.forms().empty());

@@ -80,14 +80,8 @@ TEST(PictureReader, NamesInAnyScript) {
 
 TEST(UprightPicture, TurnsEveryOrientation) {
     // Where the file's first and second pixel of three by two come to lie, x and y from the top.
-    constexpr std::array<std::array<int, 4>, 8> kPlaces = {{{0, 0, 1, 0},
-                                                            {2, 0, 1, 0},
-                                                            {2, 1, 1, 1},
-                                                            {0, 1, 1, 1},
-                                                            {0, 0, 0, 1},
-                                                            {1, 0, 1, 1},
-                                                            {1, 2, 1, 1},
-                                                            {0, 2, 0, 1}}};
+    const std::array<int, 4> places[] = {{0, 0, 1, 0}, {2, 0, 1, 0}, {2, 1, 1, 1}, {0, 1, 1, 1},
+                                         {0, 0, 0, 1}, {1, 0, 1, 1}, {1, 2, 1, 1}, {0, 2, 0, 1}};
     for (int mark = 1; mark <= 8; ++mark) {
         SCOPED_TRACE(mark);
         UprightPicture upright(3, 2, mark);
@@ -95,7 +89,7 @@ TEST(UprightPicture, TurnsEveryOrientation) {
         upright.put_row(1, Bytes{40, 50, 60}.data(), {1, 0, 0, 0, -1});
         const cDIBSection picture = upright.take();
         ASSERT_EQ(picture.Width(), mark < 5 ? 3 : 2);
-        const auto& place = kPlaces[static_cast<std::size_t>(mark - 1)];
+        const auto& place = places[mark - 1];
         const int top = picture.Height() - 1;
         EXPECT_EQ(*picture.view().pixel(place[0], top - place[1]), 10);
         EXPECT_EQ(*picture.view().pixel(place[2], top - place[3]), 20);

@@ -1,8 +1,6 @@
 #include "process/combine.h"
 
 #include "process/reference.h"
-#include "support/every_level.h"
-#include "support/pictures.h"
 #include "support/recording_observer.h"
 
 #include <limits>
@@ -20,20 +18,15 @@ std::int32_t wrapped_sum(int s, std::int32_t from_offset, std::int32_t m, int t,
 
 cDIBSection summed(const cDIBSection& from, const cDIBSection& to, const SumPart& a,
                    const SumPart& b) {
-    cDIBSection result = to.Copy();
-    for (int x = 0; x < to.Width(); ++x)
-        for (int y = 0; y < to.Height(); ++y) {
-            const std::uint8_t* s = from.view().pixel(x, y);
-            std::uint8_t* t = result.view().pixel(x, y);
-            const auto part = [&](int channel, std::int32_t a_offset, std::int32_t b_offset) {
-                return clamped(wrapped_sum(s[channel], a_offset, a.multiplier, t[channel], b_offset,
-                                           b.multiplier));
-            };
-            t[0] = part(0, a.offset_r, b.offset_r);
-            t[1] = part(1, a.offset_g, b.offset_g);
-            t[2] = part(2, a.offset_g, b.offset_b);
-        }
-    return result;
+    return each_pixel(to, [&](int x, int y) {
+        const Bgr s = pixel_at(from, x, y);
+        const Bgr t = pixel_at(to, x, y);
+        const auto sum = [&](std::size_t c, std::int32_t a_offset, std::int32_t b_offset) {
+            return wrapped_sum(s[c], a_offset, a.multiplier, t[c], b_offset, b.multiplier);
+        };
+        return Bgr{sum(0, a.offset_r, b.offset_r), sum(1, a.offset_g, b.offset_g),
+                   sum(2, a.offset_g, b.offset_b)};
+    });
 }
 
 TEST(AddImages, AgainstTheReference) {
@@ -50,12 +43,10 @@ TEST(AddImages, AgainstTheReference) {
         for (const auto& [width, height] : odd_sizes()) {
             const cDIBSection from = random_picture(width, height, 1);
             const cDIBSection original = random_picture(width, height, 2);
-            const cDIBSection expected = summed(from, original, a, b);
-            at_every_level([&, a = a, b = b] {
-                cDIBSection to = original.Copy();
-                AddImages(from.view(), to.view(), a, b);
-                EXPECT_TRUE(same_pixels(to, expected)) << a.multiplier;
-            });
+            SCOPED_TRACE(a.multiplier);
+            expect_at_every_level(
+                original, summed(from, original, a, b),
+                [&, a = a, b = b](ImageView to, ImageView) { AddImages(from.view(), to, a, b); });
         }
 }
 
@@ -69,8 +60,7 @@ TEST(AddImages, PairsOffsetsOddly) {
 
 using Selection = void (*)(ConstImageView, ImageView, ProgressObserver*);
 
-std::array<int, 3> selected(Selection select, const std::array<int, 3>& from,
-                            const std::array<int, 3>& to) {
+Bgr selected(Selection select, const Bgr& from, const Bgr& to) {
     const cDIBSection source = flat_picture(2, 2, from[0], from[1], from[2]);
     cDIBSection target = flat_picture(2, 2, to[0], to[1], to[2]);
     select(source.view(), target.view(), nullptr);
@@ -80,14 +70,14 @@ std::array<int, 3> selected(Selection select, const std::array<int, 3>& from,
 TEST(Selection, LightestKeepsTheSmallerMeasureDarkestTheLarger) {
     const std::array black{0, 0, 0}, red{0, 0, 255}, dim{10, 10, 0}, dim_red{10, 10, 255};
     const std::array green{0, 1, 0}, blue{14, 0, 0}; // 929 and 994
-    EXPECT_EQ(selected(AddLightest, red, black), black);
-    EXPECT_EQ(selected(AddDarkest, red, black), black);
-    EXPECT_EQ(selected(AddLightest, dim, dim_red), dim_red);
-    EXPECT_EQ(selected(AddDarkest, dim, dim_red), dim_red);
-    EXPECT_EQ(selected(AddLightest, green, blue), green);
-    EXPECT_EQ(selected(AddLightest, blue, green), green);
-    EXPECT_EQ(selected(AddDarkest, green, blue), blue);
-    EXPECT_EQ(selected(AddDarkest, blue, green), blue);
+    const std::array<Bgr, 4> cases[] = {{red, black, black, black},
+                                        {dim, dim_red, dim_red, dim_red},
+                                        {green, blue, green, blue},
+                                        {blue, green, green, blue}};
+    for (const auto& [from, to, lightest, darkest] : cases) {
+        EXPECT_EQ(selected(AddLightest, from, to), lightest);
+        EXPECT_EQ(selected(AddDarkest, from, to), darkest);
+    }
 }
 
 TEST(Combination, ReadsALargerSourceAndReportsOnlyItsEnd) {
@@ -97,11 +87,9 @@ TEST(Combination, ReadsALargerSourceAndReportsOnlyItsEnd) {
     AddLightest(from.view(), to.view(), &observer);
     AddDarkest(from.view(), to.view(), &observer);
     AddImages(from.view(), to.view(), {1, 0, 0, 0}, {0, 0, 0, 0}, &observer);
-    for (int y = 0; y < 4; ++y)
-        for (int x = 0; x < 5; ++x)
-            EXPECT_EQ(pixel_at(to, x, y), pixel_at(from, x, y));
-    EXPECT_TRUE(observer.maxima.empty());
-    EXPECT_TRUE(observer.positions.empty());
+    const auto corner = [&](int x, int y) { return pixel_at(from, x, y); };
+    EXPECT_TRUE(same_pixels(to, each_pixel(to, corner)));
+    EXPECT_TRUE(observer.maxima.empty() && observer.positions.empty());
     EXPECT_EQ(observer.times.size(), 3u);
 }
 

@@ -1,11 +1,10 @@
 #include "process/filters.h"
 
 #include "process/reference.h"
-#include "support/every_level.h"
-#include "support/pictures.h"
 #include "support/recording_observer.h"
 
 #include <limits>
+#include <numeric>
 #include <random>
 
 namespace kelvane {
@@ -19,11 +18,11 @@ constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 void expect_convolution(const FilterKernel& kernel, int width, int height) {
     const cDIBSection original = random_picture(width, height, 7);
     const cDIBSection expected = convolved(original, kernel);
+    expect_at_every_level(original, expected, [&](ImageView image, ImageView buffer) {
+        convolve_in_place(image, buffer, kernel);
+    });
     at_every_level([&] {
-        cDIBSection image = original.Copy();
         cDIBSection buffer = random_picture(width, height, 8);
-        convolve_in_place(image.view(), buffer.view(), kernel);
-        EXPECT_TRUE(same_pixels(image, expected));
         convolve_to_buffer(original.view(), buffer.view(), kernel);
         EXPECT_TRUE(same_pixels(buffer, expected));
     });
@@ -61,34 +60,34 @@ TEST(Convolution, AnyCellsAndWeights) {
             }
 }
 
-TEST(Convolution, LeastSumByMinusOneIsClamped) {
+TEST(Convolution, ExtremeSumsAndWidths) {
     FilterKernel kernel(1, -1);
     kernel.set_cell(0, 0, kLeast);
     expect_convolution(kernel, 40, 3);
-    EXPECT_EQ(pixel_at(convolved(flat_picture(1, 1, 1, 2, 3), kernel), 0, 0),
-              (std::array{255, 0, 255}));
+    EXPECT_EQ(pixel_at(convolved(flat_picture(1, 1, 1, 2, 3), kernel), 0, 0), (Bgr{255, 0, 255}));
+    expect_convolution(FilterKernel(3, 1), 20, 5); // all cells zero
+    // Wider than one stretch, for both ways of walking.
+    expect_convolution(predefined_kernel(kSoftenMore), 2100, 7);
+    expect_convolution(random_kernel(7, 2, 9, 3), 2100, 9);
 }
 
-TEST(Convolution, AllCellsZeroGiveBlack) {
-    expect_convolution(FilterKernel(3, 1), 20, 5);
+void expect_quotients(const cDIBSection& image, const FilterKernel& kernel) {
+    SCOPED_TRACE(testing::Message() << kernel.cell(0, 0) << " / " << kernel.weight());
+    expect_at_every_level(image, convolved(image, kernel), [&](ImageView result, ImageView) {
+        convolve(image.view(), result, kernel);
+    });
 }
 
 // The narrow path multiplies by a reciprocal: every sum it may meet, many weights.
 TEST(Convolution, DividesExactly) {
-    cDIBSection image = black_picture(256, 1);
-    for (int x = 0; x < 256; ++x)
-        for (int channel = 0; channel < 3; ++channel)
-            image.view().pixel(x, 0)[channel] = static_cast<std::uint8_t>(x);
+    const cDIBSection image = each_pixel(black_picture(256, 1), [](int x, int) {
+        return Bgr{x, x, x};
+    });
     for (const std::int32_t factor : {1, 2, 127, 128, -128})
         for (std::int32_t weight = 1; weight < 33000; weight += weight < 600 ? 1 : 1009) {
             FilterKernel kernel(1, weight);
             kernel.set_cell(0, 0, factor);
-            const cDIBSection expected = convolved(image, kernel);
-            at_every_level([&] {
-                cDIBSection result = image.Copy();
-                convolve(image.view(), result.view(), kernel);
-                ASSERT_TRUE(same_pixels(result, expected)) << factor << " / " << weight;
-            });
+            expect_quotients(image, kernel);
             ASSERT_FALSE(HasFailure());
         }
 }
@@ -96,10 +95,10 @@ TEST(Convolution, DividesExactly) {
 // The wide path multiplies by a reciprocal in single or, from 16385 on, in double precision. With
 // the weight for a coefficient every sum stands beside a whole quotient, on it or one below.
 TEST(Convolution, DividesWideSumsExactly) {
-    cDIBSection image = black_picture(256 * 3, 3);
-    for (int x = 0; x < image.Width(); ++x)
-        for (int channel = 0; channel < 3; ++channel)
-            image.view().pixel(x, 1)[channel] = static_cast<std::uint8_t>(x % 3 == 1 ? x / 3 : 1);
+    const cDIBSection image = each_pixel(black_picture(256 * 3, 3), [](int x, int y) {
+        const int value = y != 1 ? 0 : x % 3 == 1 ? x / 3 : 1;
+        return Bgr{value, value, value};
+    });
     for (const std::int32_t magnitude :
          {129, 257, 1000, 4900, 8191, 16383, 16384, 16385, 16411, 32767, 40000, 8000000})
         for (const std::int32_t weight : {magnitude, -magnitude})
@@ -107,33 +106,19 @@ TEST(Convolution, DividesWideSumsExactly) {
                 FilterKernel kernel(3, weight);
                 kernel.set_cell(0, 0, weight);
                 kernel.set_cell(1, 0, beside);
-                const cDIBSection expected = convolved(image, kernel);
-                at_every_level([&] {
-                    cDIBSection result = image.Copy();
-                    convolve(image.view(), result.view(), kernel);
-                    EXPECT_TRUE(same_pixels(result, expected)) << weight << ' ' << beside;
-                });
+                expect_quotients(image, kernel);
             }
 }
 
-// Wider than one stretch, for both ways of walking.
-TEST(Convolution, WidePictures) {
-    expect_convolution(predefined_kernel(kSoftenMore), 2100, 7);
-    expect_convolution(random_kernel(7, 2, 9, 3), 2100, 9);
-}
-
 TEST(Convolution, PredefinedWeightsAndCentres) {
-    const auto weight = [](int type) { return predefined_kernel(type).weight(); };
-    EXPECT_EQ(weight(kBlur), 9);
-    EXPECT_EQ(weight(kBlurMore), 25);
-    EXPECT_EQ(weight(kSoften), 12);
-    EXPECT_EQ(weight(kSoftenMore), 44);
-    EXPECT_EQ(weight(kSharpen), 7);
-    EXPECT_EQ(weight(kSharpenMore), 1);
-    EXPECT_EQ(weight(kEmphasizeFirst), 20);
-    EXPECT_EQ(weight(kEmphasizeSecond), 1);
-    EXPECT_EQ(predefined_kernel(kSoften).cell(0, 0), 4);
-    EXPECT_EQ(predefined_kernel(kSoftenMore).cell(0, 0), 12);
+    const int types[] = {kBlur,    kBlurMore,    kSoften,         kSoftenMore,
+                         kSharpen, kSharpenMore, kEmphasizeFirst, kEmphasizeSecond};
+    const std::pair<int, int> expected[] = {{9, 1},  {25, 1}, {12, 4},  {44, 12},
+                                            {7, 15}, {1, 5},  {20, 15}, {1, 15}};
+    for (std::size_t i = 0; i < std::size(types); ++i) {
+        const FilterKernel kernel = predefined_kernel(types[i]);
+        EXPECT_EQ(std::pair(kernel.weight(), kernel.cell(0, 0)), expected[i]) << types[i];
+    }
     EXPECT_EQ(predefined_kernel(kSoftenMore).cell(-1, 1), 2);
     EXPECT_EQ(predefined_kernel(kSharpenMore).cell(1, 1), 0);
     // Flat grey of 100 stays: (15 x 100 - 8 x 100) / 7.
@@ -141,57 +126,56 @@ TEST(Convolution, PredefinedWeightsAndCentres) {
     EXPECT_TRUE(same_pixels(convolved(grey, predefined_kernel(kSharpen)), grey));
 }
 
-TEST(Rank, AgainstTheReference) {
-    for (const Rank rank : {Rank::Mean, Rank::Minimum, Rank::Maximum})
-        for (const auto& [width, height] : odd_sizes()) {
-            const cDIBSection original = random_picture(width, height, 5);
-            const cDIBSection expected = ranked(original, rank);
-            at_every_level([&, width = width, height = height] {
-                cDIBSection image = original.Copy();
-                cDIBSection buffer = black_picture(width, height);
-                rank_in_place(image.view(), buffer.view(), rank);
-                EXPECT_TRUE(same_pixels(image, expected));
-            });
+cDIBSection ranked(const cDIBSection& picture, Rank rank) {
+    return each_pixel(picture, [&](int x, int y) {
+        Bgr colour = pixel_at(picture, x, y);
+        if (x < 1 || y < 1 || x >= picture.Width() - 1 || y >= picture.Height() - 1) return colour;
+        for (std::size_t c = 0; c < 3; ++c) {
+            std::vector<int> nine;
+            for (int i = 0; i < 9; ++i)
+                nine.push_back(pixel_at(picture, x - 1 + i % 3, y - 1 + i / 3)[c]);
+            std::sort(nine.begin(), nine.end());
+            colour[c] = rank == Rank::Mean      ? std::accumulate(nine.begin(), nine.end(), 0) / 9
+                        : rank == Rank::Minimum ? nine.front()
+                                                : nine.back();
         }
+        return colour;
+    });
 }
 
-TEST(Filters, UnsharpIsTwiceThePictureLessItsBlur) {
-    for (const auto& [width, height] : odd_sizes()) {
-        const cDIBSection original = random_picture(width, height, 6);
-        const cDIBSection blurred = convolved(original, predefined_kernel(kBlur));
-        cDIBSection expected = original.Copy();
-        for (int y = 0; y < height; ++y)
-            for (int byte = 0; byte < 3 * width; ++byte)
-                expected.view().row(y)[byte] =
-                    clamped(2 * original.view().row(y)[byte] - blurred.view().row(y)[byte]);
-        at_every_level([&, width = width, height = height] {
-            cDIBSection image = original.Copy();
-            cDIBSection buffer = black_picture(width, height);
-            unsharp(image.view(), buffer.view());
-            EXPECT_TRUE(same_pixels(image, expected));
-        });
-    }
+cDIBSection unsharpened(const cDIBSection& picture) {
+    const cDIBSection blurred = convolved(picture, predefined_kernel(kBlur));
+    return each_pixel(picture, [&](int x, int y) {
+        const Bgr p = pixel_at(picture, x, y);
+        const Bgr b = pixel_at(blurred, x, y);
+        return Bgr{2 * p[0] - b[0], 2 * p[1] - b[1], 2 * p[2] - b[2]};
+    });
 }
 
-TEST(Filters, EmbossLiftsBordersAndTinyPicturesToo) {
+cDIBSection embossed(const cDIBSection& picture) {
+    const cDIBSection relief = convolved(picture, predefined_kernel(kEmboss));
+    return each_pixel(relief, [&](int x, int y) {
+        const Bgr p = pixel_at(relief, x, y);
+        return Bgr{p[0] + 127, p[1] + 127, p[2] + 127}; // borders too
+    });
+}
+
+TEST(Filters, AgainstTheReferences) {
     for (const auto& [width, height] : odd_sizes()) {
-        const cDIBSection original = random_picture(width, height, 6);
-        cDIBSection expected = convolved(original, predefined_kernel(kEmboss));
-        for (int y = 0; y < height; ++y)
-            for (int byte = 0; byte < 3 * width; ++byte)
-                expected.view().row(y)[byte] = clamped(expected.view().row(y)[byte] + 127);
-        at_every_level([&, width = width, height = height] {
-            cDIBSection image = original.Copy();
-            cDIBSection buffer = black_picture(width, height);
-            emboss(image.view(), buffer.view(), predefined_kernel(kEmboss));
-            EXPECT_TRUE(same_pixels(image, expected));
+        const cDIBSection original = random_picture(width, height, 5);
+        for (const Rank rank : {Rank::Mean, Rank::Minimum, Rank::Maximum})
+            expect_at_every_level(
+                original, ranked(original, rank),
+                [&](ImageView image, ImageView buffer) { rank_in_place(image, buffer, rank); });
+        expect_at_every_level(original, unsharpened(original),
+                              [](ImageView image, ImageView buffer) { unsharp(image, buffer); });
+        expect_at_every_level(original, embossed(original), [](ImageView image, ImageView buffer) {
+            emboss(image, buffer, predefined_kernel(kEmboss));
         });
     }
-    cDIBSection flat = flat_picture(4, 4, 10, 20, 30);
-    cDIBSection buffer = black_picture(4, 4);
-    emboss(flat.view(), buffer.view(), predefined_kernel(kEmboss));
-    EXPECT_EQ(pixel_at(flat, 1, 1), (std::array{127, 127, 127}));
-    EXPECT_EQ(pixel_at(flat, 0, 0), (std::array{137, 147, 157}));
+    const cDIBSection flat = embossed(flat_picture(4, 4, 10, 20, 30));
+    EXPECT_EQ(pixel_at(flat, 1, 1), (Bgr{127, 127, 127}));
+    EXPECT_EQ(pixel_at(flat, 0, 0), (Bgr{137, 147, 157}));
 }
 
 TEST(Filters, ReportEveryColumnInAscendingOrder) {
@@ -209,27 +193,24 @@ TEST(Filters, ReportEveryColumnInAscendingOrder) {
 }
 
 TEST(Filters, TinyPicturesStillReport) {
-    cDIBSection narrow_image = random_picture(2, 9, 1);
-    cDIBSection narrow_buffer = black_picture(2, 9);
-    RecordingObserver narrow;
-    rank_in_place(narrow_image.view(), narrow_buffer.view(), Rank::Maximum, &narrow);
+    const auto told = [](int width, int height) {
+        RecordingObserver observer;
+        rank_in_place(black_picture(width, height).view(), black_picture(width, height).view(),
+                      Rank::Maximum, &observer);
+        return observer;
+    };
+    const RecordingObserver narrow = told(2, 9);
     EXPECT_EQ(narrow.maxima, std::vector<long>{0});
     EXPECT_TRUE(narrow.positions.empty());
     EXPECT_EQ(narrow.times.size(), 1u);
-
     // Too low, not too narrow: the columns are walked although they hold nothing to do.
-    cDIBSection low_image = random_picture(9, 2, 1);
-    cDIBSection low_buffer = black_picture(9, 2);
-    RecordingObserver low;
-    rank_in_place(low_image.view(), low_buffer.view(), Rank::Minimum, &low);
-    EXPECT_EQ(low.positions, columns(3, 21));
+    EXPECT_EQ(told(9, 2).positions, columns(3, 21));
 }
 
 TEST(Filters, CompositesCompleteTwice) {
     cDIBSection image = random_picture(9, 9, 1);
-    cDIBSection buffer = black_picture(9, 9);
     RecordingObserver observer;
-    unsharp(image.view(), buffer.view(), &observer);
+    unsharp(image.view(), black_picture(9, 9).view(), &observer);
     EXPECT_EQ(observer.positions, columns(3, 21));
     EXPECT_EQ(observer.times.size(), 2u);
 }

@@ -1,9 +1,10 @@
 // Slow, obvious versions of the filters: columns outside, rows inside, one pixel at a time.
 #pragma once
 
-#include "image/dib_section.h"
 #include "process/filter_kernel.h"
 #include "process/rank.h"
+#include "support/every_level.h"
+#include "support/pictures.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -32,24 +33,44 @@ inline cDIBSection convolved(const cDIBSection& picture, const FilterKernel& ker
     return result;
 }
 
-inline cDIBSection ranked(const cDIBSection& picture, Rank rank) {
+using Bgr = std::array<int, 3>;
+
+/// The picture with every pixel the clamped rule(x, y), of type Bgr; the rule meets pictures only
+/// through what it captured.
+template <typename Rule> cDIBSection each_pixel(const cDIBSection& picture, Rule rule) {
     cDIBSection result = picture.Copy();
-    for (int x = 1; x < picture.Width() - 1; ++x)
-        for (int y = 1; y < picture.Height() - 1; ++y)
-            for (int channel = 0; channel < 3; ++channel) {
-                std::vector<int> nine;
-                int sum = 0;
-                for (int i = -1; i <= 1; ++i)
-                    for (int j = -1; j <= 1; ++j) {
-                        nine.push_back(picture.view().pixel(x + i, y + j)[channel]);
-                        sum += nine.back();
-                    }
-                const auto [low, high] = std::minmax_element(nine.begin(), nine.end());
-                result.view().pixel(x, y)[channel] = clamped(rank == Rank::Mean      ? sum / 9
-                                                             : rank == Rank::Minimum ? *low
-                                                                                     : *high);
-            }
+    for (int x = 0; x < picture.Width(); ++x)
+        for (int y = 0; y < picture.Height(); ++y) {
+            const Bgr colour = rule(x, y);
+            for (std::size_t c = 0; c < 3; ++c)
+                result.view().pixel(x, y)[c] = clamped(colour[c]);
+        }
     return result;
+}
+
+/// Green against red meets every remainder of a grey, exact halves over even and odd ones included.
+inline cDIBSection greens_against_reds() {
+    return each_pixel(black_picture(256, 256), [](int x, int y) { return Bgr{x ^ y, x, y}; });
+}
+
+/// The odd sizes and these.
+inline std::vector<std::pair<int, int>>
+odd_sizes_and(std::initializer_list<std::pair<int, int>> more) {
+    std::vector<std::pair<int, int>> sizes = odd_sizes();
+    sizes.insert(sizes.end(), more);
+    return sizes;
+}
+
+/// run(image, buffer) makes the expected picture of the image at every processor level.
+template <typename Operation>
+void expect_at_every_level(const cDIBSection& original, const cDIBSection& expected,
+                           Operation run) {
+    at_every_level([&] {
+        cDIBSection image = original.Copy();
+        cDIBSection buffer = random_picture(original.Width(), original.Height(), 8);
+        run(image.view(), buffer.view());
+        EXPECT_TRUE(same_pixels(image, expected));
+    });
 }
 
 } // namespace kelvane::test

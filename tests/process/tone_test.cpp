@@ -1,33 +1,25 @@
-#include "image/cpu.h"
 #include "process/grayscale.h"
 #include "process/hls_rgb.h"
+#include "process/reference.h"
 #include "process/tone.h"
-#include "support/pictures.h"
 #include "support/recording_observer.h"
 
 #include <gmock/gmock.h>
 
 #include <cmath>
 #include <functional>
+#include <set>
 
 namespace kelvane::test {
 namespace {
 
 using testing::ElementsAre;
-using Bgr = std::array<int, 3>;
 
 // One pixel's new colour, the slow obvious way.
 using PixelRule = std::function<Bgr(const Bgr&)>;
 
-cDIBSection each_pixel(const cDIBSection& from, const PixelRule& rule) {
-    cDIBSection result = from.Copy();
-    for (int x = 0; x < from.Width(); ++x)
-        for (int y = 0; y < from.Height(); ++y) {
-            const Bgr colour = rule(pixel_at(from, x, y));
-            for (std::size_t i = 0; i < 3; ++i)
-                result.view().pixel(x, y)[i] = static_cast<std::uint8_t>(colour[i]);
-        }
-    return result;
+cDIBSection by_rule(const cDIBSection& from, const PixelRule& rule) {
+    return each_pixel(from, [&](int x, int y) { return rule(pixel_at(from, x, y)); });
 }
 
 Bgr grey_rule(const Bgr& c) {
@@ -35,11 +27,13 @@ Bgr grey_rule(const Bgr& c) {
     return {v, v, v};
 }
 
-Bgr hls_rule(const Bgr& c, const std::function<void(mHLSRGB::Hls&)>& change) {
-    mHLSRGB::Hls hls = mHLSRGB::RGBToHLS(c[2], c[1], c[0]);
-    change(hls);
-    const mHLSRGB::Rgb rgb = mHLSRGB::HLSToRGB(hls);
-    return {rgb.b, rgb.g, rgb.r};
+PixelRule hls_rule(const std::function<void(mHLSRGB::Hls&)>& change) {
+    return [change](const Bgr& c) {
+        mHLSRGB::Hls hls = mHLSRGB::RGBToHLS(c[2], c[1], c[0]);
+        change(hls);
+        const mHLSRGB::Rgb rgb = mHLSRGB::HLSToRGB(hls);
+        return Bgr{rgb.b, rgb.g, rgb.r};
+    };
 }
 
 struct ToneCase {
@@ -48,108 +42,57 @@ struct ToneCase {
     PixelRule rule;
 };
 
-ToneCase lighten_case(int percent) {
-    return {"lighten " + std::to_string(percent),
-            [=](ImageView v, ProgressObserver* o) { Lighten(v, percent, o); },
-            [=](const Bgr& c) {
-                return hls_rule(c, [=](mHLSRGB::Hls& hls) {
-                    hls.L = hls.L * (static_cast<float>(percent) / 100.0f + 1.0f);
-                    if (hls.L > 1) hls.L = 1;
-                });
-            }};
-}
-
-ToneCase colourise_case(float hue) {
-    return {"colourise " + std::to_string(hue),
-            [=](ImageView v, ProgressObserver* o) { Colourise(v, hue, o); },
-            [=](const Bgr& c) {
-                return hls_rule(c, [=](mHLSRGB::Hls& hls) {
-                    if (hls.H == 0) hls.S = 0.5f;
-                    hls.H = hue;
-                });
-            }};
-}
-
 std::vector<ToneCase> tone_cases() {
     std::vector<ToneCase> cases{
-        {"grey", [](ImageView v, ProgressObserver* o) { GrayScale(v, o); }, grey_rule},
+        {"grey", GrayScale, grey_rule},
         {"fade", [](ImageView v, ProgressObserver* o) { Fade(v, 128, o); },
          [](const Bgr& c) {
              return Bgr{c[0] * 128 / 255, c[1] * 128 / 255, c[2] * 128 / 255};
          }}};
     for (const int percent : {-100, -37, 20, 100})
-        cases.push_back(lighten_case(percent));
+        cases.push_back({"lighten " + std::to_string(percent),
+                         [=](ImageView v, ProgressObserver* o) { Lighten(v, percent, o); },
+                         hls_rule([=](mHLSRGB::Hls& hls) {
+                             const float factor = static_cast<float>(percent) / 100.0f + 1.0f;
+                             hls.L = std::min(hls.L * factor, 1.0f);
+                         })});
     for (const float hue : {-1.0f, -0.3f, 0.0f, 0.7f, 1.0f, 2.5f, 3.1f, 4.0f, 5.0f})
-        cases.push_back(colourise_case(hue));
+        cases.push_back({"colourise " + std::to_string(hue),
+                         [=](ImageView v, ProgressObserver* o) { Colourise(v, hue, o); },
+                         hls_rule([=](mHLSRGB::Hls& hls) {
+                             if (hls.H == 0) hls.S = 0.5f;
+                             hls.H = hue;
+                         })});
     return cases;
 }
 
-std::vector<std::pair<int, int>> sizes_across_strips() {
-    std::vector<std::pair<int, int>> sizes = odd_sizes();
-    sizes.emplace_back(4131, 2);
-    return sizes;
-}
-
-class Tone : public testing::TestWithParam<CpuLevel> {
-    CpuLevelCap cap_{GetParam()};
-};
-INSTANTIATE_TEST_SUITE_P(EachProcessor, Tone, testing::Values(CpuLevel::Baseline, CpuLevel::Avx2));
-
-TEST_P(Tone, IsTheSlowWayPixelByPixel) {
-    for (const ToneCase& tone : tone_cases())
-        for (const auto& [width, height] : sizes_across_strips()) {
-            cDIBSection picture = random_picture(width, height, 5);
-            const cDIBSection expected = each_pixel(picture, tone.rule);
-            tone.run(picture.view(), nullptr);
-            ASSERT_TRUE(same_pixels(picture, expected)) << tone.name;
-        }
-}
-
-TEST_P(Tone, GreyOfEveryHalf) {
-    // Green against red meets each remainder, exact halves over even and odd greys included.
-    cDIBSection picture = black_picture(256, 256);
-    for (int y = 0; y < 256; ++y)
-        for (int x = 0; x < 256; ++x) {
-            picture.view().pixel(x, y)[0] = static_cast<std::uint8_t>(x ^ y);
-            picture.view().pixel(x, y)[1] = static_cast<std::uint8_t>(x);
-            picture.view().pixel(x, y)[2] = static_cast<std::uint8_t>(y);
-        }
-    const cDIBSection expected = each_pixel(picture, grey_rule);
-    GrayScale(picture.view());
-    EXPECT_TRUE(same_pixels(picture, expected));
-}
-
-TEST_P(Tone, ColumnsAreReportedAscending) {
-    for (const ToneCase& tone : tone_cases()) {
-        RecordingObserver observer;
-        tone.run(random_picture(4200, 2, 1).view(), &observer);
-        EXPECT_THAT(observer.maxima, ElementsAre(12597)) << tone.name;
-        EXPECT_EQ(observer.positions, columns(0, 12597)) << tone.name;
-        EXPECT_EQ(observer.times.size(), 1u) << tone.name;
-    }
-}
-
-TEST(Tone, GreyAndFadeValues) {
-    const auto grey_of = [](int b, int g, int r) {
-        cDIBSection pixel = flat_picture(1, 1, b, g, r);
-        GrayScale(pixel.view());
-        return pixel_at(pixel, 0, 0)[0];
+TEST(Tone, IsTheSlowWayPixelByPixel) {
+    const auto expect_rule = [](const ToneCase& tone, const cDIBSection& picture) {
+        SCOPED_TRACE(tone.name);
+        expect_at_every_level(picture, by_rule(picture, tone.rule),
+                              [&](ImageView image, ImageView) { tone.run(image, nullptr); });
     };
-    EXPECT_EQ(grey_of(255, 255, 255), 255);
-    EXPECT_EQ(grey_of(0, 255, 0), 180);
-    EXPECT_EQ(grey_of(255, 0, 0), 18);
-    cDIBSection pixel = flat_picture(1, 1, 255, 1, 2);
-    Fade(pixel.view(), 128);
-    EXPECT_THAT(pixel_at(pixel, 0, 0), ElementsAre(128, 0, 1));
+    for (const ToneCase& tone : tone_cases())
+        for (const auto& [width, height] : odd_sizes_and({{4131, 2}}))
+            expect_rule(tone, random_picture(width, height, 5));
+    expect_rule(tone_cases()[0], greens_against_reds());
 }
 
-TEST(Tone, GreysTakeHalfSaturationAndKeepTheirLightness) {
+TEST(Tone, ColumnsAreReportedAscending) {
+    for (const ToneCase& tone : tone_cases())
+        at_every_level([&] {
+            RecordingObserver observer;
+            tone.run(random_picture(4200, 2, 1).view(), &observer);
+            EXPECT_THAT(observer.maxima, ElementsAre(12597)) << tone.name;
+            EXPECT_EQ(observer.positions, columns(0, 12597)) << tone.name;
+            EXPECT_EQ(observer.times.size(), 1u) << tone.name;
+        });
+}
+
+TEST(Tone, GreysTakeHalfSaturation) {
     cDIBSection grey = flat_picture(1, 1, 100, 100, 100);
     Colourise(grey.view(), 4);
     EXPECT_THAT(pixel_at(grey, 0, 0), ElementsAre(150, 50, 50));
-    cDIBSection white = flat_picture(1, 1, 255, 255, 255);
-    Colourise(white.view(), 2);
-    EXPECT_THAT(pixel_at(white, 0, 0), ElementsAre(255, 255, 255));
 }
 
 TEST(HlsRgb, EveryColourComesBack) {
@@ -161,88 +104,77 @@ TEST(HlsRgb, EveryColourComesBack) {
             }
 }
 
-TEST(HlsRgb, HuesOfThePrimaries) {
-    EXPECT_EQ(mHLSRGB::RGBToHLS(255, 0, 0).H, 0);
-    EXPECT_EQ(mHLSRGB::RGBToHLS(255, 255, 0).H, 1); // red before green
-    EXPECT_EQ(mHLSRGB::RGBToHLS(0, 255, 255).H, 3); // green before blue
-    EXPECT_EQ(mHLSRGB::RGBToHLS(0, 0, 255).H, 4);
-    EXPECT_EQ(mHLSRGB::RGBToHLS(255, 0, 255).H, -1);
+TEST(HlsRgb, WorkedHues) {
+    const std::pair<Bgr, float> hues[] = {
+        {{255, 0, 0}, 0.0f},         {{255, 255, 0}, 1.0f}, // red before green
+        {{0, 255, 255}, 3.0f},                              // green before blue
+        {{0, 0, 255}, 4.0f},         {{255, 0, 255}, -1.0f},
+        {{51, 102, 204}, 11 / 3.0f}, {{204, 255, 230}, 2 + 26 / 51.0f}};
+    for (const auto& [rgb, hue] : hues)
+        EXPECT_FLOAT_EQ(mHLSRGB::RGBToHLS(rgb[0], rgb[1], rgb[2]).H, hue);
+    EXPECT_FLOAT_EQ(mHLSRGB::RGBToHLS(51, 102, 204).L, 0.5f);
+    EXPECT_FLOAT_EQ(mHLSRGB::RGBToHLS(51, 102, 204).S, 0.6f);
+    EXPECT_NEAR(mHLSRGB::RGBToHLS(204, 255, 230).S, 1, 1e-6); // above half lightness
     EXPECT_EQ(mHLSRGB::RGBToHLS(51, 51, 51).S, 0);
 }
 
-TEST(HlsRgb, WorkedValues) {
-    const mHLSRGB::Hls blue = mHLSRGB::RGBToHLS(51, 102, 204);
-    EXPECT_FLOAT_EQ(blue.H, 11 / 3.0f);
-    EXPECT_FLOAT_EQ(blue.L, 0.5f);
-    EXPECT_FLOAT_EQ(blue.S, 0.6f);
-    const mHLSRGB::Hls pale = mHLSRGB::RGBToHLS(204, 255, 230); // above half lightness
-    EXPECT_FLOAT_EQ(pale.H, 2 + 26 / 51.0f);
-    EXPECT_NEAR(pale.S, 1, 1e-6);
-
-    const auto rgb = [](float hue, float lightness, float saturation) {
-        const mHLSRGB::Rgb colour = mHLSRGB::HLSToRGB({hue, lightness, saturation});
-        return Bgr{colour.r, colour.g, colour.b};
-    };
+TEST(HlsRgb, WorkedColours) {
     // The middle of every sextant: 191.25, 63.75 and the half 127.5, which goes to the even side.
-    EXPECT_THAT(rgb(-0.5f, 0.5f, 0.5f), ElementsAre(191, 64, 128));
-    EXPECT_THAT(rgb(0.5f, 0.5f, 0.5f), ElementsAre(191, 128, 64));
-    EXPECT_THAT(rgb(1.5f, 0.5f, 0.5f), ElementsAre(128, 191, 64));
-    EXPECT_THAT(rgb(2.5f, 0.5f, 0.5f), ElementsAre(64, 191, 128));
-    EXPECT_THAT(rgb(3.5f, 0.5f, 0.5f), ElementsAre(64, 128, 191));
-    EXPECT_THAT(rgb(4.5f, 0.5f, 0.5f), ElementsAre(128, 64, 191));
-    EXPECT_THAT(rgb(0, 0.75f, 0.5f), ElementsAre(223, 159, 159));
-    EXPECT_THAT(rgb(3, 2, 0), ElementsAre(510, 510, 510)); // clamping is the caller's
+    const std::pair<mHLSRGB::Hls, Bgr> colours[] = {
+        {{-0.5f, 0.5f, 0.5f}, {191, 64, 128}}, {{0.5f, 0.5f, 0.5f}, {191, 128, 64}},
+        {{1.5f, 0.5f, 0.5f}, {128, 191, 64}},  {{2.5f, 0.5f, 0.5f}, {64, 191, 128}},
+        {{3.5f, 0.5f, 0.5f}, {64, 128, 191}},  {{4.5f, 0.5f, 0.5f}, {128, 64, 191}},
+        {{0, 0.75f, 0.5f}, {223, 159, 159}},   {{3, 2, 0}, {510, 510, 510}}}; // not clamped here
+    for (const auto& [hls, rgb] : colours) {
+        const mHLSRGB::Rgb colour = mHLSRGB::HLSToRGB(hls);
+        EXPECT_EQ((Bgr{colour.r, colour.g, colour.b}), rgb);
+    }
+}
+
+cDIBSection noisy(int percent, bool random_choice, ProgressObserver* observer = nullptr) {
+    cDIBSection picture = flat_picture(50, 50, 128, 128, 128);
+    RandomSource random(7);
+    AddNoise(picture.view(), percent, random_choice, random, observer);
+    return picture;
+}
+
+std::multiset<Bgr> pixels(const cDIBSection& picture) {
+    std::multiset<Bgr> all;
+    for (int x = 0; x < picture.Width(); ++x)
+        for (int y = 0; y < picture.Height(); ++y)
+            all.insert(pixel_at(picture, x, y));
+    return all;
 }
 
 TEST(Noise, StaysWithinItsSpreadAndRepeatsWithItsSeed) {
-    cDIBSection first = flat_picture(40, 30, 128, 128, 128);
-    cDIBSection second = first.Copy();
-    RandomSource random(7);
     RecordingObserver observer;
-    AddNoise(first.view(), 50, false, random, &observer);
-    int lowest = 255;
-    int highest = 0;
-    for (int x = 0; x < 40; ++x)
-        for (int y = 0; y < 30; ++y)
-            for (const int channel : pixel_at(first, x, y)) {
-                lowest = std::min(lowest, channel);
-                highest = std::max(highest, channel);
-            }
-    EXPECT_EQ(lowest, 96); // 50 x 128 / 100 = 64 steps from 128 - 32
-    EXPECT_EQ(highest, 160);
-    EXPECT_THAT(observer.maxima, ElementsAre(39)); // pixels, though positions are bytes
-    EXPECT_EQ(observer.positions, columns(0, 117));
-    RandomSource again(7);
-    AddNoise(second.view(), 50, false, again);
-    EXPECT_TRUE(same_pixels(second, first));
+    const cDIBSection first = noisy(50, false, &observer);
+    std::set<int> values;
+    for (const Bgr& colour : pixels(first))
+        values.insert(colour.begin(), colour.end());
+    EXPECT_EQ(*values.begin(), 96); // 50 x 128 / 100 = 64 steps from 128 - 32
+    EXPECT_EQ(*values.rbegin(), 160);
+    EXPECT_THAT(observer.maxima, ElementsAre(49)); // pixels, though positions are bytes
+    EXPECT_EQ(observer.positions, columns(0, 147));
+    EXPECT_TRUE(same_pixels(noisy(50, false), first));
 }
 
 TEST(Noise, RandomChoiceChangesFewerPixelsWithMorePercent) {
-    const auto changed = [](int percent, bool random_choice) {
-        cDIBSection picture = flat_picture(50, 50, 128, 128, 128);
-        RandomSource random(3);
-        AddNoise(picture.view(), percent, random_choice, random);
-        int count = 0;
-        for (int x = 0; x < 50; ++x)
-            for (int y = 0; y < 50; ++y)
-                count += pixel_at(picture, x, y) != Bgr{128, 128, 128};
-        return count;
-    };
-    EXPECT_EQ(changed(0, false), 0);
-    EXPECT_EQ(changed(100, true), 0);
-    EXPECT_NEAR(changed(80, true), 500, 100);
+    constexpr Bgr kUntouched{128, 128, 128};
+    EXPECT_EQ(pixels(noisy(0, false)).count(kUntouched), 2500u);
+    EXPECT_EQ(pixels(noisy(100, true)).count(kUntouched), 2500u);
+    EXPECT_NEAR(static_cast<double>(pixels(noisy(80, true)).count(kUntouched)), 2000, 100);
 }
 
-TEST_P(Tone, NegativeTurnsEveryByteAndReportsItsEndOnly) {
-    cDIBSection picture = random_picture(33, 5, 2);
-    const cDIBSection before = picture.Copy();
-    RecordingObserver observer;
-    NegativeImage(picture.view(), &observer);
-    EXPECT_TRUE(same_pixels(picture, each_pixel(before, [](const Bgr& c) {
-                                return Bgr{255 - c[0], 255 - c[1], 255 - c[2]};
-                            })));
-    EXPECT_TRUE(observer.maxima.empty() && observer.positions.empty());
-    EXPECT_EQ(observer.times.size(), 1u);
+TEST(Tone, NegativeTurnsEveryByteAndReportsItsEndOnly) {
+    const cDIBSection picture = random_picture(33, 5, 2);
+    const auto negative = [](const Bgr& c) { return Bgr{255 - c[0], 255 - c[1], 255 - c[2]}; };
+    expect_at_every_level(picture, by_rule(picture, negative), [](ImageView image, ImageView) {
+        RecordingObserver observer;
+        NegativeImage(image, &observer);
+        EXPECT_TRUE(observer.maxima.empty() && observer.positions.empty());
+        EXPECT_EQ(observer.times.size(), 1u);
+    });
 }
 
 TEST(RandomBits, GreyIsGreyAndColourHasNoBlue) {
@@ -250,14 +182,13 @@ TEST(RandomBits, GreyIsGreyAndColourHasNoBlue) {
     grey.RandomiseBits(true);
     cDIBSection colour = black_picture(30, 20);
     colour.RandomiseBits(false);
+    for (const auto& [b, g, r] : pixels(grey))
+        EXPECT_TRUE(b == g && g == r);
     int greens = 0;
-    for (int x = 0; x < 30; ++x)
-        for (int y = 0; y < 20; ++y) {
-            const Bgr g = pixel_at(grey, x, y);
-            EXPECT_TRUE(g[0] == g[1] && g[1] == g[2]);
-            EXPECT_EQ(pixel_at(colour, x, y)[0], 0);
-            greens += pixel_at(colour, x, y)[1];
-        }
+    for (const auto& [b, g, r] : pixels(colour)) {
+        EXPECT_EQ(b, 0);
+        greens += g;
+    }
     EXPECT_NEAR(greens / 600.0, 127.5, 20);
 }
 

@@ -1,8 +1,7 @@
 #include "reduce/black_white.h"
 
-#include "image/cpu.h"
 #include "process/grayscale.h"
-#include "support/pictures.h"
+#include "process/reference.h"
 #include "support/recording_observer.h"
 
 #include <gmock/gmock.h>
@@ -16,27 +15,22 @@ namespace {
 
 using testing::ElementsAre;
 
-void put(cDIBSection& picture, int x, int y, bool black) {
-    std::memset(picture.view().pixel(x, y), black ? 0 : 255, 3);
-}
+constexpr Bgr kBlack{0, 0, 0};
+constexpr Bgr kWhite{255, 255, 255};
 
 cDIBSection slow_black_white(cDIBSection source, int limit) {
     GrayScale(source.view());
-    for (int x = 0; x < source.Width(); ++x)
-        for (int y = 0; y < source.Height(); ++y)
-            put(source, x, y, pixel_at(source, x, y)[0] <= limit);
-    return source;
+    return each_pixel(
+        source, [&](int x, int y) { return pixel_at(source, x, y)[0] <= limit ? kBlack : kWhite; });
 }
 
-cDIBSection slow_line_art(cDIBSection source, int limit, Channels use) {
+cDIBSection slow_line_art(const cDIBSection& source, int limit, Channels use) {
     const int count = use.red + use.green + use.blue;
-    for (int x = 0; x < source.Width(); ++x)
-        for (int y = 0; y < source.Height(); ++y) {
-            const auto [b, g, r] = pixel_at(source, x, y);
-            const int sum = (use.red ? r : 0) + (use.green ? g : 0) + (use.blue ? b : 0);
-            put(source, x, y, std::nearbyint(static_cast<double>(sum) / count) <= limit);
-        }
-    return source;
+    return each_pixel(source, [&](int x, int y) {
+        const auto [b, g, r] = pixel_at(source, x, y);
+        const int sum = (use.red ? r : 0) + (use.green ? g : 0) + (use.blue ? b : 0);
+        return std::nearbyint(static_cast<double>(sum) / count) <= limit ? kBlack : kWhite;
+    });
 }
 
 int packed(const cDIBSection& picture, int x, int y) {
@@ -44,68 +38,54 @@ int packed(const cDIBSection& picture, int x, int y) {
     return r * 65536 + g * 256 + b;
 }
 
-cDIBSection slow_edges(const cDIBSection& source, cDIBSection result, int limit) {
+cDIBSection slow_edges(const cDIBSection& source, const cDIBSection& before, int limit) {
     const double threshold = std::pow(limit, 3);
-    for (int x = source.Width() - 1; x >= 1; --x)
-        for (int y = source.Height() - 1; y >= 1; --y) {
-            put(result, x, y,
-                std::abs(packed(source, x, y) - packed(source, x, y - 1)) >= threshold);
-            put(result, x, y,
-                std::abs(packed(source, x, y) - packed(source, x - 1, y)) >= threshold);
-        }
-    return result;
+    return each_pixel(before, [&](int x, int y) {
+        if (x == 0 || y == 0) return pixel_at(before, x, y);
+        const int step = std::abs(packed(source, x, y) - packed(source, x - 1, y));
+        return step >= threshold ? kBlack : kWhite;
+    });
 }
 
-std::vector<std::pair<int, int>> sizes_across_strips() {
-    std::vector<std::pair<int, int>> sizes = odd_sizes();
-    sizes.insert(sizes.end(), {{4097, 3}, {4098, 3}, {8300, 3}});
-    return sizes;
+// Into another picture and in place; both pictures become the expected one.
+template <typename Operation, typename Reference>
+void expect_reduction(const cDIBSection& picture, Operation run, Reference reference) {
+    expect_at_every_level(picture, reference(picture),
+                          [&](ImageView image, ImageView) { run(image, image); });
+    const cDIBSection before = random_picture(picture.Width(), picture.Height(), 4);
+    const cDIBSection expected = reference(before);
+    at_every_level([&] {
+        cDIBSection source = picture.Copy();
+        cDIBSection destination = before.Copy();
+        run(source.view(), destination.view());
+        EXPECT_TRUE(same_pixels(source, expected));
+        EXPECT_TRUE(same_pixels(destination, expected));
+    });
 }
 
-class Reduction : public testing::TestWithParam<CpuLevel> {
-    CpuLevelCap cap_{GetParam()};
-};
-INSTANTIATE_TEST_SUITE_P(EachProcessor, Reduction,
-                         testing::Values(CpuLevel::Baseline, CpuLevel::Avx2));
-
-TEST_P(Reduction, BlackAndWhiteIsGreyThenThreshold) {
+TEST(Reduction, BlackAndWhiteIsGreyThenThreshold) {
+    const auto expect_black_white = [](const cDIBSection& picture, int limit) {
+        SCOPED_TRACE(limit);
+        expect_reduction(
+            picture, [&](ImageView from, ImageView to) { BlackAndWhite2(from, to, limit); },
+            [&](const cDIBSection&) { return slow_black_white(picture.Copy(), limit); });
+    };
     for (const int limit : {-1, 0, 1, 100, 127, 128, 254, 255, 32767, -32768})
-        for (const auto& [width, height] : sizes_across_strips()) {
-            cDIBSection source = random_picture(width, height, 3);
-            cDIBSection destination = black_picture(width, height);
-            const cDIBSection expected = slow_black_white(source.Copy(), limit);
-            BlackAndWhite2(source.view(), destination.view(), limit);
-            ASSERT_TRUE(same_pixels(source, expected)) << limit;
-            ASSERT_TRUE(same_pixels(destination, expected)) << limit;
-        }
+        for (const auto& [width, height] : odd_sizes_and({{4097, 3}, {4098, 3}, {8300, 3}}))
+            expect_black_white(random_picture(width, height, 3), limit);
+    for (int limit = 0; limit < 256; limit += 5)
+        expect_black_white(greens_against_reds(), limit);
 }
 
-TEST_P(Reduction, GreysAroundTheLimit) {
-    // All reds and greens: sums on both sides of every half.
-    cDIBSection colours = black_picture(256, 256);
-    for (int y = 0; y < 256; ++y)
-        for (int x = 0; x < 256; ++x) {
-            colours.view().pixel(x, y)[0] = static_cast<std::uint8_t>(x ^ y);
-            colours.view().pixel(x, y)[1] = static_cast<std::uint8_t>(x);
-            colours.view().pixel(x, y)[2] = static_cast<std::uint8_t>(y);
-        }
-    for (int limit = 0; limit < 256; limit += 5) {
-        cDIBSection source = colours.Copy();
-        BlackAndWhite(source.view(), source.view(), limit);
-        ASSERT_TRUE(same_pixels(source, slow_black_white(colours.Copy(), limit))) << limit;
-    }
-}
-
-TEST_P(Reduction, LineArtIsTheRoundedMeanOfTheChosenChannels) {
+TEST(Reduction, LineArtIsTheRoundedMeanOfTheChosenChannels) {
+    const cDIBSection picture = random_picture(301, 20, 12);
     for (int choice = 1; choice < 8; ++choice)
         for (const int limit : {0, 63, 100, 254}) {
+            SCOPED_TRACE(testing::Message() << choice << ' ' << limit);
             const Channels use{(choice & 1) != 0, (choice & 2) != 0, (choice & 4) != 0};
-            cDIBSection source = random_picture(301, 20, 12);
-            cDIBSection destination = black_picture(301, 20);
-            const cDIBSection expected = slow_line_art(source.Copy(), limit, use);
-            LineArt2(source.view(), destination.view(), limit, use);
-            ASSERT_TRUE(same_pixels(source, expected)) << choice << ' ' << limit;
-            ASSERT_TRUE(same_pixels(destination, expected)) << choice << ' ' << limit;
+            expect_reduction(
+                picture, [&](ImageView from, ImageView to) { LineArt2(from, to, limit, use); },
+                [&](const cDIBSection&) { return slow_line_art(picture, limit, use); });
         }
     cDIBSection pixel = flat_picture(1, 1, 255, 255, 100);
     LineArt2(pixel.view(), pixel.view(), 100, {true, false, false});
@@ -113,19 +93,14 @@ TEST_P(Reduction, LineArtIsTheRoundedMeanOfTheChosenChannels) {
     EXPECT_THROW(LineArt2(pixel.view(), pixel.view(), 1, {}), std::invalid_argument);
 }
 
-TEST_P(Reduction, EdgesLookAtTheLeftNeighbourAndSpareTheFirstRowAndColumn) {
+TEST(Reduction, EdgesLookAtTheLeftNeighbourAndSpareTheFirstRowAndColumn) {
     for (const int limit : {-5, 0, 20, 120, 200, 256, 32767})
-        for (const auto& [width, height] : sizes_across_strips()) {
-            cDIBSection source = random_picture(width, height, 3);
-            cDIBSection destination = random_picture(width, height, 4);
-            const cDIBSection expected = slow_edges(source, destination.Copy(), limit);
-            const cDIBSection in_place = slow_edges(source, source.Copy(), limit);
-            cDIBSection same = source.Copy();
-            EdgeDetect2(source.view(), destination.view(), limit);
-            ASSERT_TRUE(same_pixels(source, expected)) << limit;
-            ASSERT_TRUE(same_pixels(destination, expected)) << limit;
-            EdgeDetect2(same.view(), same.view(), limit);
-            ASSERT_TRUE(same_pixels(same, in_place)) << limit;
+        for (const auto& [width, height] : odd_sizes_and({{4097, 3}, {4098, 3}, {8300, 3}})) {
+            SCOPED_TRACE(limit);
+            const cDIBSection picture = random_picture(width, height, 3);
+            expect_reduction(
+                picture, [&](ImageView from, ImageView to) { EdgeDetect2(from, to, limit); },
+                [&](const cDIBSection& before) { return slow_edges(picture, before, limit); });
         }
 }
 
