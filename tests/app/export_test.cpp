@@ -93,32 +93,31 @@ TEST_F(Export, CancelledDialogsChangeNothing) {
 }
 
 TEST_F(Export, DialogsHandTheirValuesToTheDocument) {
-    const cDIBSection before = random_picture(30, 20, 6);
-    frmImage& form = opened(before);
+    cDIBSection expected = random_picture(30, 20, 6);
+    const frmImage& form = opened(expected);
+    const auto run = [&](unsigned command, ModalScript::Step fill) {
+        script.expect_dialog(std::move(fill));
+        choose(command);
+    };
     cImageProcessDIB engine;
-    cDIBSection expected = before.Copy();
-
-    script.expect_dialog([](HWND dialog) { type_text(dialog, IDC_HUE_VALUE, L"3.5"); });
-    choose(kCmdColourise);
+    run(kCmdColourise, [](HWND dialog) { type_text(dialog, IDC_HUE_VALUE, L"3.5"); });
     engine.Colourise(expected, 3.5f);
     EXPECT_TRUE(same_pixels(picture_of(form), expected));
 
-    script.expect_dialog([](HWND dialog) {
+    run(kCmdResample, [](HWND dialog) {
         type_text(dialog, IDC_SIZE_WIDTH, L"15");
         CheckDlgButton(dialog, IDC_SIZE_KEEP_RATIO, BST_UNCHECKED);
         type_text(dialog, IDC_SIZE_HEIGHT, L"12");
     });
-    choose(kCmdResample);
     expected = expected.Resample(12, 15);
     EXPECT_TRUE(same_pixels(picture_of(form), expected));
     EXPECT_EQ(status(2), L" 15 x 12");
 
-    script.expect_dialog([](HWND dialog) {
+    run(kCmdCustomFilter, [](HWND dialog) {
         type_text(dialog, IDC_CUSTOM_CELL + 25, L"3"); // right of the centre
         type_text(dialog, IDC_CUSTOM_CELL + 24, L"1");
         type_text(dialog, IDC_CUSTOM_WEIGHT, L"4");
     });
-    choose(kCmdCustomFilter);
     engine.set_FilterType(kCustom);
     engine.set_FilterArraySize(3);
     engine.set_FilterValue(0, 0, 1);
@@ -128,16 +127,13 @@ TEST_F(Export, DialogsHandTheirValuesToTheDocument) {
     engine.ProcessImage(expected, buffer);
     EXPECT_TRUE(same_pixels(picture_of(form), expected));
 
-    script.expect_dialog([&](HWND dialog) {
-        write_text(folder / "two.pal", "0 0 0\r\n255 255 255\r\n");
-        type_text(dialog, IDC_PALETTE_FILE, path(L"two.pal"));
-    });
-    choose(kCmdApplyPalette);
+    write_text(folder / "two.pal", "0 0 0\r\n255 255 255\r\n");
+    run(kCmdApplyPalette,
+        [&](HWND dialog) { type_text(dialog, IDC_PALETTE_FILE, path(L"two.pal")); });
     engine.ApplyPalette(expected, buffer, cPalette({{0, 0, 0}, {255, 255, 255}}));
     EXPECT_TRUE(same_pixels(picture_of(form), expected));
 
-    script.expect_dialog([](HWND dialog) { type_text(dialog, IDC_NOISE_AMOUNT, L"0"); });
-    choose(kCmdAddNoise);
+    run(kCmdAddNoise, [](HWND dialog) { type_text(dialog, IDC_NOISE_AMOUNT, L"0"); });
     EXPECT_TRUE(same_pixels(picture_of(form), expected));
 }
 
