@@ -16,8 +16,8 @@ struct ExportDialogTest : DialogTest {
             EXPECT_EQ(stored(key), value) << testing::PrintToString(key);
     }
     // Whether full autotrace, shape, layer, pixel size, unit and version.
-    std::tuple<bool, int, int, double, int, int> chosen() const {
-        const ExportOptions options = dialog.options();
+    std::tuple<bool, int, int, double, int, int> chosen(const frmExport& form) const {
+        const ExportOptions options = form.options();
         return {options.exp, options.optPoly, options.lay, options.size, options.unit, options.ver};
     }
 };
@@ -31,7 +31,7 @@ TEST_F(ExportDialogTest, EmptySettingsGiveTheDesignedChoices) {
         for (const int id : {IDC_EXPORT_FULL, IDC_EXPORT_FULL_POLYGON, IDC_EXPORT_LINEWISE_POLYGON})
             EXPECT_TRUE(is_checked(window, id)) << id;
     });
-    EXPECT_EQ(chosen(), std::tuple(true, kShapePolygon, 20, 1.0, 0, 0));
+    EXPECT_EQ(chosen(dialog), std::tuple(true, kShapePolygon, 20, 1.0, 0, 0));
     expect_stored({{L"exp1", L"-1"}, {L"poly1", L"-1"}, {L"poly2", L"0"}});
 }
 
@@ -47,7 +47,7 @@ TEST_F(ExportDialogTest, ChoicesAreStoredAndComeBack) {
         EXPECT_TRUE(is_checked(window, IDC_EXPORT_FULL_WIRE)) << "the groups are independent";
         click(window, IDC_EXPORT_LINEWISE_RECTANGLE);
     });
-    EXPECT_EQ(chosen(), std::tuple(false, kShapeRectangle, 50, 0.5, 3, 2));
+    EXPECT_EQ(chosen(dialog), std::tuple(false, kShapeRectangle, 50, 0.5, 3, 2));
     expect_stored({{L"layer", L"50"}, // the position, not what the label says
                    {L"size", L".5"},
                    {L"unit", L"3"},
@@ -56,8 +56,9 @@ TEST_F(ExportDialogTest, ChoicesAreStoredAndComeBack) {
                    {L"poly1", L"0"},
                    {L"poly2", L"2"}});
 
-    show(dialog, IDOK, [](HWND window) { click(window, IDC_EXPORT_FULL); });
-    EXPECT_EQ(chosen(), std::tuple(true, kShapeWire, 50, 0.5, 3, 2));
+    frmExport again(settings, picture);
+    show(again, IDOK, [](HWND window) { click(window, IDC_EXPORT_FULL); });
+    EXPECT_EQ(chosen(again), std::tuple(true, kShapeWire, 50, 0.5, 3, 2));
     EXPECT_EQ(stored(L"poly2"), L"2");
 }
 
@@ -68,7 +69,7 @@ TEST_F(ExportDialogTest, OddSettingsReadAsMissingAndOnlyOkWrites) {
     show(dialog, IDCANCEL, fill);
     EXPECT_EQ(scratch.bytes(), before);
     show(dialog, IDOK, fill);
-    EXPECT_EQ(chosen(), std::tuple(true, kShapePolygon, 20, 0.0, 0, 0));
+    EXPECT_EQ(chosen(dialog), std::tuple(true, kShapePolygon, 20, 0.0, 0, 0));
     EXPECT_EQ(stored(L"poly2"), L"0");
 }
 

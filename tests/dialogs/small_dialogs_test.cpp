@@ -145,6 +145,7 @@ TEST_F(LanguageDialog, SwitchesAtOnceAndOkStoresTheChoice) {
         EXPECT_EQ(dialog.changed, step.changed);
         EXPECT_EQ(language_offset(), step.entry == 1 ? kGermanOffset : kEnglishOffset);
         EXPECT_EQ(settings.ReadIniValue(L"global", L"language"), step.stored);
+        EXPECT_EQ(std::filesystem::exists(scratch.ini()), *step.stored != 0) << "Cancel wrote";
     }
 }
 
