@@ -48,8 +48,15 @@ bool CopyToClipboard(const cDIBSection& picture, HWND owner, bool bAsDIB) {
     }
     win::Bitmap bitmap = screen_bitmap(picture);
     if (!bitmap) return false;
+    // Other programs look at what has just been put: a copy right behind another may meet them.
+    constexpr int kAttempts = 4;
+    constexpr DWORD kPause = 50; // milliseconds
     try {
-        return win::Clipboard(owner).put(std::move(bitmap));
+        for (int attempt = 1; attempt < kAttempts; ++attempt) {
+            if (win::Clipboard(owner).put(bitmap)) return true;
+            Sleep(kPause);
+        }
+        return win::Clipboard(owner).put(bitmap);
     } catch (const PlatformError&) {
         return false;
     }

@@ -13,7 +13,7 @@ Clipboard::Clipboard(HWND owner) {
     }
 }
 
-bool Clipboard::put(Bitmap bitmap) const {
+bool Clipboard::put(Bitmap& bitmap) const {
     if (!EmptyClipboard() || SetClipboardData(CF_BITMAP, bitmap.get()) == nullptr) return false;
     bitmap.release();
     return true;

@@ -19,8 +19,9 @@ class Clipboard {
     Clipboard& operator=(const Clipboard&) = delete;
 
     /// Replaces what the clipboard holds by a bitmap, which then belongs to the system; the system
-    /// offers it as a device-independent bitmap as well. False when it was not taken.
-    bool put(Bitmap bitmap) const;
+    /// offers it as a device-independent bitmap as well. False when it was not taken and is still
+    /// `bitmap`'s.
+    bool put(Bitmap& bitmap) const;
     /// A copy of the picture as a packed device-independent bitmap (header, colours, rows), into
     /// which the system converts every kind of bitmap; empty when the clipboard holds none.
     std::vector<std::uint8_t> packed_bitmap() const;
