@@ -31,9 +31,7 @@ void apply_operations(const Request& request, const Console& console) {
     cDIBSection picture = open_picture(request.input, request.full_size);
     cImageProcessDIB engine;
     engine.set_observer(&progress);
-    if (request.seed) engine.seed_noise(*request.seed);
-    for (const Operation& operation : operations)
-        operation(picture, engine);
+    run_operations(operations, request.seed, picture, engine);
     with_file_name(request.output, [&] { save_bitmap(picture.view(), utf8_path(request.output)); });
 }
 

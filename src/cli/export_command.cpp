@@ -145,9 +145,7 @@ ExitCode export_picture(const Request& request, const Console& console) {
     cDIBSection picture = open_picture(request.input, request.full_size);
     cImageProcessDIB engine;
     engine.set_observer(&progress);
-    if (request.seed) engine.seed_noise(*request.seed);
-    for (const Operation& operation : operations)
-        operation(picture, engine);
+    run_operations(operations, request.seed, picture, engine);
     engine.BlackAndWhite2(picture, picture, kExportLimit);
     ExportReport report;
     with_file_name(utf8_text(output), [&] { report = engine.Vectorize(picture, output, options); });

@@ -327,4 +327,12 @@ std::vector<Operation> parse_operations(const std::vector<std::string>& texts) {
     return result;
 }
 
+void run_operations(const std::vector<Operation>& operations,
+                    const std::optional<std::uint32_t>& seed, cDIBSection& picture,
+                    cImageProcessDIB& engine) {
+    if (seed) engine.seed_noise(*seed);
+    for (const Operation& operation : operations)
+        operation(picture, engine);
+}
+
 } // namespace kelvane

@@ -4,7 +4,9 @@
 #include "engine/image_process.h"
 #include "image/dib_section.h"
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -34,5 +36,10 @@ Operation parse_operation(std::string_view text);
 
 /// All of a command line's operations: every one is understood before a file is touched.
 std::vector<Operation> parse_operations(const std::vector<std::string>& texts);
+
+/// Runs them from left to right; with a seed their noise is reproducible.
+void run_operations(const std::vector<Operation>& operations,
+                    const std::optional<std::uint32_t>& seed, cDIBSection& picture,
+                    cImageProcessDIB& engine);
 
 } // namespace kelvane
