@@ -47,7 +47,8 @@ class frmMultiPic : public win::Dialog {
     int add_preview(const std::filesystem::path& file);
     int selected() const;
     void show_selection() const;
-    void on_notify(NMHDR& notice);
+    void draw_item(HDC context, int image);
+    LRESULT custom_draw(const NMCUSTOMDRAW& stage);
 
     std::vector<SubImage> images_;
     int edge_ = 0; // of a preview on the screen, in pixels
