@@ -2,11 +2,13 @@
 
 #include "app/command_table.h"
 #include "app/error_text.h"
+#include "app/shell_errors.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
 #include "settings/string_table.h"
 #include "win/message_box.h"
 #include "win/platform_error.h"
+#include "win/shell.h"
 
 #include "ids.h"
 
@@ -217,6 +219,16 @@ void mfrmMain::show_error(int id, const std::wstring& cause) {
 void mfrmMain::show_failure(const std::exception& error) {
     win::message_box(window(), error_text(error), LoadString(IDS_ERROR_TITLE),
                      MB_OK | MB_ICONEXCLAMATION);
+}
+
+// The message belongs to the dialog that asked, if there is one.
+void mfrmMain::ShellEx(const std::wstring& file, const std::wstring& operation,
+                       const std::wstring& parameters, const std::wstring& folder, int show) {
+    const HWND owner = GetLastActivePopup(window());
+    const int answer = win::shell_execute(owner, {file, operation, parameters, folder, show});
+    if (const int text = shell_error_text(answer); text != 0)
+        win::message_box(owner, LoadString(text), LoadString(IDS_ERROR_TITLE),
+                         MB_OK | MB_ICONEXCLAMATION);
 }
 
 void mfrmMain::check_colour_depth(int bits_per_pixel) {

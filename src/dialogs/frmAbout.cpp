@@ -4,10 +4,9 @@
 #include "dialogs/program_face.h"
 #include "settings/string_table.h"
 #include "win/message_box.h"
+#include "win/shell.h"
 
 #include "ids.h"
-
-#include <shellapi.h>
 
 namespace kelvane {
 namespace {
@@ -18,15 +17,6 @@ constexpr Caption kCaptions[] = {
     {IDC_ABOUT_SYSTEM_INFO, IDS_ABOUT_SYSTEM_INFO},
     {IDOK, IDS_ABOUT_OK},
 };
-
-// ShellExecute's answers above this are success.
-constexpr INT_PTR kShellError = 32;
-
-bool start(HWND owner, const std::wstring& program) {
-    const HINSTANCE answer =
-        ShellExecuteW(owner, L"open", program.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
-    return reinterpret_cast<INT_PTR>(answer) > kShellError;
-}
 
 } // namespace
 
@@ -42,7 +32,8 @@ void frmAbout::load() {
 }
 
 void frmAbout::on_command(int control, int /*notification*/) {
-    if (control == IDC_ABOUT_SYSTEM_INFO && !start(window(), system_info_))
+    if (control != IDC_ABOUT_SYSTEM_INFO) return;
+    if (win::shell_execute(window(), {system_info_, L"open"}) <= win::kLastShellError)
         win::message_box(window(), LoadString(IDS_ABOUT_NO_SYSTEM_INFO),
                          LoadString(IDS_ABOUT_TITLE), MB_OK | MB_ICONEXCLAMATION);
 }
