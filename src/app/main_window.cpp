@@ -23,10 +23,11 @@ constexpr const wchar_t* kClassName = L"KelvaneMain";
 constexpr const wchar_t* kHelpFile = L"\\EAGLE_Kelvane.chm";
 constexpr DWORD kPaintPause = 50; // milliseconds between two repaints in an operation
 
-HICON program_icon(int width_metric, int height_metric) {
-    return static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE),
-                                         IMAGE_ICON, GetSystemMetrics(width_metric),
-                                         GetSystemMetrics(height_metric), LR_SHARED));
+// Not shared: the system would answer with the icon of any size that was loaded first.
+win::Icon program_icon(int width_metric, int height_metric) {
+    return win::Icon(static_cast<HICON>(
+        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE), IMAGE_ICON,
+                   GetSystemMetrics(width_metric), GetSystemMetrics(height_metric), 0)));
 }
 
 bool is_input(UINT message) {
@@ -56,10 +57,13 @@ void mfrmMain::create() {
     menu_ = std::make_unique<MainMenu>();
     shortcuts_ = win::AcceleratorTable(create_shortcuts());
 
+    // As long as the window class, which is registered once.
+    static const win::Icon large_icon = program_icon(SM_CXICON, SM_CYICON);
+    static const win::Icon small_icon = program_icon(SM_CXSMICON, SM_CYSMICON);
     WNDCLASSEXW window_class{};
     window_class.lpszClassName = kClassName;
-    window_class.hIcon = program_icon(SM_CXICON, SM_CYICON);
-    window_class.hIconSm = program_icon(SM_CXSMICON, SM_CYSMICON);
+    window_class.hIcon = large_icon.get();
+    window_class.hIconSm = small_icon.get();
     window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     register_class(window_class);
     expect_window();

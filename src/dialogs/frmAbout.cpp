@@ -27,8 +27,11 @@ void frmAbout::load() {
     set_title(LoadString(IDS_ABOUT_TITLE));
     set_captions(window(), kCaptions);
     set_text(IDC_ABOUT_VERSION, LoadString(IDS_ABOUT_VERSION, {version_}));
-    show_program_icon(control(IDC_ABOUT_ICON));
-    large_ = use_large_font(control(IDC_ABOUT_NAME));
+    density_changed();
+}
+
+void frmAbout::density_changed() {
+    face_ = show_program_face(window(), IDC_ABOUT_ICON, IDC_ABOUT_NAME);
 }
 
 void frmAbout::on_command(int control, int /*notification*/) {
