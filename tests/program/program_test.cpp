@@ -6,8 +6,8 @@
 #include "convert/command_line.h"
 #include "convert/get_cmd_output.h"
 #include "settings/catalogue.h"
-#include "settings/scratch_folder.h"
 #include "settings/string_table.h"
+#include "support/temporary_folder.h"
 #include "support/windows/modal_script.h"
 #include "support/windows/screenshot.h"
 
@@ -41,9 +41,9 @@ const Look kLooksAtLogo[] = {
     {kCmdLanguage, "language", IDS_LANGUAGE_TITLE},
 };
 const Look kLooksAtColours[] = {
-    {kCmdAddNoise, "noise", IDS_NOISE_TITLE},         {kCmdResample, "new-size", IDS_SIZE_TITLE},
-    {kCmdCombine, "combination", IDS_COMBINE_TITLE},  {kCmdColourise, "hue", IDS_HUE_TITLE},
-    {kCmdApplyPalette, "palette", IDS_PALETTE_TITLE}, {kCmdReduce, "reduction", IDS_REDUCE_TITLE},
+    {kCmdAddNoise, "noise", IDS_NOISE_TITLE},        {kCmdResample, "new-size", IDS_SIZE_TITLE},
+    {kCmdCombine, "combination", IDS_COMBINE_TITLE}, {kCmdColourise, "hue", IDS_HUE_TITLE},
+    {kCmdReduce, "reduction", IDS_REDUCE_TITLE},
 };
 
 // Whether a window or one inside it has something still to paint.
@@ -77,11 +77,15 @@ int colour_changes(HWND window, const cDIBSection& picture) {
     return changes;
 }
 
-// The pictures to open. Not in a folder with a number in its name: windows that people look at show
-// the path.
-struct PicturesFolder {
-    PicturesFolder() { fs::create_directories(path); }
-    ~PicturesFolder() {
+// Holds the program and the pictures. Not a folder with a number in its name: windows that people
+// look at show the path.
+struct ProgramFolder {
+    ProgramFolder() {
+        remove(); // what an interrupted run left behind
+        fs::create_directories(path);
+    }
+    ~ProgramFolder() { remove(); }
+    void remove() const {
         std::error_code ignored;
         fs::remove_all(path, ignored);
     }
@@ -93,9 +97,10 @@ class Program : public testing::TestWithParam<int> {
     Program() {
         set_language_offset(GetParam());
         write_setting(settings, settings::kLanguage, GetParam());
-        fs::copy_file(KELVANE_PROGRAM, program_file);
-        fs::copy_file(fs::path(KELVANE_SAMPLES) / "logo.png", logo,
-                      fs::copy_options::overwrite_existing);
+        const fs::path built = KELVANE_PROGRAM;
+        fs::copy_file(built, program_file);
+        fs::copy_file(built.parent_path() / kPalette, folder.path / kPalette);
+        fs::copy_file(fs::path(KELVANE_SAMPLES) / "logo.png", logo);
         save_bitmap(colourful_picture(320, 240).view(), colours);
     }
     ~Program() override { set_language_offset(kEnglishOffset); }
@@ -158,7 +163,7 @@ class Program : public testing::TestWithParam<int> {
     }
     // What the command line makes of the same wishes.
     std::string script_of_command_line() const {
-        const fs::path script = folder / L"command line.scr";
+        const fs::path script = folder.path / "command line.scr";
         std::wstring line = quoted_argument(fs::path(KELVANE_COMMAND_LINE).wstring());
         for (const std::wstring& word :
              {std::wstring(L"export"), logo.wstring(), std::wstring(L"-o"), script.wstring(),
@@ -172,13 +177,13 @@ class Program : public testing::TestWithParam<int> {
 
     static constexpr int kBlank = 300; // colour changes; the least of all windows has 1000
     static constexpr int kStill = 5;   // looks
-    const ScratchFolder folder;
-    const PicturesFolder pictures;
-    const SettingsFile settings = folder.settings();
+    static constexpr const char* kPalette = "basic-16.pal";
+    const ProgramFolder folder;
+    const SettingsFile settings{folder.path / "kelvane.ini"};
     // Under its own name Wine would wait for a window manager.
-    const fs::path program_file = folder / L"kelvane under test.exe";
-    const fs::path logo = pictures.path / "logo.png";
-    const fs::path colours = pictures.path / "colours.bmp";
+    const fs::path program_file = folder.path / "kelvane under test.exe";
+    const fs::path logo = folder.path / "logo.png";
+    const fs::path colours = folder.path / "colours.bmp";
 };
 
 TEST_P(Program, ShowsEveryDialogAndWritesTheCommandLinesScript) {
@@ -190,23 +195,28 @@ TEST_P(Program, ShowsEveryDialogAndWritesTheCommandLinesScript) {
     look_at_all(program, main, kLooksAtLogo);
 
     program.perform(main, kCmdSoften);
-    export_script(program, main, L"0.25", pictures.path / "logo.scr");
-    const std::string script = file_text(pictures.path / "logo.scr");
+    export_script(program, main, L"0.25", folder.path / "logo.scr");
+    const std::string script = file_text(folder.path / "logo.scr");
     EXPECT_GT(script.size(), 1000u);
     EXPECT_TRUE(script == script_of_command_line());
-    export_script(program, main, L"100000", pictures.path / "far.scr", "-again");
+    export_script(program, main, L"100000", folder.path / "far.scr", "-again");
     program.answer(shown(program, "out-of-range", IDS_RANGE_TITLE), IDOK);
 
     PostMessageW(main, WM_COMMAND, kCmdOpen, 0);
     answer_file_dialog(program, "open", kSystemsCaption, colours);
     look_at(program, main, "two-images");
     look_at_all(program, main, kLooksAtColours);
+    PostMessageW(main, WM_COMMAND, kCmdApplyPalette, 0);
+    const HWND palette = shown(program, "palette", IDS_PALETTE_TITLE);
+    EXPECT_EQ(text_in(GetDlgItem(palette, IDC_PALETTE_COUNT)),
+              LoadString(IDS_PALETTE_COLOURS, {L"16"}));
+    program.answer(palette, IDCANCEL);
 
     PostMessageW(main, WM_COMMAND, kCmdExit, 0);
     program.answer(shown(program, "save-question", kSystemsCaption), IDNO);
     EXPECT_EQ(program.exit_code(), 0u);
     EXPECT_EQ(read_setting(settings, settings::kUnit), 3);
-    EXPECT_EQ(read_setting(settings, settings::kSaveFolder), pictures.path.wstring() + L'\\');
+    EXPECT_EQ(read_setting(settings, settings::kSaveFolder), folder.path.wstring() + L'\\');
 }
 
 INSTANTIATE_TEST_SUITE_P(BothLanguages, Program, testing::Values(kEnglishOffset, kGermanOffset));
