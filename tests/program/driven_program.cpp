@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <sstream>
 #include <stdexcept>
-#include <utility>
 
 namespace kelvane::test {
 namespace {
@@ -75,17 +74,14 @@ void DrivenProgram::wait_for(const std::string& what,
 }
 
 std::vector<HWND> DrivenProgram::windows() const {
-    std::pair<DWORD, std::vector<HWND>> found{id_, {}};
-    EnumWindows(
-        [](HWND window, LPARAM l) -> BOOL {
-            auto& [id, windows] = *reinterpret_cast<decltype(found)*>(l);
-            DWORD owner = 0;
-            GetWindowThreadProcessId(window, &owner);
-            if (owner == id && IsWindowVisible(window)) windows.push_back(window);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&found));
-    return found.second;
+    std::vector<HWND> found;
+    HWND window = nullptr;
+    while ((window = FindWindowExW(nullptr, window, nullptr, nullptr)) != nullptr) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        if (owner == id_ && IsWindowVisible(window)) found.push_back(window);
+    }
+    return found;
 }
 
 HWND DrivenProgram::first_window(const std::function<bool(HWND)>& wanted) const {
