@@ -163,7 +163,6 @@ void frmImage::Render() {
 
 void frmImage::InitProgress(long lMax) {
     main_.ProgressMax(lMax);
-    main_.ProgressValue(0);
     main_.ShowProgress(true);
 }
 

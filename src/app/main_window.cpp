@@ -173,9 +173,10 @@ bool mfrmMain::translate(MSG& message) const {
     return false;
 }
 
+// A bar that moves with every row would take longer than most operations.
 void mfrmMain::ProgressValue(long position) {
-    status_bar_.ProgressValue(position);
     if (GetTickCount() - last_paint_ < kPaintPause) return;
+    status_bar_.ProgressValue(position);
     let_windows_paint();
     last_paint_ = GetTickCount();
 }

@@ -65,6 +65,7 @@ void StatusBar::SetStatus(const std::wstring& message, const std::wstring& title
 
 void StatusBar::ProgressMax(long maximum) {
     SendMessageW(progress_, PBM_SETRANGE32, 0, maximum);
+    ProgressValue(0);
 }
 
 void StatusBar::ProgressValue(long position) {
