@@ -9,8 +9,7 @@
 namespace kelvane {
 namespace {
 
-constexpr const wchar_t* kTemporary[] = {L"TMP", L"TEMP", L"TMPDIR", L"MAGICK_TMPDIR",
-                                         L"MAGICK_TEMPORARY_PATH"};
+constexpr const wchar_t* kTemporary[] = {L"TMP", L"TEMP", L"MAGICK_TEMPORARY_PATH"};
 
 int compare(std::wstring_view a, std::wstring_view b) {
     return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),

@@ -69,9 +69,13 @@ Conversion::Conversion(const Converter& converter, const std::filesystem::path& 
     const std::wstring copy = kCopy + harmless_extension(source);
     take_copy(source, copy);
     // Transparent parts would come out in whatever colour lies below them.
-    const std::wstring output =
-        run(L"-verbose " + copy + L" -alpha remove " + kPicture + L"%03d.jpg");
+    const std::wstring params = L"-verbose " + copy + L" -alpha remove " + kPicture + L"%03d.jpg";
+    std::wstring output = run(params);
     find_images(output);
+    if (images_.empty() && converter_.does_everything()) {
+        output = run(L"convert " + params);
+        find_images(output);
+    }
     if (images_.empty()) throw ConversionFailed(report_of(output));
 }
 

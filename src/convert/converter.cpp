@@ -63,7 +63,10 @@ bool Converter::available() const {
     return detected_ && is_program(convert_) && is_program(identify_);
 }
 
-// Version 7's one program takes convert's parameters as they are, without a word before them.
+bool Converter::does_everything() const {
+    return is_for_all(convert_);
+}
+
 std::wstring Converter::convert(const std::wstring& params, const std::wstring& folder,
                                 const KeepWaiting& keep_waiting) const {
     return Exec{quoted_argument(convert_.wstring()), params, SW_HIDE, keep_waiting, folder}

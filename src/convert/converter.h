@@ -31,6 +31,10 @@ class Converter {
     /// so that `params` can name files without it; empty: anywhere.
     std::wstring convert(const std::wstring& params, const std::wstring& folder,
                          const KeepWaiting& keep_waiting) const;
+    /// Whether convert is the one program of version 7. As it is it gives up a file at the first
+    /// thing that it dislikes; with the word "convert" before its parameters it goes on as convert
+    /// always did.
+    bool does_everything() const;
     /// Asks for the list of formats, up to three times when what comes is no answer; what came
     /// last.
     std::wstring format_list(const KeepWaiting& keep_waiting) const;

@@ -107,12 +107,12 @@ TEST_F(Conversions, EveryImageOfEveryKind) {
         EXPECT_EQ(Conversion(converter, picture("animation.gif"), {}).images().size(), 2u);
         EXPECT_EQ(Conversion(converter, picture("layers.psd"), {}).images().size(), 2u);
         EXPECT_EQ(Conversion(converter, picture("one.webp"), {}).images().size(), 1u);
-    }
-    for (const char* name : {"drawing.svg", "transparent.webp"}) {
-        const Conversion drawing(converter, picture(name), {});
-        const cDIBSection drawn = read_picture(drawing.images().at(0).picture);
-        EXPECT_EQ(drawn.Width(), 60);
-        EXPECT_TRUE(shows(drawn, 5, 20, kBlack) && shows(drawn, 55, 20, kWhite)) << name;
+        for (const char* name : {"drawing.svg", "transparent.webp"}) {
+            const Conversion drawing(converter, picture(name), {});
+            const cDIBSection drawn = read_picture(drawing.images().at(0).picture);
+            EXPECT_EQ(drawn.Width(), 60);
+            EXPECT_TRUE(shows(drawn, 5, 20, kBlack) && shows(drawn, 55, 20, kWhite)) << name;
+        }
     }
 }
 
@@ -130,19 +130,24 @@ TEST_F(Conversions, OddNamesAreOnlyNames) {
     }
 }
 
-TEST_F(Conversions, PreviewsInOrderBeyondAThousand) {
+TEST_F(Conversions, OrderHoldsBeyondAHundredAndAThousand) {
     ASSERT_TRUE(use_imagemagick());
-    const Conversion frames(converter, picture("many.gif"), {});
-    ASSERT_EQ(frames.images().size(), 1002u);
+    const auto colour = [](std::size_t i) {
+        return i % 2 == 0 ? std::array<int, 3>{0, 0, 255} : std::array<int, 3>{255, 0, 0};
+    };
+    const Conversion thousand(converter, picture("thousand.gif"), {});
+    ASSERT_EQ(thousand.images().size(), 1002u);
+    for (const std::size_t i : {100u, 101u, 999u, 1000u, 1001u})
+        EXPECT_TRUE(shows(read_picture(thousand.images()[i].picture), 1, 1, colour(i))) << i;
+
+    const Conversion hundred(converter, picture("hundred.gif"), {});
     std::vector<long> progress;
-    frames.make_previews([&](long done) { progress.push_back(done); });
-    EXPECT_EQ(progress.size(), 21u);
-    EXPECT_EQ(progress.back(), 1002);
-    for (const std::size_t i : {0u, 1u, 50u, 99u, 100u, 999u, 1000u, 1001u}) {
-        const cDIBSection preview = read_picture(frames.images()[i].preview);
+    hundred.make_previews([&](long done) { progress.push_back(done); });
+    EXPECT_THAT(progress, testing::ElementsAre(50, 100, 102));
+    for (const std::size_t i : {0u, 1u, 50u, 99u, 100u, 101u}) {
+        const cDIBSection preview = read_picture(hundred.images()[i].preview);
         EXPECT_EQ(preview.Width(), 200);
-        const std::array<int, 3> expected{i % 2 ? 255 : 0, 0, i % 2 ? 0 : 255};
-        EXPECT_TRUE(shows(preview, 100, 100, expected)) << i;
+        EXPECT_TRUE(shows(preview, 100, 100, colour(i))) << i;
     }
 }
 
