@@ -33,6 +33,10 @@ std::wstring clock_text(double days) {
     return text;
 }
 
+// WM_DPICHANGED_AFTERPARENT, which the headers know for later systems only: the main window has
+// come to a monitor of another density.
+constexpr UINT kDensityChanged = 0x02E3;
+
 } // namespace
 
 frmImage::frmImage(MainServices& main, HWND mdi_client)
@@ -186,6 +190,9 @@ LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_SIZE:
         layout();
         break; // MDI has its part in it
+    case kDensityChanged:
+        layout(); // scroll bars have another width
+        return 0;
     case WM_HSCROLL:
     case WM_VSCROLL:
         scroll(message == WM_VSCROLL, LOWORD(w));

@@ -36,6 +36,11 @@ class mfrmMain : public win::Window, private MainServices {
     void open_file(const std::wstring& file);
     /// Handles messages until the window is closed; the process's exit code.
     int run();
+    /// Opens a document or a web page with the program that the user has for it, and shows why that
+    /// failed. The arguments are those of `win::ShellCommand`.
+    void ShellEx(const std::wstring& file, const std::wstring& operation = {},
+                 const std::wstring& parameters = {}, const std::wstring& folder = {},
+                 int show = SW_SHOWNORMAL);
     /// Warns when the screen has too few bits per pixel.
     void check_colour_depth(int bits_per_pixel);
 

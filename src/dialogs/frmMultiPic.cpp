@@ -22,7 +22,8 @@ constexpr Caption kCaptions[] = {
 
 constexpr int kPreviewEdge = 200; // at 96 dots per inch
 constexpr int kColumns = 3;
-constexpr int kLabelHeight = 28; // at 96 dots per inch: the label and what is around it
+constexpr int kLabelHeight = 32; // at 96 dots per inch: the label and what is around it
+constexpr int kFrame = 3;        // pixels around a preview; those of the selected one are coloured
 constexpr int kNotInView = -1;
 
 // "3: 640 x 480". It begins with the number, so that typing the number finds the image.
@@ -45,6 +46,13 @@ RECT place_in_middle(const RECT& area, const cDIBSection& picture, double zoom) 
     return {left, top, left + width, top + height};
 }
 
+RECT part_of_item(HWND list, int item, int part) {
+    RECT area{};
+    ListView_GetItemRect(list, item, &area, part);
+    return area;
+}
+
+// A crossed box.
 void draw_missing(HDC context, const RECT& area) {
     FillRect(context, &area, GetSysColorBrush(COLOR_BTNFACE));
     FrameRect(context, &area, GetSysColorBrush(COLOR_BTNSHADOW));
@@ -88,7 +96,8 @@ void frmMultiPic::load() {
     show_selection();
 }
 
-// Previews as large as the density of the screen asks for; none is drawn yet.
+// Previews as large as the density of the screen asks for; none is drawn yet. The list takes the
+// size of its items from them.
 void frmMultiPic::make_previews() {
     const HWND list = control(IDC_SUBIMAGE_LIST);
     edge_ = win::scaled(window(), kPreviewEdge);
@@ -98,7 +107,7 @@ void frmMultiPic::make_previews() {
     previews_ = std::move(previews);
     RECT area{};
     GetClientRect(list, &area);
-    const int column = (area.right - GetSystemMetrics(SM_CXVSCROLL)) / kColumns;
+    const int column = (area.right - win::system_metric(list, SM_CXVSCROLL)) / kColumns;
     const int row = edge_ + win::scaled(window(), kLabelHeight);
     ListView_SetIconSpacing(list, std::max(column, edge_), row);
 }
@@ -110,10 +119,9 @@ void frmMultiPic::fill_list() const {
     for (const SubImage& image : images_) {
         std::wstring text = label(position + 1, image);
         LVITEMW item{};
-        item.mask = LVIF_TEXT | LVIF_IMAGE;
+        item.mask = LVIF_TEXT;
         item.iItem = position++;
         item.pszText = text.data();
-        item.iImage = I_IMAGECALLBACK;
         SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
     }
 }
@@ -155,22 +163,50 @@ void frmMultiPic::show_selection() const {
                                     {std::to_wstring(image + 1), std::to_wstring(images_.size())}));
 }
 
-void frmMultiPic::on_notify(NMHDR& notice) {
-    if (notice.idFrom != IDC_SUBIMAGE_LIST) return;
-    if (notice.code == LVN_GETDISPINFOW) {
-        LVITEMW& item = reinterpret_cast<NMLVDISPINFOW&>(notice).item;
-        if (item.mask & LVIF_IMAGE) item.iImage = preview_of(item.iItem);
-    } else if (notice.code == LVN_ITEMCHANGED) {
-        show_selection();
-    } else if (notice.code == NM_DBLCLK && selected() >= 0) {
-        SendMessageW(window(), WM_COMMAND, IDOK, 0);
-    }
+// The list's own drawing would veil the selected preview.
+void frmMultiPic::draw_item(HDC context, int image) {
+    const HWND list = control(IDC_SUBIMAGE_LIST);
+    const bool is_selected = image == selected();
+    const RECT item = part_of_item(list, image, LVIR_BOUNDS);
+    const LONG left = (item.left + item.right - edge_) / 2;
+    const LONG top = item.top + kFrame;
+    const RECT frame{left - kFrame, top - kFrame, left + edge_ + kFrame, top + edge_ + kFrame};
+    FillRect(context, &frame, GetSysColorBrush(is_selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    ImageList_Draw(previews_.get(), preview_of(image), context, left, top, ILD_NORMAL);
+
+    RECT below = part_of_item(list, image, LVIR_LABEL);
+    if (is_selected) FillRect(context, &below, GetSysColorBrush(COLOR_HIGHLIGHT));
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, GetSysColor(is_selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    DrawTextW(context, label(image + 1, images_.at(static_cast<std::size_t>(image))).c_str(), -1,
+              &below, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    if (is_selected && GetFocus() == list) DrawFocusRect(context, &below);
 }
 
-INT_PTR frmMultiPic::on_message(UINT message, WPARAM /*w*/, LPARAM l) {
-    if (message != WM_NOTIFY) return FALSE;
-    on_notify(*reinterpret_cast<NMHDR*>(l));
-    return TRUE;
+// What the list is to do about one stage of its drawing.
+LRESULT frmMultiPic::custom_draw(const NMCUSTOMDRAW& stage) {
+    if (stage.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    if (stage.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+    draw_item(stage.hdc, static_cast<int>(stage.dwItemSpec));
+    return CDRF_SKIPDEFAULT;
+}
+
+INT_PTR frmMultiPic::on_message(UINT message, WPARAM w, LPARAM l) {
+    if (message != WM_NOTIFY || w != IDC_SUBIMAGE_LIST) return FALSE;
+    switch (reinterpret_cast<const NMHDR*>(l)->code) {
+    case NM_CUSTOMDRAW:
+        SetWindowLongPtrW(window(), DWLP_MSGRESULT,
+                          custom_draw(*reinterpret_cast<const NMCUSTOMDRAW*>(l)));
+        return TRUE;
+    case LVN_ITEMCHANGED:
+        show_selection();
+        return TRUE;
+    case NM_DBLCLK:
+        if (selected() >= 0) SendMessageW(window(), WM_COMMAND, IDOK, 0);
+        return TRUE;
+    default:
+        return FALSE;
+    }
 }
 
 bool frmMultiPic::confirm() {

@@ -36,6 +36,7 @@ class frmMultiPic : public win::Dialog {
   protected:
     void load() override;
     bool confirm() override;
+    void density_changed() override { make_previews(); }
     INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
 
   private:
@@ -47,7 +48,8 @@ class frmMultiPic : public win::Dialog {
     int add_preview(const std::filesystem::path& file);
     int selected() const;
     void show_selection() const;
-    void on_notify(NMHDR& notice);
+    void draw_item(HDC context, int image);
+    LRESULT custom_draw(const NMCUSTOMDRAW& stage);
 
     std::vector<SubImage> images_;
     int edge_ = 0; // of a preview on the screen, in pixels

@@ -73,10 +73,14 @@ void frmSW::load() {
     result = 0;
     set_title(LoadString(IDS_REDUCE_TITLE));
     set_captions(window(), kCaptions);
-    for (const int box : {IDC_REDUCE_OVERVIEW, IDC_REDUCE_DETAIL})
-        win::fit_picture_box(control(box), kPreviewEdge, kPreviewEdge);
+    density_changed();
     restore();
     show_kind();
+}
+
+void frmSW::density_changed() {
+    for (const int box : {IDC_REDUCE_OVERVIEW, IDC_REDUCE_DETAIL})
+        win::fit_picture_box(control(box), kPreviewEdge, kPreviewEdge);
 }
 
 void frmSW::restore() {

@@ -27,6 +27,7 @@ class frmSW : public win::Dialog {
   protected:
     void load() override;
     bool confirm() override;
+    void density_changed() override;
     void on_command(int id, int notification) override;
     INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
 

@@ -1,19 +1,26 @@
-// Every dialog in both languages: its texts have room, and its picture goes to the folder of
-// screenshots, where people look at it.
+// Every dialog in both languages on screens of several densities: its texts have room, its controls
+// keep apart, and its picture goes to the folder of screenshots, where people look at it.
 #include "dialogs/dialog_test.h"
 #include "dialogs/frmAbout.h"
 #include "dialogs/frmCombination.h"
+#include "dialogs/frmConfigMagick.h"
 #include "dialogs/frmCustomFilter.h"
 #include "dialogs/frmExport.h"
 #include "dialogs/frmHue.h"
 #include "dialogs/frmLanguage.h"
+#include "dialogs/frmMsg.h"
+#include "dialogs/frmMsg2.h"
 #include "dialogs/frmMsg3.h"
+#include "dialogs/frmMultiPic.h"
 #include "dialogs/frmNewSize.h"
 #include "dialogs/frmNoise.h"
 #include "dialogs/frmPalette.h"
 #include "dialogs/frmSW.h"
 #include "dialogs/frmSplash.h"
 #include "image/bitmap_file.h"
+#include "win/dpi.h"
+
+#include <process.h>
 
 namespace kelvane::test {
 namespace {
@@ -60,18 +67,40 @@ Room needed_by(HWND control, const std::wstring& text, LONG width) {
     return {needed.right, needed.bottom};
 }
 
+RECT place_of(HWND control) {
+    RECT place{};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+bool is_group(HWND control) {
+    return class_of(control) == L"Button" &&
+           (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
+}
+
+void expect_apart(HWND control) {
+    for (HWND other = control; (other = GetWindow(other, GW_HWNDNEXT)) != nullptr;) {
+        if (!IsWindowVisible(other) || is_group(control) || is_group(other)) continue;
+        const RECT place = place_of(control);
+        const RECT neighbour = place_of(other);
+        RECT common{};
+        EXPECT_FALSE(IntersectRect(&common, &place, &neighbour))
+            << "controls " << GetDlgCtrlID(control) << " and " << GetDlgCtrlID(other);
+    }
+}
+
 void expect_inside(HWND dialog, HWND control) {
     RECT area{};
     GetClientRect(dialog, &area);
-    RECT place{};
-    GetWindowRect(control, &place);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    const RECT place = place_of(control);
     EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= area.right &&
                 place.bottom <= area.bottom)
         << "control " << GetDlgCtrlID(control) << " reaches over the border";
 }
 
-// Each visible control stays inside the dialog's border, and no caption is missing or cut.
+// Each visible control stays inside the dialog's border and apart from the others, and no caption
+// is missing or cut.
 void expect_captions_fit(HWND dialog) {
     ASSERT_TRUE(IsWindowVisible(dialog));
     EXPECT_FALSE(win::window_text(dialog).empty()) << "no title";
@@ -79,6 +108,7 @@ void expect_captions_fit(HWND dialog) {
          control = GetWindow(control, GW_HWNDNEXT)) {
         if (!IsWindowVisible(control)) continue;
         expect_inside(dialog, control);
+        expect_apart(control);
         const std::wstring kind = class_of(control);
         if ((kind != L"Button" && kind != L"Static") || is_picture(control)) continue;
         const std::wstring text = win::window_text(control);
@@ -122,8 +152,11 @@ struct DialogLooks : DialogTest, testing::WithParamInterface<int> {
     ~DialogLooks() override { set_language_offset(kEnglishOffset); }
 
     static void check_looks(HWND window, const std::string& name) {
+        SCOPED_TRACE(name);
         expect_captions_fit(window);
-        save_screenshot(window, name + (GetParam() == kGermanOffset ? "-de" : "-en"));
+        const int dots = win::dots_per_inch(window);
+        save_screenshot(window, name + (GetParam() == kGermanOffset ? "-de" : "-en") +
+                                    (dots == 96 ? "" : "@" + std::to_string(dots)));
     }
     template <typename Form> void look_at(Form&& dialog, const std::string& name) {
         show(dialog, IDCANCEL, [&](HWND window) { check_looks(window, name); });
@@ -154,6 +187,20 @@ TEST_P(DialogLooks, CaptionsFit) {
     look_at(palette, "palette");
     look_at(frmNewSize(settings, 3200, 2400), "new_size");
     look_at(frmLanguage(settings), "language");
+    look_at(frmConfigMagick(settings, nullptr), "converter");
+    look_at(frmMsg2(settings), "several_images");
+    save_bitmap(picture.view(), scratch / "preview.bmp");
+    save_bitmap(other.view(), scratch / "small.bmp");
+    look_at(frmMultiPic({{scratch / "preview.bmp", 3200, 2400},
+                         {scratch / "gone.bmp", 640, 480},
+                         {scratch / "small.bmp", 64, 64},
+                         {scratch / "preview.bmp"}}),
+            "subimage");
+    look_at(frmMsg(LoadString(IDS_MAGICK_NO_PICTURE),
+                   L"convert: no decode delegate for this image format `XCF' @ "
+                   L"error/constitute.c/ReadImage/572.\n",
+                   nullptr),
+            "open_error");
     look_at(frmAbout(L"1.2.3"), "about");
     frmSplash splash(L"1.2.3");
     splash.show_modeless(nullptr);
@@ -162,6 +209,36 @@ TEST_P(DialogLooks, CaptionsFit) {
 
 INSTANTIATE_TEST_SUITE_P(BothLanguages, DialogLooks,
                          testing::Values(kEnglishOffset, kGermanOffset));
+
+/// The density of the screen for programs that start while it lives.
+class Density {
+  public:
+    explicit Density(DWORD dots) {
+        RegSetKeyValueW(HKEY_CURRENT_USER, kKey, kValue, REG_DWORD, &dots, sizeof dots);
+    }
+    ~Density() { RegDeleteKeyValueW(HKEY_CURRENT_USER, kKey, kValue); }
+    Density(const Density&) = delete;
+    Density& operator=(const Density&) = delete;
+
+  private:
+    static constexpr const wchar_t* kKey = L"Control Panel\\Desktop";
+    static constexpr const wchar_t* kValue = L"LogPixels";
+};
+
+TEST(DialogDensities, CaptionsFitOnFinerScreens) {
+    wchar_t program[MAX_PATH];
+    GetModuleFileNameW(nullptr, program, std::size(program));
+    for (const DWORD dots : {144, 192}) {
+        const std::filesystem::path last =
+            KELVANE_SCREENSHOTS "/splash-de@" + std::to_string(dots) + ".bmp";
+        std::filesystem::remove(last);
+        const Density density(dots);
+        EXPECT_EQ(
+            _wspawnl(_P_WAIT, program, L"dialog_tests", L"--gtest_filter=BothLanguages/*", nullptr),
+            0);
+        EXPECT_TRUE(std::filesystem::exists(last)) << "the screen had another density";
+    }
+}
 
 } // namespace
 } // namespace kelvane::test
