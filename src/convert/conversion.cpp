@@ -84,7 +84,7 @@ void Conversion::take_copy(const std::filesystem::path& source, const std::wstri
     if (!CopyFileExW(source.c_str(), copy.c_str(), copy_on,
                      const_cast<KeepWaiting*>(&keep_waiting_), nullptr, COPY_FILE_FAIL_IF_EXISTS)) {
         const DWORD error = GetLastError();
-        if (error == ERROR_REQUEST_ABORTED) throw ConversionCancelled();
+        if (error == ERROR_REQUEST_ABORTED) throw ConverterCancelled();
         throw PlatformError(error);
     }
     // A write-protected copy could not be removed.
@@ -92,14 +92,7 @@ void Conversion::take_copy(const std::filesystem::path& source, const std::wstri
 }
 
 std::wstring Conversion::run(const std::wstring& params) const {
-    bool cancelled = false;
-    const auto keep_waiting = [&] {
-        cancelled = cancelled || (keep_waiting_ && !keep_waiting_());
-        return !cancelled;
-    };
-    std::wstring output = converter_.convert(params, folder_.path().wstring(), keep_waiting);
-    if (cancelled) throw ConversionCancelled();
-    return output;
+    return converter_.convert(params, folder_.path().wstring(), keep_waiting_);
 }
 
 void Conversion::find_images(const std::wstring& output) {

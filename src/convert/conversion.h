@@ -24,12 +24,6 @@ class ConversionFailed : public std::runtime_error {
     std::wstring report_;
 };
 
-/// The user did not want to wait for it.
-class ConversionCancelled : public std::runtime_error {
-  public:
-    ConversionCancelled() : std::runtime_error("the conversion was cancelled") {}
-};
-
 struct ConvertedImage {
     std::filesystem::path picture; ///< a JPEG file
     std::filesystem::path preview; ///< a bitmap file within 200 x 200 pixels, see `make_previews`
@@ -43,7 +37,7 @@ struct ConvertedImage {
 class Conversion {
   public:
     /// Copies and converts `source`. Throws `PlatformError` when it cannot be copied,
-    /// `ConversionFailed`, and `ConversionCancelled` when `keep_waiting` says no; it is asked
+    /// `ConversionFailed`, and `ConverterCancelled` when `keep_waiting` says no; it is asked
     /// some fifty times a second.
     Conversion(const Converter& converter, const std::filesystem::path& source,
                KeepWaiting keep_waiting);
@@ -53,7 +47,7 @@ class Conversion {
     const std::vector<ConvertedImage>& images() const { return images_; }
 
     /// Writes the previews. `progress` hears how many there are, every few dozen. Throws
-    /// `ConversionCancelled`; a preview that could not be made is a missing file.
+    /// `ConverterCancelled`; a preview that could not be made is a missing file.
     void make_previews(const std::function<void(long done)>& progress) const;
 
   private:

@@ -69,8 +69,15 @@ bool Converter::does_everything() const {
 
 std::wstring Converter::convert(const std::wstring& params, const std::wstring& folder,
                                 const KeepWaiting& keep_waiting) const {
-    return Exec{quoted_argument(convert_.wstring()), params, SW_HIDE, keep_waiting, folder}
-        .WinExec();
+    bool cancelled = false;
+    const auto ask = [&] {
+        cancelled = cancelled || (keep_waiting && !keep_waiting());
+        return !cancelled;
+    };
+    const Exec run{quoted_argument(convert_.wstring()), params, SW_HIDE, ask, folder};
+    std::wstring output = run.WinExec();
+    if (cancelled) throw ConverterCancelled();
+    return output;
 }
 
 std::wstring Converter::format_list(const KeepWaiting& keep_waiting) const {

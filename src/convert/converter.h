@@ -6,6 +6,7 @@
 #include "settings/settings_file.h"
 
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,12 @@ namespace kelvane {
 /// Whether a program exists and says itself that it is ImageMagick's. One that has not answered
 /// after a while, or when `keep_waiting` says no, is ended: it is something else.
 bool is_imagemagick(const std::filesystem::path& program, const KeepWaiting& keep_waiting);
+
+/// The user did not want to wait for the converter, which was ended.
+class ConverterCancelled : public std::runtime_error {
+  public:
+    ConverterCancelled() : std::runtime_error("the converter was cancelled") {}
+};
 
 /// The paths come from the settings file. Since version 7 magick.exe does the work of both programs
 /// and may be named in the place of either. Neither is ever run through the command interpreter.
@@ -28,7 +35,8 @@ class Converter {
     bool available() const;
 
     /// What a command line of convert prints. `folder`: where it runs and puts its temporary files,
-    /// so that `params` can name files without it; empty: anywhere.
+    /// so that `params` can name files without it; empty: anywhere. Throws `ConverterCancelled`
+    /// when `keep_waiting` says no.
     std::wstring convert(const std::wstring& params, const std::wstring& folder,
                          const KeepWaiting& keep_waiting) const;
     /// Whether convert is the one program of version 7. As it is it gives up a file at the first
@@ -36,7 +44,7 @@ class Converter {
     /// always did.
     bool does_everything() const;
     /// Asks for the list of formats, up to three times when what comes is no answer; what came
-    /// last.
+    /// last. Throws `ConverterCancelled`.
     std::wstring format_list(const KeepWaiting& keep_waiting) const;
 
   private:

@@ -117,7 +117,8 @@ std::wstring open_filter(const std::vector<PictureFormat>& formats, std::wstring
 
 bool can_hold_several(const std::vector<PictureFormat>& formats, std::wstring_view extension) {
     if (!extension.starts_with(L'.')) return false;
-    const std::wstring name = in_lower_case(extension.substr(1));
+    std::wstring name = in_lower_case(extension.substr(1));
+    if (name == L"tif") name = L"tiff"; // the list tells each format once
     return std::ranges::any_of(formats, [&](const PictureFormat& format) {
         return format.several_images && in_lower_case(format.name) == name;
     });

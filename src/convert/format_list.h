@@ -24,7 +24,8 @@ std::vector<PictureFormat> parse_format_list(std::wstring_view output);
 /// `all_files`, a pair of the same kind. A ":" in a description becomes "-".
 std::wstring open_filter(const std::vector<PictureFormat>& formats, std::wstring_view all_files);
 
-/// Whether files with this extension (".tif", in any capitals) can hold several images.
+/// Whether files with this extension (".gif", in any capitals) can hold several images. ".tif" is
+/// ".tiff", which alone is in the list.
 bool can_hold_several(const std::vector<PictureFormat>& formats, std::wstring_view extension);
 
 } // namespace kelvane

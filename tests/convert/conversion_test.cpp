@@ -88,7 +88,7 @@ TEST_F(Conversions, FormatListIsAskedForThreeTimes) {
     ASSERT_TRUE(use_imagemagick());
     const auto formats = parse_format_list(converter.format_list({}));
     EXPECT_GT(formats.size(), 150u);
-    EXPECT_TRUE(can_hold_several(formats, L".TIFF"));
+    EXPECT_TRUE(can_hold_several(formats, L".Tif"));
     EXPECT_FALSE(can_hold_several(formats, L".jpg"));
     ASSERT_TRUE(use(stand_in(), stand_in()));
     SetEnvironmentVariableW(L"KELVANE_CHILD_LOG", (scratch / L"log").c_str());
@@ -167,8 +167,8 @@ TEST_F(Conversions, HangingConverterIsEnded) {
     const path file = scratch / L"picture.hang";
     write_text(file, "never read");
     int asked = 0;
-    EXPECT_THROW(Conversion(converter, file, [&] { return ++asked < 30; }), ConversionCancelled);
-    EXPECT_THROW(Conversion(converter, file, [] { return false; }), ConversionCancelled);
+    EXPECT_THROW(Conversion(converter, file, [&] { return ++asked < 30; }), ConverterCancelled);
+    EXPECT_THROW(Conversion(converter, file, [] { return false; }), ConverterCancelled);
     EXPECT_EQ(asked, 30);
 }
 
