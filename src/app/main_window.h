@@ -40,7 +40,7 @@ class mfrmMain : public win::Window, private MainServices {
     int run();
     /// Opens a document or a web page with the program that the user has for it, and shows why that
     /// failed. The arguments are those of `win::ShellCommand`.
-    void ShellEx(const std::wstring& file, const std::wstring& operation = {},
+    void ShellEx(const std::wstring& file, const std::wstring& operation = L"open",
                  const std::wstring& parameters = {}, const std::wstring& folder = {},
                  int show = SW_SHOWNORMAL);
     /// Warns when the screen has too few bits per pixel.

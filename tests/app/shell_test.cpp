@@ -24,9 +24,9 @@ class Shell : public AppTest {};
 TEST_F(Shell, MessagesSayWhyNothingOpens) {
     write_text(path(L"page.kelvane-test"), "");
     script.expect_message(IDOK);
-    main.ShellEx(path(L"gone.html"), L"open");
+    main.ShellEx(path(L"gone.html"));
     script.expect_message(IDOK);
-    main.ShellEx(path(L"page.kelvane-test"), L"open");
+    main.ShellEx(path(L"page.kelvane-test"));
     EXPECT_THAT(script.messages(),
                 testing::ElementsAre(L"File not found",
                                      L"No application is associated with this file type."));
