@@ -7,6 +7,7 @@ trees=(native native-asan windows-x64 windows-x86 fuzz)
 
 scripts/install.sh build test
 scripts/wine32.sh | sed "s/^/32-bit Wine: /"
+scripts/imagemagick.sh | sed "s/^/ImageMagick: /"
 scripts/check-source.sh
 
 mkdir -p build

@@ -182,16 +182,20 @@ void mfrmMain::ProgressValue(long position) {
 }
 
 // Keys and clicks are dropped: they could start what has to wait, or a loop of their own (a menu,
-// the moving of a window) in the midst of the operation.
-void mfrmMain::let_windows_paint() {
+// the moving of a window) in the midst of the operation. False when Esc was among them or the
+// program is to end, for work that can be stopped.
+bool mfrmMain::let_windows_paint() {
+    bool go_on = true;
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
             PostQuitMessage(static_cast<int>(message.wParam));
-            return;
+            return false;
         }
+        if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) go_on = false;
         if (!is_input(message.message)) DispatchMessageW(&message);
     }
+    return go_on;
 }
 
 bool mfrmMain::refuse_while_busy() {
