@@ -54,7 +54,7 @@ frmImage::frmImage(MainServices& main, HWND mdi_client)
 }
 
 bool frmImage::OpenFile(const std::wstring& file, bool bNew) {
-    return open(file, {bNew ? L"" : file, file, ImageDocument::SizeLimit::Reduce, !bNew});
+    return open(file, {bNew ? L"" : file, L"", ImageDocument::SizeLimit::Reduce, !bNew});
 }
 
 bool frmImage::OpenFile2(const std::wstring& file, const std::wstring& name) {
