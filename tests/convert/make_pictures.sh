@@ -5,9 +5,7 @@ magick=/usr/bin/convert-im6.q16 # by its whole name: other programs are called c
 cd "$1"
 
 $magick -size 64x48 xc:red -size 48x64 xc:lime -size 64x48 xc:blue pages.tif
-$magick -size 40x30 xc:red xc:blue animation.gif
 $magick -size 30x20 xc:lime \( -size 30x20 xc:red \) layers.psd
-$magick -size 50x20 xc:yellow one.webp
 $magick -size 2x2 xc:red xc:blue -duplicate 50,0-1 hundred.gif
 $magick -size 2x2 xc:red xc:blue -duplicate 500,0-1 thousand.gif
 # Black on nothing: the paper below has to be white.
