@@ -48,7 +48,8 @@ class DrivenProgram {
     DWORD id_ = 0;
 };
 
-/// The text of any window of any program; empty when it does not answer.
+/// The text of a control of any program, empty when it does not answer. (Captions of windows need
+/// no answer: `win::window_text`.)
 std::wstring text_in(HWND window);
 
 } // namespace kelvane::test

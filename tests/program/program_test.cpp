@@ -10,6 +10,7 @@
 #include "support/temporary_folder.h"
 #include "support/windows/modal_script.h"
 #include "support/windows/screenshot.h"
+#include "win/dialog.h"
 
 #include "ids.h"
 
@@ -120,7 +121,7 @@ class Program : public testing::TestWithParam<int> {
     HWND shown(const DrivenProgram& program, const std::string& name, int caption) const {
         const HWND dialog = program.dialog(name);
         if (caption != kSystemsCaption) {
-            EXPECT_EQ(text_in(dialog), LoadString(caption)) << name;
+            EXPECT_EQ(win::window_text(dialog), LoadString(caption)) << name;
         }
         look_at(program, dialog, name);
         return dialog;
