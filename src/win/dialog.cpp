@@ -11,11 +11,17 @@ namespace {
 constexpr INT_PTR kConfirmed = 1;
 constexpr INT_PTR kCancelled = 2;
 
+DialogHelp dialog_help;
+
 const wchar_t* resource(int id) {
     return MAKEINTRESOURCEW(id);
 }
 
 } // namespace
+
+void set_dialog_help(DialogHelp help) {
+    dialog_help = std::move(help);
+}
 
 Dialog::~Dialog() {
     close();
@@ -86,6 +92,9 @@ INT_PTR Dialog::dispatch(UINT message, WPARAM w, LPARAM l) {
         return TRUE;
     case WM_COMMAND:
         command(LOWORD(w), HIWORD(w));
+        return TRUE;
+    case WM_HELP:
+        if (dialog_help) dialog_help(window_, template_id_);
         return TRUE;
     case WM_NCDESTROY:
         unbind();
