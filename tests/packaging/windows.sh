@@ -100,7 +100,8 @@ check_update_and_removal() {
 # Into a folder of the user's choice; nothing is left of it.
 check_chosen_folder() {
     local folder="$work/Meine Programme/Größe"
-    wine "$name-setup.exe" /S "/D=$(windows_path "$folder")"
+    # All that follows /D= is the folder, without quotation marks: word for word, Wine sets none.
+    wine "$name-setup.exe" /S /D=$(windows_path "$folder")
     cmp <(unzip -p "$name.zip" Kelvane/kelvane.exe) "$folder/kelvane.exe"
     uninstall "$folder"
     [ ! -e "$folder" ] || fail "left: $(files_in "$folder")"
