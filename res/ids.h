@@ -288,6 +288,8 @@
 #define IDS_MAGICK_STOP                  7313
 #define IDS_MAGICK_NO_PICTURE            7314
 #define IDS_MAGICK_REPORT                7315
+#define IDS_MAGICK_NOT_FOUND             7320
+#define IDS_MAGICK_OTHER_PROGRAM         7321
 
 // Black and white reduction dialog.
 #define IDS_REDUCE_TITLE                 7400
@@ -376,6 +378,32 @@
 #define IDC_ABOUT_VERSION                1542
 #define IDC_ABOUT_TEXT                   1543
 #define IDC_ABOUT_SYSTEM_INFO            1544
+
+#define IDD_MAGICK                       212
+#define IDC_MAGICK_TEXT                  1560
+#define IDC_MAGICK_CONVERT_LABEL         1561
+#define IDC_MAGICK_CONVERT               1562
+#define IDC_MAGICK_CONVERT_BROWSE        1563
+#define IDC_MAGICK_IDENTIFY_LABEL        1564
+#define IDC_MAGICK_IDENTIFY              1565
+#define IDC_MAGICK_IDENTIFY_BROWSE       1566
+#define IDC_MAGICK_DOWNLOAD              1567
+#define IDC_MAGICK_GHOSTSCRIPT           1568
+
+#define IDD_SUBIMAGE                     213
+#define IDC_SUBIMAGE_LABEL               1580
+#define IDC_SUBIMAGE_LIST                1581
+#define IDC_SUBIMAGE_NUMBER              1582
+
+#define IDD_SEVERAL                      214
+#define IDC_SEVERAL_ICON                 1600
+#define IDC_SEVERAL_TEXT                 1601
+#define IDC_SEVERAL_NOT_AGAIN            1602
+
+#define IDD_OPEN_ERROR                   215
+#define IDC_OPEN_ERROR_ICON              1620
+#define IDC_OPEN_ERROR_TEXT              1621
+#define IDC_OPEN_ERROR_FORMATS           1622
 
 // EAGLE's layer names: in one language only, looked up without an offset. The list has no name for
 // layer 50, so from there on the name at a position is that of the next layer; "Userdefined" is

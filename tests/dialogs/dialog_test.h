@@ -17,6 +17,7 @@
 
 namespace kelvane::test {
 
+using namespace std::string_literals;
 using testing::ElementsAre;
 
 struct DialogTest : testing::Test {

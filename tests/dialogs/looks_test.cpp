@@ -3,11 +3,15 @@
 #include "dialogs/dialog_test.h"
 #include "dialogs/frmAbout.h"
 #include "dialogs/frmCombination.h"
+#include "dialogs/frmConfigMagick.h"
 #include "dialogs/frmCustomFilter.h"
 #include "dialogs/frmExport.h"
 #include "dialogs/frmHue.h"
 #include "dialogs/frmLanguage.h"
+#include "dialogs/frmMsg.h"
+#include "dialogs/frmMsg2.h"
 #include "dialogs/frmMsg3.h"
+#include "dialogs/frmMultiPic.h"
 #include "dialogs/frmNewSize.h"
 #include "dialogs/frmNoise.h"
 #include "dialogs/frmPalette.h"
@@ -154,6 +158,20 @@ TEST_P(DialogLooks, CaptionsFit) {
     look_at(palette, "palette");
     look_at(frmNewSize(settings, 3200, 2400), "new_size");
     look_at(frmLanguage(settings), "language");
+    look_at(frmConfigMagick(settings, nullptr), "converter");
+    look_at(frmMsg2(settings), "several_images");
+    save_bitmap(picture.view(), scratch / "preview.bmp");
+    save_bitmap(other.view(), scratch / "small.bmp");
+    look_at(frmMultiPic({{scratch / "preview.bmp", 3200, 2400},
+                         {scratch / "gone.bmp", 640, 480},
+                         {scratch / "small.bmp", 64, 64},
+                         {scratch / "preview.bmp"}}),
+            "subimage");
+    look_at(frmMsg(LoadString(IDS_MAGICK_NO_PICTURE),
+                   L"convert: no decode delegate for this image format `XCF' @ "
+                   L"error/constitute.c/ReadImage/572.\n",
+                   nullptr),
+            "open_error");
     look_at(frmAbout(L"1.2.3"), "about");
     frmSplash splash(L"1.2.3");
     splash.show_modeless(nullptr);

@@ -1,0 +1,150 @@
+#include "dialogs/frmConfigMagick.h"
+
+#include "dialogs/controls.h"
+#include "dialogs/field_input.h"
+#include "settings/catalogue.h"
+#include "win/file_dialogs.h"
+
+#include "ids.h"
+
+#include <array>
+#include <filesystem>
+
+namespace kelvane {
+
+// One of the converter's programs and what belongs to it in the dialog.
+struct frmConfigMagick::Program {
+    const wchar_t* name;
+    PathSetting setting;
+    int field;
+    int browse;
+    int filter;
+};
+
+const frmConfigMagick::Program frmConfigMagick::kPrograms[2] = {
+    {L"Convert.exe", settings::kConvertProgram, IDC_MAGICK_CONVERT, IDC_MAGICK_CONVERT_BROWSE,
+     IDS_MAGICK_CONVERT_FILTER},
+    {L"Identify.exe", settings::kIdentifyProgram, IDC_MAGICK_IDENTIFY, IDC_MAGICK_IDENTIFY_BROWSE,
+     IDS_MAGICK_IDENTIFY_FILTER},
+};
+
+namespace {
+
+constexpr const wchar_t* kDownloadPage = L"https://imagemagick.org/script/download.php#windows";
+constexpr const wchar_t* kGhostscriptPage = L"https://ghostscript.com/releases/gsdnld.html";
+
+// Since version 7 one program does the work of all the others.
+constexpr const wchar_t* kDoesBoth = L"Magick.exe";
+
+constexpr Caption kCaptions[] = {
+    {IDC_MAGICK_TEXT, IDS_MAGICK_TEXT},
+    {IDC_MAGICK_CONVERT_LABEL, IDS_MAGICK_CONVERT},
+    {IDC_MAGICK_CONVERT_BROWSE, IDS_MAGICK_CONVERT_BROWSE},
+    {IDC_MAGICK_IDENTIFY_LABEL, IDS_MAGICK_IDENTIFY},
+    {IDC_MAGICK_IDENTIFY_BROWSE, IDS_MAGICK_IDENTIFY_BROWSE},
+    {IDC_MAGICK_DOWNLOAD, IDS_MAGICK_DOWNLOAD},
+    {IDC_MAGICK_GHOSTSCRIPT, IDS_MAGICK_GHOSTSCRIPT},
+    {IDOK, IDS_MAGICK_OK},
+    {IDCANCEL, IDS_MAGICK_CANCEL},
+};
+
+bool is_file(const std::filesystem::path& path) {
+    std::error_code ignored;
+    return path.is_absolute() && std::filesystem::is_regular_file(path, ignored);
+}
+
+// Today's program where the system looks for programs; empty when it is not there. The older
+// Convert.exe is not looked for: Windows has a program of that name that does something else.
+std::wstring installed_program() {
+    std::array<wchar_t, MAX_PATH> path{};
+    const DWORD length = SearchPathW(nullptr, kDoesBoth, nullptr, static_cast<DWORD>(path.size()),
+                                     path.data(), nullptr);
+    return length < path.size() ? std::wstring(path.data(), length) : std::wstring();
+}
+
+} // namespace
+
+frmConfigMagick::frmConfigMagick(const SettingsFile& settings, OpenInShell open)
+    : Dialog(IDD_MAGICK), settings_(settings), open_(std::move(open)) {}
+
+void frmConfigMagick::load() {
+    Cancelled = true;
+    set_title(LoadString(IDS_MAGICK_TITLE));
+    set_captions(window(), kCaptions);
+    bool known = false;
+    for (const Program& program : kPrograms) {
+        const std::wstring stored = read_setting(settings_, program.setting);
+        set_text(program.field, stored);
+        known |= !stored.empty();
+    }
+    if (!known) set_text(IDC_MAGICK_CONVERT, installed_program());
+    for (const Program& program : kPrograms)
+        propose_other(program);
+}
+
+// What stands in a program's field, without the quotation marks that the Explorer puts around the
+// paths it copies.
+std::wstring frmConfigMagick::path(const Program& program) const {
+    const std::wstring typed = text(program.field);
+    const std::size_t first = typed.find_first_not_of(L" \t\"");
+    if (first == std::wstring::npos) return {};
+    return typed.substr(first, typed.find_last_not_of(L" \t\"") - first + 1);
+}
+
+// When `found` is there, fills the other field unless that one names a file already.
+void frmConfigMagick::propose_other(const Program& found) const {
+    const Program& other = kPrograms[&found == &kPrograms[0] ? 1 : 0];
+    const std::filesystem::path program = path(found);
+    if (!is_file(program) || is_file(path(other))) return;
+    for (const wchar_t* name : {other.name, kDoesBoth}) {
+        const std::filesystem::path beside = program.parent_path() / name;
+        if (is_file(beside)) return set_text(other.field, beside.wstring());
+    }
+}
+
+void frmConfigMagick::on_command(int control, int notification) {
+    if (control == IDC_MAGICK_DOWNLOAD) open_(kDownloadPage);
+    if (control == IDC_MAGICK_GHOSTSCRIPT) open_(kGhostscriptPage);
+    for (const Program& program : kPrograms) {
+        if (control == program.browse) browse(program);
+        if (control == program.field && notification == EN_KILLFOCUS) propose_other(program);
+    }
+}
+
+void frmConfigMagick::browse(const Program& program) {
+    win::FileQuestion question;
+    question.filter = LoadString(program.filter) + L"|" + kDoesBoth + L"|" + kDoesBoth;
+    question.folder = std::filesystem::path(path(program)).parent_path().wstring();
+    question.title = LoadString(IDS_MAGICK_TITLE);
+    const std::optional<std::wstring> chosen = win::ask_open_file(window(), question);
+    if (!chosen) return;
+    set_text(program.field, *chosen);
+    propose_other(program);
+}
+
+// Empty for a program that will do.
+std::wstring frmConfigMagick::wrong_with(const Program& program) const {
+    const std::wstring file = path(program);
+    if (!is_file(file)) return LoadString(IDS_MAGICK_NOT_FOUND, {file, program.name});
+    const HCURSOR before = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    const bool right = !IsImageMagick || IsImageMagick(file);
+    SetCursor(before);
+    return right ? std::wstring() : LoadString(IDS_MAGICK_OTHER_PROGRAM, {file, program.name});
+}
+
+bool frmConfigMagick::confirm() {
+    for (const Program& program : kPrograms)
+        propose_other(program);
+    for (const Program& program : kPrograms) {
+        const std::wstring wrong = wrong_with(program);
+        if (wrong.empty()) continue;
+        refuse_field(window(), program.field, wrong);
+        return false;
+    }
+    for (const Program& program : kPrograms)
+        write_setting(settings_, program.setting, path(program));
+    Cancelled = false;
+    return true;
+}
+
+} // namespace kelvane

@@ -1,0 +1,44 @@
+// frmConfigMagick: where the converter's two programs are.
+#pragma once
+
+#include "dialogs/open_in_shell.h"
+#include "settings/settings_file.h"
+#include "win/dialog.h"
+
+#include <functional>
+#include <string>
+
+namespace kelvane {
+
+/// OK takes only programs that exist and stores both paths. When one of them is found, the other is
+/// proposed: the program of the usual name beside it, or magick.exe, which can do the work of both.
+class frmConfigMagick : public win::Dialog {
+  public:
+    /// `open` opens the two pages for downloads.
+    frmConfigMagick(const SettingsFile& settings, OpenInShell open);
+
+    /// True when the user gave up; nothing was stored then.
+    bool Cancelled = true;
+    /// Whether a program, which exists, is ImageMagick's; asked before the dialog closes by OK.
+    /// Without it every existing file is taken.
+    std::function<bool(const std::wstring& program)> IsImageMagick;
+
+  protected:
+    void load() override;
+    bool confirm() override;
+    void on_command(int control, int notification) override;
+
+  private:
+    struct Program;
+    static const Program kPrograms[2];
+
+    std::wstring path(const Program& program) const;
+    void propose_other(const Program& found) const;
+    void browse(const Program& program);
+    std::wstring wrong_with(const Program& program) const;
+
+    const SettingsFile& settings_;
+    OpenInShell open_;
+};
+
+} // namespace kelvane

@@ -1,0 +1,50 @@
+#include "dialogs/frmMsg.h"
+
+#include "dialogs/controls.h"
+#include "settings/folders.h"
+
+#include "ids.h"
+
+#include <filesystem>
+
+namespace kelvane {
+namespace {
+
+constexpr const wchar_t* kFormatsPage = L"formats.html";
+
+constexpr Caption kCaptions[] = {
+    {IDC_OPEN_ERROR_FORMATS, IDS_OPEN_ERROR_FORMATS},
+    {IDOK, IDS_OPEN_ERROR_CLOSE},
+};
+
+// With the line ends that edit fields want, and without characters that would end the text.
+std::wstring field_text(const std::wstring& text) {
+    std::wstring result;
+    for (const wchar_t c : text) {
+        if (c == L'\n') result += L'\r';
+        if (c != L'\r' && c != L'\0') result += c;
+    }
+    return result;
+}
+
+} // namespace
+
+frmMsg::frmMsg(const std::wstring& message, const std::wstring& report, OpenInShell open)
+    : Dialog(IDD_OPEN_ERROR), text_(message), open_(std::move(open)) {
+    if (!report.empty()) text_ += L"\n\n" + LoadString(IDS_MAGICK_REPORT) + L"\n" + report;
+}
+
+void frmMsg::load() {
+    set_title(LoadString(IDS_OPEN_ERROR_TITLE));
+    set_captions(window(), kCaptions);
+    set_text(IDC_OPEN_ERROR_TEXT, field_text(text_));
+    const HICON icon = LoadIconW(nullptr, IDI_WARNING);
+    SendMessageW(control(IDC_OPEN_ERROR_ICON), STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+}
+
+void frmMsg::on_command(int control, int /*notification*/) {
+    if (control != IDC_OPEN_ERROR_FORMATS) return;
+    open_((std::filesystem::path(program_folder()) / kFormatsPage).wstring());
+}
+
+} // namespace kelvane

@@ -1,0 +1,27 @@
+// frmMsg: why a file could not be opened by the converter.
+#pragma once
+
+#include "dialogs/open_in_shell.h"
+#include "win/dialog.h"
+
+#include <string>
+
+namespace kelvane {
+
+/// Its second button opens "formats.html", the page about formats beside the program.
+class frmMsg : public win::Dialog {
+  public:
+    /// `message`: the program's own words. `report`: the converter's, of any length and with any
+    /// line ends; empty when it said nothing.
+    frmMsg(const std::wstring& message, const std::wstring& report, OpenInShell open);
+
+  protected:
+    void load() override;
+    void on_command(int control, int notification) override;
+
+  private:
+    std::wstring text_;
+    OpenInShell open_;
+};
+
+} // namespace kelvane

@@ -1,0 +1,36 @@
+#include "dialogs/frmMsg2.h"
+
+#include "dialogs/controls.h"
+#include "settings/catalogue.h"
+
+#include "ids.h"
+
+namespace kelvane {
+namespace {
+
+constexpr Caption kCaptions[] = {
+    {IDC_SEVERAL_NOT_AGAIN, IDS_SEVERAL_NOT_AGAIN},
+    {IDOK, IDS_SEVERAL_OK},
+};
+
+} // namespace
+
+frmMsg2::frmMsg2(const SettingsFile& settings) : Dialog(IDD_SEVERAL), settings_(settings) {}
+
+void frmMsg2::load() {
+    set_title(LoadString(IDS_SEVERAL_TITLE));
+    set_captions(window(), kCaptions);
+    set_text(IDC_SEVERAL_TEXT,
+             LoadString(IDS_SEVERAL_TEXT_1) + L"\n\n" + LoadString(IDS_SEVERAL_TEXT_2));
+    check(IDC_SEVERAL_NOT_AGAIN, read_setting(settings_, settings::kHideSeveralImagesWarning) != 0);
+    const HICON icon = LoadIconW(nullptr, IDI_INFORMATION);
+    SendMessageW(control(IDC_SEVERAL_ICON), STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+}
+
+bool frmMsg2::confirm() {
+    write_setting(settings_, settings::kHideSeveralImagesWarning,
+                  checked(IDC_SEVERAL_NOT_AGAIN) ? 1 : 0);
+    return true;
+}
+
+} // namespace kelvane

@@ -1,0 +1,23 @@
+// frmMsg2: the warning before a file is converted that may hold several images.
+#pragma once
+
+#include "settings/settings_file.h"
+#include "win/dialog.h"
+
+namespace kelvane {
+
+/// Its button stores whether the warning is to be shown again; the close box stores nothing. Asking
+/// the setting beforehand is the caller's.
+class frmMsg2 : public win::Dialog {
+  public:
+    explicit frmMsg2(const SettingsFile& settings);
+
+  protected:
+    void load() override;
+    bool confirm() override;
+
+  private:
+    const SettingsFile& settings_;
+};
+
+} // namespace kelvane
