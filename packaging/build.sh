@@ -28,7 +28,6 @@ mkdir "$packages"
 build_programs native kelvane-cli
 build_programs windows-x64 kelvane kelvane-cli
 build_programs windows-x86 kelvane kelvane-cli
-help/build.sh "$work/help"
 
 packaging/windows.sh x64 "$work" "$packages"
 packaging/windows.sh x86 "$work" "$packages"

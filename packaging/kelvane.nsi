@@ -35,6 +35,7 @@ VIAddVersionKey /LANG=0 LegalCopyright "The Kelvane authors"
 
 !define MUI_ICON "..\res\icon\kelvane.ico"
 !define MUI_UNICON "..\res\icon\kelvane.ico"
+!define MUI_WELCOMEFINISHPAGE_BITMAP setup-side.bmp
 !define MUI_FINISHPAGE_RUN "$INSTDIR\kelvane.exe"
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
@@ -45,9 +46,9 @@ VIAddVersionKey /LANG=0 LegalCopyright "The Kelvane authors"
 !insertmacro MUI_LANGUAGE German
 
 LangString InUse ${LANG_ENGLISH} \
-  "$0 cannot be replaced: Kelvane is running.$\n$\nPlease close it, then choose Retry."
+  "$0 cannot be changed: Kelvane is running.$\n$\nPlease close it, then choose Retry."
 LangString InUse ${LANG_GERMAN} \
-  "$0 kann nicht ersetzt werden: Kelvane läuft noch.$\n$\nBitte schließen Sie es und wählen Sie dann Wiederholen."
+  "$0 kann nicht geändert werden: Kelvane läuft noch.$\n$\nBitte schließen Sie es und wählen Sie dann Wiederholen."
 LangString RemoveSettings ${LANG_ENGLISH} \
   "Remove your settings as well?$\n$\n$INSTDIR\kelvane.ini"
 LangString RemoveSettings ${LANG_GERMAN} \

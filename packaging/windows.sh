@@ -1,9 +1,9 @@
 #!/bin/bash
 # windows.sh x64|x86 WORK PACKAGES: the portable ZIP and the setup program of one Windows build.
-# WORK/help holds the help file; PACKAGES takes the results.
+# WORK is for what is made on the way; PACKAGES takes the results.
 cd "$(dirname "$(readlink -f "$0")")/.."
 . packaging/common.sh
-world=$1 work=$2/$1 help=$2/help packages=$3
+world=$1 work=$2/$1 packages=$3 tree=build/windows-$1
 case $world in
     x64) triplet=x86_64-w64-mingw32 ;;
     x86) triplet=i686-w64-mingw32 ;;
@@ -19,12 +19,12 @@ add_texts() {
     # Notepad of older systems takes UTF-8 for what it is only with the mark at the beginning.
     printf '\357\273\277' >"$folder/README.txt"
     sed -e "s/@VERSION@/$version/" -e 's/$/\r/' packaging/README.txt >>"$folder/README.txt"
-    cp "$help/EAGLE_Kelvane.chm" help/formats.html "$folder"
+    cp "$tree/src/app/EAGLE_Kelvane.chm" help/formats.html "$folder"
     find samples -name "*.pal" -exec cp -t "$folder" {} +
 }
 
 for program in src/app/kelvane.exe src/cli/kelvane-cli.exe; do
-    "$triplet-strip" -o "$folder/$(basename "$program")" "build/windows-$world/$program"
+    "$triplet-strip" -o "$folder/$(basename "$program")" "$tree/$program"
 done
 add_texts
 even_out "$folder"
