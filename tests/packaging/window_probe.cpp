@@ -1,6 +1,6 @@
-// window_probe PROGRAM ARGUMENT...: starts a packed program and looks at it from outside. Prints the
-// caption of its main window when that has appeared, reads its input to the end, closes the window
-// as a user would and gives the program's exit code. 100 and a message when any of it fails.
+// window_probe PROGRAM ARGUMENT...: starts a packed program and looks at it from outside. Prints
+// the caption of its main window when that has appeared, reads its input to the end, closes the
+// window as a user would and gives the program's exit code. 100 and a message when any of it fails.
 #include "convert/command_line.h"
 #include "win/unique_handle.h"
 
@@ -54,7 +54,8 @@ int watch(const PROCESS_INFORMATION& program) {
     GetWindowTextW(window, caption, std::size(caption));
     std::printf("%ls\n", caption);
     std::fflush(stdout);
-    while (std::getchar() != EOF) {}
+    while (std::getchar() != EOF) {
+    }
 
     PostMessageW(window, WM_CLOSE, 0, 0);
     if (WaitForSingleObject(program.hProcess, kPatience) != WAIT_OBJECT_0)
