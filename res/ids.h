@@ -252,6 +252,23 @@
 #define IDS_ENGINE_EVEN_SIZE             6101
 #define IDS_ENGINE_SIZE                  6102
 
+// What is wrong with a file: the end of a message.
+#define IDS_FILE_NOT_FOUND               6200
+#define IDS_FILE_NO_ACCESS               6201
+#define IDS_FILE_NO_SPACE                6202
+#define IDS_FILE_IS_FOLDER               6203
+#define IDS_FILE_UNREADABLE              6204
+#define IDS_FILE_UNWRITABLE              6205
+#define IDS_FILE_OVER_2_GB               6206
+#define IDS_FILE_EMPTY                   6207
+#define IDS_FILE_DAMAGED                 6208
+#define IDS_FILE_UNKNOWN_FORMAT          6209
+#define IDS_FILE_NO_PICTURE              6210
+#define IDS_FILE_TOO_LARGE               6211
+#define IDS_FILE_TOO_LARGE_FOR_BITMAP    6212
+#define IDS_FILE_NO_MEMORY               6213
+#define IDS_FILE_NO_COLOUR               6214
+
 // A file that could not be opened by the converter.
 #define IDS_OPEN_ERROR_TITLE             7000
 #define IDS_OPEN_ERROR_FORMATS           7001

@@ -1,6 +1,6 @@
 # Sourced by wine-x64.sh and wine-x86.sh, which set: kelvane_arch (win64 or win32),
-# kelvane_wine and kelvane_wineserver (programs). Runs "$@" under Wine with a prefix of this work
-# tree, never the user's own; the prefix is made on first use.
+# kelvane_wine and kelvane_wineserver (programs) and kelvane_fonts (folder). Runs "$@" under Wine
+# with a prefix of this work tree, never the user's own; the prefix is made on first use.
 #
 #   wine-x64.sh PROGRAM.exe ARGUMENT...   run a program
 #   wine-x64.sh --server OPTION           speak to the prefix's server: -p stays until -k ends it
@@ -23,13 +23,19 @@ set_window_management() {
             /v Managed /d Y /f
 }
 
+# Debian keeps Wine's own fonts where Wine does not look: titles would have digits for buttons, and
+# dialogs another font than on Windows.
+add_fonts() {
+    ln -s "$kelvane_fonts"/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+}
+
 # A prefix is made anew when this file has changed.
 stamp=$WINEPREFIX/made-by-$(cksum <"$(dirname "$(readlink -f "$0")")/wine.sh" | cut -d ' ' -f 1)
 
 make_prefix() {
     rm -rf "$WINEPREFIX"
     timeout 120 "$kelvane_wine" wineboot.exe -i >"$prefixes/$WINEARCH.log" 2>&1 &&
-        set_window_management >>"$prefixes/$WINEARCH.log" 2>&1 &&
+        set_window_management >>"$prefixes/$WINEARCH.log" 2>&1 && add_fonts &&
         timeout 60 "$kelvane_wineserver" -w && touch "$stamp" && return
     tail -n 15 "$prefixes/$WINEARCH.log" >&2
     echo "kelvane: Wine could not set up $WINEPREFIX" >&2

@@ -16,7 +16,7 @@ namespace {
 
 // The engine refuses only pictures without pixels; a failed allocation is what leads to those.
 void require(bool done) {
-    if (!done) throw FileError("there is not enough memory for the picture");
+    if (!done) throw FileError(FileFault::kNoMemory);
 }
 
 cDIBSection buffer_for(const cDIBSection& picture) {

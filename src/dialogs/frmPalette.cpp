@@ -2,7 +2,7 @@
 
 #include "dialogs/controls.h"
 #include "dialogs/field_input.h"
-#include "image/file_error.h"
+#include "dialogs/file_error_text.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
 #include "win/file_dialogs.h"
@@ -90,8 +90,7 @@ std::wstring frmPalette::read_colours() {
             palette_ = read_palette(file);
             if (palette_.Count() == 0) wrong = LoadString(IDS_PALETTE_EMPTY);
         } catch (const FileError& error) {
-            const std::string cause = error.what();
-            wrong = LoadString(IDS_PALETTE_ERROR) + std::wstring(cause.begin(), cause.end());
+            wrong = LoadString(IDS_PALETTE_ERROR) + file_error_text(error);
         }
     }
     set_text(IDC_PALETTE_COUNT,

@@ -13,14 +13,15 @@ namespace {
 constexpr std::size_t kLargestFile = std::size_t{1} << 31;
 
 [[noreturn]] void fail_with_errno(int error) {
-    throw FileError(error != 0 ? std::generic_category().message(error) : "cannot be read");
+    if (error == 0) throw FileError(FileFault::kUnreadable);
+    throw FileError(std::error_code(error, std::generic_category()));
 }
 
 } // namespace
 
 std::vector<std::uint8_t> read_file_bytes(const std::filesystem::path& file) {
     std::error_code ignored;
-    if (std::filesystem::is_directory(file, ignored)) throw FileError("is a folder");
+    if (std::filesystem::is_directory(file, ignored)) throw FileError(FileFault::kIsFolder);
     errno = 0;
     std::ifstream in(file, std::ios::binary);
     if (!in) fail_with_errno(errno);
@@ -30,7 +31,7 @@ std::vector<std::uint8_t> read_file_bytes(const std::filesystem::path& file) {
     while (in.read(block.data(), block.size()) || in.gcount() > 0) {
         const auto* first = reinterpret_cast<const std::uint8_t*>(block.data());
         bytes.insert(bytes.end(), first, first + in.gcount());
-        if (bytes.size() > kLargestFile) throw FileError("is larger than 2 GB");
+        if (bytes.size() > kLargestFile) throw FileError(FileFault::kOver2Gb);
     }
     if (in.bad()) fail_with_errno(errno);
     return bytes;

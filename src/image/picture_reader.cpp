@@ -6,7 +6,7 @@ namespace kelvane {
 
 cDIBSection read_picture(const std::filesystem::path& file) {
     const std::vector<std::uint8_t> bytes = read_file_bytes(file);
-    if (bytes.empty()) throw FileError("the file is empty");
+    if (bytes.empty()) throw FileError(FileFault::kEmpty);
     return decode_picture(bytes);
 }
 

@@ -11,13 +11,9 @@ namespace kelvane {
 namespace fs = std::filesystem;
 namespace {
 
-[[noreturn]] void fail(const std::error_code& error) {
-    throw FileError(error.message());
-}
-
-[[noreturn]] void fail_with_errno(int error, const char* otherwise) {
-    if (error == 0) throw FileError(otherwise);
-    fail({error, std::generic_category()});
+[[noreturn]] void fail_with_errno(int error) {
+    if (error == 0) throw FileError(FileFault::kUnwritable);
+    throw FileError(std::error_code(error, std::generic_category()));
 }
 
 // What a link stands for is replaced, not the link.
@@ -39,16 +35,16 @@ fs::path temporary_beside(const fs::path& target) {
 SafeFile::SafeFile(const fs::path& target) : target_(behind_links(target)) {
     std::error_code ignored;
     const fs::file_status status = fs::status(target_, ignored);
-    if (fs::is_directory(status)) throw FileError("is a folder");
+    if (fs::is_directory(status)) throw FileError(FileFault::kIsFolder);
     if (fs::exists(status) && !fs::is_regular_file(status)) {
         out_.open(target_, std::ios::binary);
-        if (!out_) fail_with_errno(errno, "cannot be opened for writing");
+        if (!out_) fail_with_errno(errno);
         return;
     }
     // Replacing needs only a writable folder; a write-protected file is still to be respected.
     if (fs::exists(status)) {
         const std::ofstream probe(target_, std::ios::binary | std::ios::app);
-        if (!probe) fail_with_errno(errno, "cannot be opened for writing");
+        if (!probe) fail_with_errno(errno);
     }
     open_temporary();
 }
@@ -64,7 +60,7 @@ void SafeFile::open_temporary() {
     fs::path temporary = temporary_beside(target_);
     errno = 0;
     out_.open(temporary, std::ios::binary);
-    if (!out_) fail_with_errno(errno, "cannot be created");
+    if (!out_) fail_with_errno(errno);
     temporary_ = std::move(temporary);
     keep_permissions();
 }
@@ -78,17 +74,17 @@ void SafeFile::keep_permissions() const {
 void SafeFile::write(std::string_view bytes) {
     errno = 0;
     if (!out_.write(bytes.data(), static_cast<std::streamsize>(bytes.size())))
-        fail_with_errno(errno, "cannot be written");
+        fail_with_errno(errno);
 }
 
 void SafeFile::commit() {
     errno = 0;
     out_.close();
-    if (!out_) fail_with_errno(errno, "cannot be written");
+    if (!out_) fail_with_errno(errno);
     if (temporary_.empty()) return;
     std::error_code error;
     fs::rename(temporary_, target_, error);
-    if (error) fail(error);
+    if (error) throw FileError(error);
     temporary_.clear();
 }
 

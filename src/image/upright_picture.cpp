@@ -33,7 +33,7 @@ Turn turn_of(int orientation) {
 UprightPicture::UprightPicture(int width, int height, int orientation) : width_(width) {
     const Turn turn = turn_of(orientation);
     if (!picture_.Create(turn.swap_axes ? height : width, turn.swap_axes ? width : height))
-        throw FileError("the picture is too large");
+        throw FileError(FileFault::kTooLarge);
     const ImageView view = picture_.view();
     right_ = 3;
     down_ = -view.row_step;

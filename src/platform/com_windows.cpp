@@ -36,7 +36,7 @@ bool means_damage(HRESULT result) {
 
 FileError decoding_error(HRESULT result) {
     const std::wstring words = means_damage(result) ? std::wstring() : system_words(result);
-    return FileError(words.empty() ? "the picture is damaged or cut short" : utf8(words));
+    return words.empty() ? FileError(FileFault::kDamaged) : FileError(utf8(words));
 }
 
 } // namespace kelvane

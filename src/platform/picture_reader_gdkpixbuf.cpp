@@ -36,9 +36,10 @@ std::string phrase(std::string text) {
 [[noreturn]] void fail(GError* error) {
     const bool unknown = !error || !error->message ||
                          g_error_matches(error, GDK_PIXBUF_ERROR, GDK_PIXBUF_ERROR_UNKNOWN_TYPE);
-    const std::string cause = unknown ? "not a picture that can be read" : phrase(error->message);
+    const FileError failure =
+        unknown ? FileError(FileFault::kUnknownFormat) : FileError(phrase(error->message));
     g_clear_error(&error);
-    throw FileError(cause);
+    throw failure;
 }
 
 // What the loader tells while it reads.
@@ -93,11 +94,11 @@ Pixbuf decode(std::span<const std::uint8_t> bytes) {
     const bool closed = gdk_pixbuf_loader_close(loader.get(), fed ? &error : nullptr);
     if (progress.too_large) {
         g_clear_error(&error);
-        throw FileError("the picture is too large");
+        throw FileError(FileFault::kTooLarge);
     }
     GdkPixbuf* decoded = gdk_pixbuf_loader_get_pixbuf(loader.get());
     if (!fed || !closed || !decoded) fail(error);
-    if (!progress.complete()) throw FileError("the picture is damaged or cut short");
+    if (!progress.complete()) throw FileError(FileFault::kDamaged);
     return Pixbuf(static_cast<GdkPixbuf*>(g_object_ref(decoded)));
 }
 
@@ -109,8 +110,8 @@ int orientation_of(GdkPixbuf* decoded) {
 } // namespace
 
 cDIBSection decode_picture(std::span<const std::uint8_t> file_bytes) {
-    if (file_bytes.empty()) throw FileError("the file is empty");
-    if (!is_complete(file_bytes)) throw FileError("the picture is damaged or cut short");
+    if (file_bytes.empty()) throw FileError(FileFault::kEmpty);
+    if (!is_complete(file_bytes)) throw FileError(FileFault::kDamaged);
     const Pixbuf decoded = decode(file_bytes);
     const int width = gdk_pixbuf_get_width(decoded.get());
     const int height = gdk_pixbuf_get_height(decoded.get());

@@ -20,8 +20,8 @@ ComPtr<IStream> stream_over(IWICImagingFactory& factory, std::span<const std::ui
 } // namespace
 
 cDIBSection decode_picture(std::span<const std::uint8_t> file_bytes) {
-    if (file_bytes.empty()) throw FileError("the file is empty");
-    if (!is_complete(file_bytes)) throw FileError("the picture is damaged or cut short");
+    if (file_bytes.empty()) throw FileError(FileFault::kEmpty);
+    if (!is_complete(file_bytes)) throw FileError(FileFault::kDamaged);
     const ComScope com;
     ComPtr<IWICImagingFactory> factory;
     throw_if_failed(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,

@@ -21,7 +21,7 @@ Size size_of(IWICBitmapSource& source) {
     UINT height = 0;
     throw_if_failed(source.GetSize(&width, &height));
     constexpr UINT kMost = std::numeric_limits<int>::max();
-    if (width > kMost || height > kMost) throw FileError("the picture is too large");
+    if (width > kMost || height > kMost) throw FileError(FileFault::kTooLarge);
     return {static_cast<int>(width), static_cast<int>(height)};
 }
 
@@ -46,7 +46,7 @@ ComPtr<IWICBitmapFrameDecode> chosen_frame(IWICBitmapDecoder& decoder) {
         best_area = area;
         best = frame;
     }
-    if (!best) throw FileError("there is no picture in the file");
+    if (!best) throw FileError(FileFault::kNoPicture);
     return best;
 }
 

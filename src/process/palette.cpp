@@ -39,9 +39,7 @@ cPalette::Colour colour(const std::array<std::string_view, 3>& fields, std::size
     cPalette::Colour colour{};
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const std::optional<std::uint8_t> value = channel(fields[i]);
-        if (!value)
-            throw FileError("line " + std::to_string(line_number) +
-                            " is not three numbers from 0 to 255");
+        if (!value) throw FileError(FileFault::kNoColour, std::to_string(line_number));
         colour[i] = *value;
     }
     return colour;

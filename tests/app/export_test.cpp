@@ -1,18 +1,12 @@
 // From a picture file to the script, and the other commands with dialogs.
 #include "app_test.h"
 
-#include "image/picture_reader.h"
-#include "image/size_limit.h"
-
 #include "ids.h"
 
 #include <commctrl.h>
-#include <gmock/gmock.h>
 
 namespace kelvane::test {
 namespace {
-
-using testing::HasSubstr;
 
 class Export : public AppTest {
   protected:
@@ -25,44 +19,9 @@ class Export : public AppTest {
     }
 };
 
-TEST_F(Export, ScriptIsByteForByteTheEngines) {
-    const std::filesystem::path logo = std::filesystem::path(KELVANE_SAMPLES) / "logo.png";
-    main.open_file(std::filesystem::absolute(logo).wstring());
-    ASSERT_EQ(main.forms().size(), 1u);
-    choose(kCmdSoften);
-    const cDIBSection softened = picture_of(*main.forms()[0]).Copy();
-    expect_export(
-        [](HWND dialog) {
-            choose_button(dialog, IDC_EXPORT_FULL);
-            choose_button(dialog, IDC_EXPORT_FULL_POLYGON);
-            type_text(dialog, IDC_EXPORT_SIZE, L"0.25");
-            choose_in_list(dialog, IDC_EXPORT_UNIT, 3);
-            choose_in_list(dialog, IDC_EXPORT_LAYER, 0);
-        },
-        L"logo.scr");
-    choose(kCmdExport);
-
-    cDIBSection picture = read_picture(logo);
-    cDIBSection buffer = black_picture(picture.Width(), picture.Height());
-    cImageProcessDIB engine;
-    engine.set_FilterType(kSoften);
-    engine.ProcessImage(picture, buffer);
-    EXPECT_TRUE(same_pixels(picture_of(*main.forms()[0]), picture)); // not the reduced one
-    engine.BlackAndWhite2(picture, picture, 128);
-    ExportOptions options;
-    options.lay = 1;
-    options.size = 0.25;
-    options.unit = 3;
-    engine.Vectorize(picture, folder / "expected.scr", options);
-    const std::string expected = file_text(folder / "expected.scr");
-    EXPECT_GT(expected.size(), 1000u);
-    EXPECT_TRUE(file_text(folder / "logo.scr") == expected);
-    EXPECT_EQ(setting(L"imageexport", L"unit"), L"3");
-    EXPECT_EQ(setting(L"global", L"lastpath2") + L"logo.scr", path(L"logo.scr"));
-}
-
 TEST_F(Export, OutOfRangeScriptIsDeletedOnlyWhenTicked) {
-    opened(flat_picture(4, 4, 0, 0, 0));
+    const cDIBSection picture = random_picture(4, 4, 3);
+    const frmImage& form = opened(picture);
     for (const bool tick : {false, true}) {
         expect_export([](HWND dialog) { type_text(dialog, IDC_EXPORT_SIZE, L"100000"); },
                       L"far.scr");
@@ -73,6 +32,7 @@ TEST_F(Export, OutOfRangeScriptIsDeletedOnlyWhenTicked) {
         });
         choose(kCmdExport);
         EXPECT_EQ(exists(folder / "far.scr"), !tick);
+        EXPECT_TRUE(same_pixels(picture_of(form), picture)); // not the reduced one
     }
 }
 

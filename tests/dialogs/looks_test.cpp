@@ -17,7 +17,7 @@
 #include "dialogs/frmPalette.h"
 #include "dialogs/frmSW.h"
 #include "dialogs/frmSplash.h"
-#include "image/bitmap_file.h"
+#include "support/windows/screenshot.h"
 
 namespace kelvane::test {
 namespace {
@@ -95,39 +95,15 @@ void expect_captions_fit(HWND dialog) {
     }
 }
 
-void save_screenshot(HWND window, const std::string& name) {
-    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-    RECT area{};
-    GetWindowRect(window, &area);
-    cDIBSection picture = black_picture(area.right - area.left, area.bottom - area.top);
-    const HDC context = GetWindowDC(window);
-    EXPECT_TRUE(BitBlt(static_cast<HDC>(picture.hdc()), 0, 0, picture.Width(), picture.Height(),
-                       context, 0, 0, SRCCOPY));
-    ReleaseDC(window, context);
-    GdiFlush();
-    const std::filesystem::path folder = KELVANE_SCREENSHOTS;
-    std::filesystem::create_directories(folder);
-    save_bitmap(picture.view(), folder / (name + ".bmp"));
-}
-
-// Colours across, light and dark upwards.
-cDIBSection colourful_picture(int width, int height) {
-    cDIBSection picture = black_picture(width, height);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-            const int colour[] = {255 * x / width, 255 * y / height, 255 - 255 * x / width};
-            std::copy_n(colour, 3, picture.view().pixel(x, y));
-        }
-    return picture;
-}
-
 struct DialogLooks : DialogTest, testing::WithParamInterface<int> {
     DialogLooks() { set_language_offset(GetParam()); }
     ~DialogLooks() override { set_language_offset(kEnglishOffset); }
 
     static void check_looks(HWND window, const std::string& name) {
         expect_captions_fit(window);
-        save_screenshot(window, name + (GetParam() == kGermanOffset ? "-de" : "-en"));
+        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+        save_screenshot(picture_of_window(window), KELVANE_SCREENSHOTS,
+                        name + (GetParam() == kGermanOffset ? "-de" : "-en"));
     }
     template <typename Form> void look_at(Form&& dialog, const std::string& name) {
         show(dialog, IDCANCEL, [&](HWND window) { check_looks(window, name); });

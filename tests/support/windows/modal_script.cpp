@@ -60,8 +60,7 @@ void ModalScript::expect_dialog(Step fill, int button) {
 void ModalScript::expect_file_dialog(std::wstring path) {
     expect([path = std::move(path)](HWND dialog) {
         if (path.empty()) return press(dialog, IDCANCEL);
-        const int field = GetDlgItem(dialog, cmb13) != nullptr ? cmb13 : edt1;
-        SetDlgItemTextW(dialog, field, path.c_str());
+        type_file_name(dialog, path);
         press(dialog, IDOK);
     });
 }
@@ -106,6 +105,10 @@ void press(HWND dialog, int button) {
 
 void type_text(HWND dialog, int field, const std::wstring& text) {
     SetDlgItemTextW(dialog, field, text.c_str()); // an edit control sends EN_CHANGE by itself
+}
+
+void type_file_name(HWND dialog, const std::wstring& path) {
+    type_text(dialog, GetDlgItem(dialog, cmb13) != nullptr ? cmb13 : edt1, path);
 }
 
 void choose_in_list(HWND dialog, int list, int entry) {

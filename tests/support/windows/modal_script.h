@@ -56,6 +56,8 @@ class ModalScript {
 void press(HWND dialog, int button);
 /// Types into a field: its text changes and its dialog is told.
 void type_text(HWND dialog, int field, const std::wstring& text);
+/// The same for the name in an open or save dialog.
+void type_file_name(HWND dialog, const std::wstring& path);
 /// Picks an entry of a list, from 0, as a click does.
 void choose_in_list(HWND dialog, int list, int entry);
 std::wstring text_of(HWND dialog, int control);

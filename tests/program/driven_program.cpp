@@ -1,0 +1,150 @@
+#include "driven_program.h"
+
+#include "convert/command_line.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+#include <stdexcept>
+
+namespace kelvane::test {
+namespace {
+
+constexpr DWORD kLook = 10;      // milliseconds between two looks
+constexpr UINT kAnswered = 5000; // milliseconds for a message
+constexpr DWORD kStart = 30000;
+
+[[noreturn]] void fail(const std::string& what) {
+    throw std::runtime_error(what);
+}
+
+std::wstring class_of(HWND window) {
+    wchar_t name[64];
+    GetClassNameW(window, name, std::size(name));
+    return name;
+}
+
+// A job ends what is in it when its last handle is closed, even if that is because the test died.
+UniqueHandle ending_job() {
+    UniqueHandle job(CreateJobObjectW(nullptr, nullptr));
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    SetInformationJobObject(job.get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    return job;
+}
+
+} // namespace
+
+DrivenProgram::DrivenProgram(const std::filesystem::path& program,
+                             const std::vector<std::wstring>& arguments)
+    : job_(ending_job()) {
+    std::wstring line = quoted_argument(program.wstring());
+    for (const std::wstring& argument : arguments)
+        line += L' ' + quoted_argument(argument);
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION information{};
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
+                        nullptr, &startup, &information))
+        fail("the program cannot be started: error " + std::to_string(GetLastError()));
+    process_ = UniqueHandle(information.hProcess);
+    id_ = information.dwProcessId;
+    const UniqueHandle thread(information.hThread);
+    AssignProcessToJobObject(job_.get(), process_.get());
+    ResumeThread(thread.get());
+    WaitForInputIdle(process_.get(), kStart);
+}
+
+DrivenProgram::~DrivenProgram() {
+    if (WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0) return;
+    TerminateProcess(process_.get(), 1);
+    WaitForSingleObject(process_.get(), kAnswered);
+}
+
+void DrivenProgram::wait_for(const std::string& what,
+                             const std::function<bool()>& condition) const {
+    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    while (!condition()) {
+        if (WaitForSingleObject(process_.get(), kLook) == WAIT_OBJECT_0 && !condition())
+            fail("the program ended with code " + std::to_string(exit_code()) + " before " + what);
+        if (std::chrono::steady_clock::now() > deadline)
+            fail("waited in vain for " + what + "; there are" + window_list());
+    }
+}
+
+std::vector<HWND> DrivenProgram::windows() const {
+    std::vector<HWND> found;
+    HWND window = nullptr;
+    while ((window = FindWindowExW(nullptr, window, nullptr, nullptr)) != nullptr) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        if (owner == id_ && IsWindowVisible(window)) found.push_back(window);
+    }
+    return found;
+}
+
+HWND DrivenProgram::first_window(const std::function<bool(HWND)>& wanted) const {
+    const std::vector<HWND> all = windows();
+    const auto found = std::ranges::find_if(all, wanted);
+    return found == all.end() ? nullptr : *found;
+}
+
+std::string DrivenProgram::window_list() const {
+    std::ostringstream list;
+    for (const HWND window : windows())
+        list << ' ' << testing::PrintToString(class_of(window)) << ' '
+             << testing::PrintToString(text_in(window));
+    return list.str();
+}
+
+HWND DrivenProgram::window(const std::wstring& class_name, const std::wstring& caption) const {
+    HWND found = nullptr;
+    wait_for("a window " + testing::PrintToString(caption), [&] {
+        found = first_window([&](HWND window) {
+            return class_of(window) == class_name && text_in(window).starts_with(caption);
+        });
+        return found != nullptr;
+    });
+    return found;
+}
+
+HWND DrivenProgram::dialog(const std::string& what) const {
+    HWND found = nullptr;
+    wait_for("the dialog: " + what, [&] {
+        found = first_window(
+            [](HWND window) { return class_of(window) == L"#32770" && IsWindowEnabled(window); });
+        return found != nullptr;
+    });
+    return found;
+}
+
+void DrivenProgram::perform(HWND window, unsigned command) const {
+    if (!SendMessageTimeoutW(window, WM_COMMAND, command, 0, SMTO_NORMAL, kAnswered, nullptr))
+        fail("no end of command " + std::to_string(command));
+}
+
+void DrivenProgram::answer(HWND dialog, int button) const {
+    const std::string what = "the end of " + testing::PrintToString(text_in(dialog));
+    PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
+    wait_for(what, [&] { return !IsWindow(dialog); });
+}
+
+DWORD DrivenProgram::exit_code() const {
+    const auto patience = std::chrono::milliseconds(kPatience).count();
+    if (WaitForSingleObject(process_.get(), static_cast<DWORD>(patience)) != WAIT_OBJECT_0)
+        fail("the program does not end; there are" + window_list());
+    DWORD code = 0;
+    GetExitCodeProcess(process_.get(), &code);
+    return code;
+}
+
+std::wstring text_in(HWND window) {
+    wchar_t text[1024] = L"";
+    SendMessageTimeoutW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text),
+                        SMTO_ABORTIFHUNG, kAnswered, nullptr);
+    return text;
+}
+
+} // namespace kelvane::test

@@ -1,0 +1,54 @@
+// A finished program driven from outside, as a user's hands and eyes would: through its windows.
+#pragma once
+
+#include "win/unique_handle.h"
+
+#include <windows.h>
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace kelvane::test {
+
+/// A started program. Whatever is waited for and does not come in time, or not before the program
+/// ends, throws an error that says what is missing and which windows there are; the program never
+/// outlives this object.
+class DrivenProgram {
+  public:
+    DrivenProgram(const std::filesystem::path& program, const std::vector<std::wstring>& arguments);
+    ~DrivenProgram();
+    DrivenProgram(const DrivenProgram&) = delete;
+    DrivenProgram& operator=(const DrivenProgram&) = delete;
+
+    /// Looks until `condition` holds.
+    void wait_for(const std::string& what, const std::function<bool()>& condition) const;
+    /// The visible window of this class whose caption begins so, once it is there.
+    HWND window(const std::wstring& class_name, const std::wstring& caption) const;
+    /// The dialog or message box that can be answered now, once there is one.
+    HWND dialog(const std::string& what) const;
+    /// Lets a window carry out a command that opens no dialog.
+    void perform(HWND window, unsigned command) const;
+    /// Presses a button of a dialog and waits until the dialog has gone.
+    void answer(HWND dialog, int button) const;
+    /// The exit code, once the program has ended.
+    DWORD exit_code() const;
+
+  private:
+    static constexpr std::chrono::seconds kPatience{15};
+
+    std::vector<HWND> windows() const;
+    HWND first_window(const std::function<bool(HWND)>& wanted) const;
+    std::string window_list() const;
+
+    UniqueHandle job_;
+    UniqueHandle process_;
+    DWORD id_ = 0;
+};
+
+/// The text of any window of any program; empty when it does not answer.
+std::wstring text_in(HWND window);
+
+} // namespace kelvane::test

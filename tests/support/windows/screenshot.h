@@ -1,0 +1,45 @@
+// Pictures of windows, for people to look at.
+#pragma once
+
+#include "image/bitmap_file.h"
+#include "support/pictures.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+
+namespace kelvane::test {
+
+/// A window with its frame as it is on the screen now.
+inline cDIBSection picture_of_window(HWND window) {
+    RECT area{};
+    GetWindowRect(window, &area);
+    cDIBSection picture = black_picture(area.right - area.left, area.bottom - area.top);
+    const HDC context = GetWindowDC(window);
+    EXPECT_TRUE(BitBlt(static_cast<HDC>(picture.hdc()), 0, 0, picture.Width(), picture.Height(),
+                       context, 0, 0, SRCCOPY));
+    ReleaseDC(window, context);
+    GdiFlush();
+    return picture;
+}
+
+/// Colours across, light and dark upwards.
+inline cDIBSection colourful_picture(int width, int height) {
+    cDIBSection picture = black_picture(width, height);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) {
+            const int colour[] = {255 * x / width, 255 * y / height, 255 - 255 * x / width};
+            std::copy_n(colour, 3, picture.view().pixel(x, y));
+        }
+    return picture;
+}
+
+inline void save_screenshot(const cDIBSection& picture, const std::filesystem::path& folder,
+                            const std::string& name) {
+    std::filesystem::create_directories(folder);
+    save_bitmap(picture.view(), folder / (name + ".bmp"));
+}
+
+} // namespace kelvane::test
