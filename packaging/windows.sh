@@ -14,13 +14,11 @@ folder=$work/Kelvane
 mkdir -p "$folder"
 
 add_texts() {
-    local file
     sed 's/$/\r/' LICENSE >"$folder/LICENSE.txt"
     # Notepad of older systems takes UTF-8 for what it is only with the mark at the beginning.
     printf '\357\273\277' >"$folder/README.txt"
     sed -e "s/@VERSION@/$version/" -e 's/$/\r/' packaging/README.txt >>"$folder/README.txt"
-    cp "$tree/src/app/EAGLE_Kelvane.chm" help/formats.html "$folder"
-    find samples -name "*.pal" -exec cp -t "$folder" {} +
+    cp "$tree/src/app/EAGLE_Kelvane.chm" help/formats.html res/palettes/*.pal "$folder"
 }
 
 for program in src/app/kelvane.exe src/cli/kelvane-cli.exe; do

@@ -23,7 +23,8 @@ text=$(zcat $manual | tr -d '\\')
 complete_words() { # WORD... as typed so far; the last one is being completed
     COMP_WORDS=(kelvane-cli "$@")
     COMP_CWORD=$#
-    _kelvane_cli "$program" "${!#}" "${COMP_WORDS[COMP_CWORD - 1]}"
+    # Its compopt fails where nobody has typed.
+    _kelvane_cli "$program" "${!#}" "${COMP_WORDS[COMP_CWORD - 1]}" || true
 }
 in_completion() {
     complete_words "${@:2}"

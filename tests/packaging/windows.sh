@@ -37,6 +37,7 @@ check_portable() {
 ./EAGLE_Kelvane.chm
 ./LICENSE.txt
 ./README.txt
+./basic-16.pal
 ./formats.html
 ./kelvane-cli.exe
 ./kelvane.exe
