@@ -72,16 +72,23 @@ check_installed() {
     check_programs "$installed"
 }
 
+refused() { # PROGRAM ARGUMENT...
+    local status=0
+    wine "$@" || status=$?
+    [ $status -eq 3 ] || fail "$(basename "$1") gives $status while the program runs"
+    [ "$(<"$installed/README.txt")" = old ] || fail "$(basename "$1") changed the files of a running program"
+}
+
 # While the program runs, setup and uninstaller leave all as it is and say so by their exit code.
 check_refusal() {
-    local status=0 caption
+    local caption
     echo old >"$installed/README.txt"
     coproc running { wine "$probe" "$(windows_path "$installed/kelvane.exe")"; }
     local process=$running_PID
     read -r -t 60 -u "${running[0]}" caption || fail "the installed program does not start"
-    wine "$name-setup.exe" /S || status=$?
-    [ $status -eq 3 ] || fail "setup over a running program gives $status"
-    [ "$(<"$installed/README.txt")" = old ] || fail "setup changed the files of a running program"
+    refused "$name-setup.exe" /S
+    # With its folder named, as with /D=, it runs in place and gives its own exit code.
+    refused "$installed/uninstall.exe" /S _?=$(windows_path "$installed")
     exec {running[1]}>&-
     wait "$process" || fail "the program that ran meanwhile gives $?"
 }
