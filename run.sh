@@ -3,6 +3,7 @@
 # All words go to kelvane-cli; see ./run.sh --help.
 #
 # ./run.sh app [PICTURE...] builds the desktop program instead and starts it under Wine.
+# ./run.sh package [FOLDER] builds the packages into FOLDER, by default build/packages.
 set -euo pipefail
 root=$(dirname "$(readlink -f "$0")")
 
@@ -26,6 +27,15 @@ build_app() (
     cmake --build --preset windows-x64 --target kelvane >build/run.log 2>&1 9>&-
 )
 
+build_packages() (
+    cd "$root"
+    mkdir -p build
+    exec 9>build/run.lock
+    flock 9
+    scripts/install.sh build package 9>&-
+    packaging/build.sh "$1" >build/run.log 2>&1 9>&-
+)
+
 cannot_build() {
     [ ! -s "$root/build/run.log" ] || tail -n 15 "$root/build/run.log" >&2
     echo "kelvane: could not be built" >&2
@@ -40,6 +50,13 @@ if [ "${1:-}" = app ]; then
     fi
     build_app || cannot_build
     exec "$root/scripts/wine-x64.sh" "$root/build/windows-x64/src/app/kelvane.exe" "$@"
+fi
+
+if [ "${1:-}" = package ]; then
+    folder=$(realpath -m "${2:-$root/build/packages}")
+    build_packages "$folder" || cannot_build
+    ls "$folder"/*
+    exit
 fi
 
 build || cannot_build

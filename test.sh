@@ -1,11 +1,12 @@
 #!/bin/bash
 # Builds everything and runs every test: natively, with sanitizers, as 64-bit and 32-bit Windows
-# programs under Wine, and the fuzz targets on their corpus. Arguments go to ctest (-R NAME).
+# programs under Wine, the fuzz targets on their corpus, and the packages. Arguments go to ctest
+# (-R NAME).
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 trees=(native native-asan windows-x64 windows-x86 fuzz)
 
-scripts/install.sh build test
+scripts/install.sh build test package
 scripts/wine32.sh | sed "s/^/32-bit Wine: /"
 scripts/imagemagick.sh | sed "s/^/ImageMagick: /"
 scripts/check-source.sh

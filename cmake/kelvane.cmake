@@ -10,7 +10,11 @@ target_compile_options(kelvane_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wcast-align -Wnon-virtual-dtor -Wundef -Werror
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
   -ffp-contract=off)
+# One commit gives the same program in every folder and at every time.
+target_compile_options(kelvane_flags INTERFACE
+  $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>)
 if(WIN32)
+  target_link_options(kelvane_flags INTERFACE -Wl,--no-insert-timestamp)
   target_compile_definitions(kelvane_flags INTERFACE
     UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX WINVER=0x0601 _WIN32_WINNT=0x0601)
 endif()

@@ -9,10 +9,8 @@ fail() {
     exit 1
 }
 
-wanted=()
-for kind in "$@"; do
-    mapfile -t -O "${#wanted[@]}" wanted < <(awk -v kind="$kind" '$1 == kind { print $2 }' "$here/packages.txt")
-done
+mapfile -t wanted < <(printf '%s\n' "$@" |
+    awk 'NR == FNR { kinds[$1]; next } $1 in kinds && !seen[$2]++ { print $2 }' - "$here/packages.txt")
 
 if [ -z "$(type -P dpkg-query)" ]; then
     fail "this is not a Debian system; please provide what these packages hold: ${wanted[*]}"

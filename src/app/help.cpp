@@ -16,8 +16,6 @@ constexpr UINT kHelpContext = 0x000F;
 constexpr UINT kCloseAll = 0x0012;
 using HtmlHelp = HWND(WINAPI*)(HWND, const wchar_t*, UINT, DWORD_PTR);
 
-constexpr DWORD_PTR kFirstPage = 1; // context number in the help file
-
 HtmlHelp html_help(const win::Module& library) {
     return reinterpret_cast<HtmlHelp>(
         reinterpret_cast<void*>(GetProcAddress(library.get(), "HtmlHelpW")));
@@ -29,7 +27,7 @@ Help::~Help() {
     if (library_) html_help(library_)(nullptr, nullptr, kCloseAll, 0);
 }
 
-void Help::show(HWND owner) {
+void Help::show(HWND owner, int page) {
     std::error_code ignored;
     if (!std::filesystem::is_regular_file(file_, ignored))
         throw TextError(LoadString(IDS_HELP_MISSING) + file_);
@@ -38,7 +36,8 @@ void Help::show(HWND owner) {
         if (!library || html_help(library) == nullptr) throw PlatformError(ERROR_MOD_NOT_FOUND);
         library_ = std::move(library);
     }
-    if (html_help(library_)(owner, file_.c_str(), kHelpContext, kFirstPage) == nullptr)
+    const auto number = static_cast<DWORD_PTR>(page + language_offset());
+    if (html_help(library_)(owner, file_.c_str(), kHelpContext, number) == nullptr)
         throw PlatformError(ERROR_FILE_INVALID);
 }
 

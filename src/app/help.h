@@ -16,9 +16,10 @@ class Help {
     Help(const Help&) = delete;
     Help& operator=(const Help&) = delete;
 
-    /// Shows the first page. Throws `TextError` naming the file when it is missing, and
+    /// Shows a page in the program's language; `page`: its German context number, IDH_... or a
+    /// dialog's IDD_.... Throws `TextError` naming the file when it is missing, and
     /// `PlatformError` when the system has no HTML help or cannot show it.
-    void show(HWND owner);
+    void show(HWND owner, int page);
 
   private:
     std::wstring file_;

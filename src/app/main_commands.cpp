@@ -49,7 +49,7 @@ void mfrmMain::command(unsigned id) {
         else
             perform(*find_command(id));
     } catch (const std::exception& error) {
-        show_failure(error);
+        show_failure(error, window());
     }
 }
 
@@ -122,7 +122,7 @@ void mfrmMain::open_dropped(HDROP drop) {
         try {
             open_file(file);
         } catch (const std::exception& error) {
-            show_failure(error);
+            show_failure(error, window());
         }
     }
     DragFinish(drop);
@@ -253,7 +253,7 @@ void mfrmMain::arrange_icons() {
 // Help menu.
 
 void mfrmMain::help() {
-    help_.show(window());
+    show_help(window(), IDH_START);
 }
 
 void mfrmMain::about() {

@@ -27,6 +27,26 @@ int position_in(HMENU parent, HMENU menu) {
     return position;
 }
 
+// Submenus have the page of the menu they are in.
+int help_page_of(int caption, HMENU parent) {
+    switch (caption) {
+    case IDS_MENU_FILE:
+        return IDH_MENU_FILE;
+    case IDS_MENU_EDIT:
+        return IDH_MENU_EDIT;
+    case IDS_MENU_IMAGE:
+        return IDH_MENU_IMAGE;
+    case IDS_MENU_COLORS:
+        return IDH_MENU_COLOURS;
+    case IDS_MENU_WINDOW:
+        return IDH_MENU_WINDOW;
+    case IDS_MENU_HELP:
+        return IDH_MENU_HELP;
+    default:
+        return static_cast<int>(GetMenuContextHelpId(parent));
+    }
+}
+
 void set_caption(HMENU menu, unsigned item, bool by_position, std::wstring caption) {
     MENUITEMINFOW info{};
     info.cbSize = sizeof info;
@@ -54,6 +74,7 @@ void MainMenu::add_entries() {
         } else if (entry.command == kNoCommand) {
             const HMENU menu = CreatePopupMenu();
             AppendMenuW(parent, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), L"");
+            SetMenuContextHelpId(menu, static_cast<DWORD>(help_page_of(entry.caption, parent)));
             submenus_.push_back({parent, menu, entry.caption});
             open.push_back(menu);
         } else {
@@ -93,6 +114,11 @@ void MainMenu::show_recent(const cMRUFileList& files) {
 
 void MainMenu::enable(unsigned command, bool on) {
     EnableMenuItem(bar_, command, MF_BYCOMMAND | (on ? MF_ENABLED : MF_GRAYED));
+}
+
+int MainMenu::help_page(const HELPINFO& request) {
+    if (request.iContextType != HELPINFO_MENUITEM) return 0;
+    return static_cast<int>(GetMenuContextHelpId(static_cast<HMENU>(request.hItemHandle)));
 }
 
 HACCEL create_shortcuts() {

@@ -6,6 +6,7 @@
 #include "settings/catalogue.h"
 #include "settings/folders.h"
 #include "settings/string_table.h"
+#include "win/dialog.h"
 #include "win/message_box.h"
 #include "win/platform_error.h"
 #include "win/shell.h"
@@ -21,6 +22,7 @@ namespace {
 
 constexpr const wchar_t* kClassName = L"KelvaneMain";
 constexpr const wchar_t* kHelpFile = L"\\EAGLE_Kelvane.chm";
+constexpr WORD kByShortcut = 1;   // high word of WM_COMMAND
 constexpr DWORD kPaintPause = 50; // milliseconds between two repaints in an operation
 
 // Not shared: the system would answer with the icon of any size that was loaded first.
@@ -44,10 +46,12 @@ mfrmMain::mfrmMain(SettingsFile settings)
     open_folder_ = read_setting(settings_, settings::kOpenFolder);
     save_folder_ = read_setting(settings_, settings::kSaveFolder);
     recent_.Load(settings_);
+    win::set_dialog_help([this](HWND dialog, int template_id) { show_help(dialog, template_id); });
     create();
 }
 
 mfrmMain::~mfrmMain() {
+    win::set_dialog_help({});
     if (window() != nullptr) DestroyWindow(window()); // takes the documents along
 }
 
@@ -126,8 +130,16 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
         if (find_command(LOWORD(w)) == nullptr &&
             !(LOWORD(w) >= kCmdRecent1 && LOWORD(w) <= kCmdRecent4))
             break;
-        command(LOWORD(w));
+        if (LOWORD(w) == kCmdHelp && HIWORD(w) == kByShortcut)
+            show_help(window(), help_page());
+        else
+            command(LOWORD(w));
         return 0;
+    case WM_HELP: {
+        const int page = MainMenu::help_page(*reinterpret_cast<const HELPINFO*>(l));
+        show_help(window(), page != 0 ? page : help_page());
+        return TRUE;
+    }
     case WM_INITMENUPOPUP: {
         const frmImage* form = active_form();
         menu_->enable(kCmdUndo, form != nullptr && form->document().undoEnable());
@@ -225,8 +237,8 @@ void mfrmMain::show_error(int id, const std::wstring& cause) {
                      MB_OK | MB_ICONEXCLAMATION);
 }
 
-void mfrmMain::show_failure(const std::exception& error) {
-    win::message_box(window(), error_text(error), LoadString(IDS_ERROR_TITLE),
+void mfrmMain::show_failure(const std::exception& error, HWND owner) {
+    win::message_box(owner, error_text(error), LoadString(IDS_ERROR_TITLE),
                      MB_OK | MB_ICONEXCLAMATION);
 }
 
@@ -238,6 +250,20 @@ void mfrmMain::ShellEx(const std::wstring& file, const std::wstring& operation,
     if (const int text = shell_error_text(answer); text != 0)
         win::message_box(owner, LoadString(text), LoadString(IDS_ERROR_TITLE),
                          MB_OK | MB_ICONEXCLAMATION);
+}
+
+// F1 in the main window: what one sees.
+int mfrmMain::help_page() const {
+    return forms_.empty() ? IDH_START : IDH_MAIN_WINDOW;
+}
+
+// The window that is asked for help may belong to a dialog, which no failure may close.
+void mfrmMain::show_help(HWND owner, int page) {
+    try {
+        help_.show(window(), page);
+    } catch (const std::exception& error) {
+        show_failure(error, owner);
+    }
 }
 
 void mfrmMain::check_colour_depth(int bits_per_pixel) {

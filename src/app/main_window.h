@@ -85,7 +85,9 @@ class mfrmMain : public win::Window, private MainServices {
     void loadLanguage();
     bool translate(MSG& message) const;
     bool let_windows_paint();
-    void show_failure(const std::exception& error);
+    void show_failure(const std::exception& error, HWND owner);
+    void show_help(HWND owner, int page);
+    int help_page() const;
 
     // Commands.
     void command(unsigned id);

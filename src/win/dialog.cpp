@@ -14,11 +14,17 @@ constexpr INT_PTR kCancelled = 2;
 // Posted: the system has finished with WM_DPICHANGED.
 constexpr UINT kArrangedAnew = WM_APP + 100;
 
+DialogHelp dialog_help;
+
 const wchar_t* resource(int id) {
     return MAKEINTRESOURCEW(id);
 }
 
 } // namespace
+
+void set_dialog_help(DialogHelp help) {
+    dialog_help = std::move(help);
+}
 
 Dialog::~Dialog() {
     close();
@@ -96,6 +102,9 @@ INT_PTR Dialog::dispatch(UINT message, WPARAM w, LPARAM l) {
     case kArrangedAnew:
         density_changed();
         InvalidateRect(window_, nullptr, TRUE);
+        return TRUE;
+    case WM_HELP:
+        if (dialog_help) dialog_help(window_, template_id_);
         return TRUE;
     case WM_NCDESTROY:
         unbind();

@@ -6,9 +6,15 @@
 #include <windows.h>
 
 #include <exception>
+#include <functional>
 #include <string>
 
 namespace kelvane::win {
+
+/// Shows the help on a dialog: gets its window and the number of its template.
+using DialogHelp = std::function<void(HWND dialog, int template_id)>;
+/// What F1 does in every dialog of the program from now on; nothing when empty.
+void set_dialog_help(DialogHelp help);
 
 /// A dialog built from the program's resources. A form overrides the hooks and keeps its results
 /// as members that are read after `show_modal`. The object is bound to its window from

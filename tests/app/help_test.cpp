@@ -1,0 +1,101 @@
+// Which page of the help opens where, with a library of our own in the place of the system's.
+#include "app_test.h"
+
+#include "ids.h"
+
+#include <fstream>
+
+namespace kelvane::test {
+namespace {
+
+class HelpPages : public AppTest {
+  protected:
+    HelpPages() { std::ofstream(file_) << "any file: the library stands in for its reader"; }
+    ~HelpPages() override {
+        std::error_code ignored;
+        remove(file_, ignored);
+    }
+    /// The number of the page asked for since the last call; 0 without one.
+    int page() const {
+        wchar_t asked[2 * MAX_PATH] = L"";
+        GetEnvironmentVariableW(L"KELVANE_HELP", asked, std::size(asked));
+        SetEnvironmentVariableW(L"KELVANE_HELP", nullptr);
+        const std::wstring text = asked;
+        if (text.empty()) return 0;
+        EXPECT_EQ(text.substr(0, 3), L"15 ") << "is no help by context";
+        EXPECT_EQ(text.substr(text.find(L' ', 3) + 1), file_.wstring());
+        return std::stoi(text.substr(3));
+    }
+    void press_shortcut() { SendMessageW(main.window(), WM_COMMAND, MAKEWPARAM(kCmdHelp, 1), 0); }
+    // `menu`: the open menu with the highlighted entry, if any.
+    static void press_f1(HWND focus, HMENU menu = nullptr) {
+        HELPINFO request{};
+        request.cbSize = sizeof request;
+        request.iContextType = menu != nullptr ? HELPINFO_MENUITEM : HELPINFO_WINDOW;
+        request.hItemHandle = menu != nullptr ? static_cast<HANDLE>(menu) : focus;
+        SendMessageW(focus, WM_HELP, 0, reinterpret_cast<LPARAM>(&request));
+    }
+
+    const std::filesystem::path file_ =
+        std::filesystem::path(program_folder()) / "EAGLE_Kelvane.chm";
+};
+
+TEST_F(HelpPages, MainWindowAndItsMenus) {
+    choose(kCmdHelp);
+    EXPECT_EQ(page(), IDH_START + kEnglishOffset);
+    opened(black_picture(2, 2));
+    press_shortcut();
+    EXPECT_EQ(page(), IDH_MAIN_WINDOW + kEnglishOffset);
+    choose(kCmdHelp);
+    EXPECT_EQ(page(), IDH_START + kEnglishOffset);
+
+    const HMENU bar = GetMenu(main.window());
+    const auto page_in = [&](HMENU menu) {
+        press_f1(main.window(), menu);
+        return page() - kEnglishOffset;
+    };
+    const int pages[] = {IDH_MENU_FILE,    IDH_MENU_EDIT,   IDH_MENU_IMAGE,
+                         IDH_MENU_COLOURS, IDH_MENU_WINDOW, IDH_MENU_HELP};
+    for (int i = 0; i < GetMenuItemCount(bar); ++i)
+        EXPECT_EQ(page_in(GetSubMenu(bar, i)), pages[i]);
+    EXPECT_EQ(page_in(GetSubMenu(GetSubMenu(bar, 2), 0)), IDH_MENU_IMAGE);
+    EXPECT_EQ(page_in(bar), IDH_MAIN_WINDOW);
+}
+
+TEST_F(HelpPages, EveryDialogHasItsOwnInTheProgramsLanguage) {
+    opened(black_picture(2, 2));
+    const std::pair<unsigned, int> dialogs[] = {
+        {kCmdExport, IDD_EXPORT},        {kCmdAddNoise, IDD_NOISE},
+        {kCmdCustomFilter, IDD_CUSTOM},  {kCmdResample, IDD_NEW_SIZE},
+        {kCmdCombine, IDD_COMBINATION},  {kCmdColourise, IDD_HUE},
+        {kCmdApplyPalette, IDD_PALETTE}, {kCmdReduce, IDD_REDUCE},
+        {kCmdAbout, IDD_ABOUT},          {kCmdLanguage, IDD_LANGUAGE},
+    };
+    for (const int offset : {kEnglishOffset, kGermanOffset}) {
+        set_language_offset(offset);
+        for (const auto& [command, expected] : dialogs) {
+            // From a control, as the key comes.
+            script.expect_dialog([](HWND dialog) { press_f1(GetWindow(dialog, GW_CHILD)); },
+                                 IDCANCEL);
+            choose(command);
+            EXPECT_EQ(page(), expected + offset);
+        }
+    }
+    set_language_offset(kEnglishOffset);
+}
+
+TEST_F(HelpPages, DialogSurvivesMissingHelp) {
+    remove(file_);
+    script.expect_dialog(
+        [this](HWND dialog) {
+            script.expect_message(IDOK);
+            press_f1(dialog);
+            EXPECT_TRUE(IsWindow(dialog));
+        },
+        IDCANCEL);
+    choose(kCmdLanguage);
+    EXPECT_EQ(script.messages().back(), LoadString(IDS_HELP_MISSING) + file_.wstring());
+}
+
+} // namespace
+} // namespace kelvane::test
