@@ -124,16 +124,11 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
         if (find_command(LOWORD(w)) == nullptr &&
             !(LOWORD(w) >= kCmdRecent1 && LOWORD(w) <= kCmdRecent4))
             break;
-        if (LOWORD(w) == kCmdHelp && HIWORD(w) == kByShortcut)
-            show_help(window(), help_page());
-        else
-            command(LOWORD(w));
+        command(LOWORD(w));
         return 0;
-    case WM_HELP: {
-        const int page = MainMenu::help_page(*reinterpret_cast<const HELPINFO*>(l));
-        show_help(window(), page != 0 ? page : help_page());
+    case WM_HELP:
+        answer_help_key(*reinterpret_cast<const HELPINFO*>(l));
         return TRUE;
-    }
     case WM_INITMENUPOPUP: {
         const frmImage* form = active_form();
         menu_->enable(kCmdUndo, form != nullptr && form->document().undoEnable());
@@ -231,9 +226,12 @@ void mfrmMain::show_failure(const std::exception& error, HWND owner) {
                      MB_OK | MB_ICONEXCLAMATION);
 }
 
-// F1 in the main window: what one sees.
-int mfrmMain::help_page() const {
-    return forms_.empty() ? IDH_START : IDH_MAIN_WINDOW;
+void mfrmMain::answer_help_key(const HELPINFO& request) {
+    const auto menu = static_cast<HMENU>(request.hItemHandle);
+    if (request.iContextType != HELPINFO_MENUITEM)
+        show_help(window(), forms_.empty() ? IDH_START : IDH_MAIN_WINDOW);
+    else if (IsMenu(menu)) // Wine asks a second time, with a window in the menu's place
+        show_help(window(), menu_->help_page(menu));
 }
 
 // The window that is asked for help may belong to a dialog, which no failure may close.

@@ -80,7 +80,7 @@ class mfrmMain : public win::Window, private MainServices {
     void let_windows_paint();
     void show_failure(const std::exception& error, HWND owner);
     void show_help(HWND owner, int page);
-    int help_page() const;
+    void answer_help_key(const HELPINFO& request);
 
     // Commands.
     void command(unsigned id);
