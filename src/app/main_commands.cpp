@@ -49,7 +49,7 @@ void mfrmMain::command(unsigned id) {
         else
             perform(*find_command(id));
     } catch (const std::exception& error) {
-        show_failure(error, window());
+        show_failure(error);
     }
 }
 
@@ -117,7 +117,7 @@ void mfrmMain::open_dropped(HDROP drop) {
         try {
             open_file(file);
         } catch (const std::exception& error) {
-            show_failure(error, window());
+            show_failure(error);
         }
     }
     DragFinish(drop);
@@ -248,7 +248,7 @@ void mfrmMain::arrange_icons() {
 // Help menu.
 
 void mfrmMain::help() {
-    show_help(window(), IDH_START);
+    show_help(IDH_START);
 }
 
 void mfrmMain::about() {

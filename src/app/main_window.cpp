@@ -43,7 +43,7 @@ mfrmMain::mfrmMain(SettingsFile settings)
     open_folder_ = read_setting(settings_, settings::kOpenFolder);
     save_folder_ = read_setting(settings_, settings::kSaveFolder);
     recent_.Load(settings_);
-    win::set_dialog_help([this](HWND dialog, int template_id) { show_help(dialog, template_id); });
+    win::set_dialog_help([this](int template_id) { show_help(template_id); });
     create();
 }
 
@@ -221,25 +221,26 @@ void mfrmMain::show_error(int id, const std::wstring& cause) {
                      MB_OK | MB_ICONEXCLAMATION);
 }
 
-void mfrmMain::show_failure(const std::exception& error, HWND owner) {
-    win::message_box(owner, error_text(error), LoadString(IDS_ERROR_TITLE),
+// Above the dialog that is open, if there is one.
+void mfrmMain::show_failure(const std::exception& error) {
+    win::message_box(GetLastActivePopup(window()), error_text(error), LoadString(IDS_ERROR_TITLE),
                      MB_OK | MB_ICONEXCLAMATION);
 }
 
 void mfrmMain::answer_help_key(const HELPINFO& request) {
     const auto menu = static_cast<HMENU>(request.hItemHandle);
     if (request.iContextType != HELPINFO_MENUITEM)
-        show_help(window(), forms_.empty() ? IDH_START : IDH_MAIN_WINDOW);
+        show_help(forms_.empty() ? IDH_START : IDH_MAIN_WINDOW);
     else if (IsMenu(menu)) // Wine asks a second time, with a window in the menu's place
-        show_help(window(), menu_->help_page(menu));
+        show_help(menu_->help_page(menu));
 }
 
-// The window that is asked for help may belong to a dialog, which no failure may close.
-void mfrmMain::show_help(HWND owner, int page) {
+// From a dialog as well, which no failure may close.
+void mfrmMain::show_help(int page) {
     try {
         help_.show(window(), page);
     } catch (const std::exception& error) {
-        show_failure(error, owner);
+        show_failure(error);
     }
 }
 

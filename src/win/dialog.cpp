@@ -94,7 +94,7 @@ INT_PTR Dialog::dispatch(UINT message, WPARAM w, LPARAM l) {
         command(LOWORD(w), HIWORD(w));
         return TRUE;
     case WM_HELP:
-        if (dialog_help) dialog_help(window_, template_id_);
+        if (dialog_help) dialog_help(template_id_);
         return TRUE;
     case WM_NCDESTROY:
         unbind();
