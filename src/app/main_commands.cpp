@@ -251,6 +251,23 @@ void mfrmMain::help() {
     show_help(IDH_START);
 }
 
+// From a dialog as well, which no failure may close.
+void mfrmMain::show_help(int page) {
+    try {
+        help_.show(window(), page);
+    } catch (const std::exception& error) {
+        show_failure(error);
+    }
+}
+
+void mfrmMain::answer_help_key(const HELPINFO& request) {
+    const auto menu = static_cast<HMENU>(request.hItemHandle);
+    if (request.iContextType != HELPINFO_MENUITEM)
+        show_help(forms_.empty() ? IDH_START : IDH_MAIN_WINDOW);
+    else if (IsMenu(menu)) // Wine asks a second time, with a window in the menu's place
+        show_help(menu_->help_page(menu));
+}
+
 void mfrmMain::about() {
     frmAbout(KELVANE_VERSION).show_modal(window());
 }

@@ -20,7 +20,6 @@ namespace {
 
 constexpr const wchar_t* kClassName = L"KelvaneMain";
 constexpr const wchar_t* kHelpFile = L"\\EAGLE_Kelvane.chm";
-constexpr WORD kByShortcut = 1;   // high word of WM_COMMAND
 constexpr DWORD kPaintPause = 50; // milliseconds between two repaints in an operation
 
 HICON program_icon(int width_metric, int height_metric) {
@@ -225,23 +224,6 @@ void mfrmMain::show_error(int id, const std::wstring& cause) {
 void mfrmMain::show_failure(const std::exception& error) {
     win::message_box(GetLastActivePopup(window()), error_text(error), LoadString(IDS_ERROR_TITLE),
                      MB_OK | MB_ICONEXCLAMATION);
-}
-
-void mfrmMain::answer_help_key(const HELPINFO& request) {
-    const auto menu = static_cast<HMENU>(request.hItemHandle);
-    if (request.iContextType != HELPINFO_MENUITEM)
-        show_help(forms_.empty() ? IDH_START : IDH_MAIN_WINDOW);
-    else if (IsMenu(menu)) // Wine asks a second time, with a window in the menu's place
-        show_help(menu_->help_page(menu));
-}
-
-// From a dialog as well, which no failure may close.
-void mfrmMain::show_help(int page) {
-    try {
-        help_.show(window(), page);
-    } catch (const std::exception& error) {
-        show_failure(error);
-    }
 }
 
 void mfrmMain::check_colour_depth(int bits_per_pixel) {
