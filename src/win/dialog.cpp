@@ -14,11 +14,11 @@ constexpr INT_PTR kCancelled = 2;
 // Posted: the system has finished with WM_DPICHANGED.
 constexpr UINT kArrangedAnew = WM_APP + 100;
 
-DialogHelp dialog_help;
-
 const wchar_t* resource(int id) {
     return MAKEINTRESOURCEW(id);
 }
+
+DialogHelp dialog_help;
 
 } // namespace
 
@@ -103,12 +103,12 @@ INT_PTR Dialog::dispatch(UINT message, WPARAM w, LPARAM l) {
         density_changed();
         InvalidateRect(window_, nullptr, TRUE);
         return TRUE;
-    case WM_HELP:
-        if (dialog_help) dialog_help(window_, template_id_);
-        return TRUE;
     case WM_NCDESTROY:
         unbind();
         return FALSE;
+    case WM_HELP:
+        if (dialog_help) dialog_help(template_id_);
+        return TRUE;
     default:
         return on_message(message, w, l);
     }
