@@ -37,7 +37,8 @@ class DrivenProgram {
     DWORD exit_code() const;
 
   private:
-    static constexpr std::chrono::seconds kPatience{15};
+    // Under load a file dialog of Wine stands still for several times five seconds.
+    static constexpr std::chrono::seconds kPatience{30};
 
     std::vector<HWND> windows() const;
     HWND first_window(const std::function<bool(HWND)>& wanted) const;

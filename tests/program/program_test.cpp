@@ -150,7 +150,10 @@ class Program : public testing::TestWithParam<int> {
         choose_in_list(dialog, IDC_EXPORT_LAYER, 0);
         program.answer(dialog, IDOK);
         answer_file_dialog(program, "script-file" + turn, IDS_EXPORT_FILE_TITLE, script);
-        program.wait_for("the script", [&] { return fs::exists(script); });
+        // The file dialog tries out the name with an empty file; the script comes whole.
+        std::error_code missing;
+        program.wait_for("the script",
+                         [&] { return fs::file_size(script, missing) > 0 && !missing; });
     }
     void answer_file_dialog(const DrivenProgram& program, const std::string& name, int caption,
                             const fs::path& file) const {
