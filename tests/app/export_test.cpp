@@ -5,8 +5,6 @@
 
 #include "ids.h"
 
-#include <commctrl.h>
-
 namespace kelvane::test {
 namespace {
 
@@ -108,12 +106,10 @@ TEST_F(Export, ReductionDialogChoosesAmongThree) {
     };
     for (const auto& [button, slider, key, reduction] : cases) {
         script.expect_dialog([&](HWND dialog) {
-            SendDlgItemMessageW(dialog, button, BM_CLICK, 0, 0);
+            click(dialog, button);
             CheckDlgButton(dialog, IDC_REDUCE_GREEN, BST_CHECKED);
             CheckDlgButton(dialog, IDC_REDUCE_BLUE, BST_CHECKED);
-            SendDlgItemMessageW(dialog, slider, TBM_SETPOS, TRUE, reduction.limit);
-            SendMessageW(dialog, WM_HSCROLL, TB_THUMBTRACK,
-                         reinterpret_cast<LPARAM>(GetDlgItem(dialog, slider)));
+            slide(dialog, slider, reduction.limit);
         });
         choose(kCmdReduce);
         cDIBSection expected = before.Copy();
@@ -141,7 +137,7 @@ TEST_F(Export, CombinationIsANewDocument) {
         script.expect_dialog([&](HWND dialog) {
             type_text(dialog, IDC_COMBINE_MULTIPLIER_1, L"2");
             type_text(dialog, IDC_COMBINE_OFFSET_1, L"1");
-            SendDlgItemMessageW(dialog, button, BM_CLICK, 0, 0);
+            click(dialog, button);
         });
         choose(kCmdCombine);
         const auto& [blue, green, red] = colour;
