@@ -113,7 +113,7 @@ END
     for language in en de; do
         while read -r page; do
             [ -e "$language/$page.html" ] || fail "$language/$page.html is missing"
-            number=$(context_number $language "$page")
+            number=$(context_number $language "$page") || exit 1
             aliases+="page_$number=$language/$page.html"$'\n'
             map+="#define page_$number $number"$'\n'
             files+="$language/$page.html"$'\n'
@@ -122,7 +122,7 @@ END
     printf '[ALIAS]\n%s\n[MAP]\n%s\n[FILES]\n%sstyle.css\n' "$aliases" "$map" "$files"
     find en/images de/images -name '*.png' | sort
 }
-write_project >kelvane.hhp || exit 1
+write_project >kelvane.hhp
 
 # chmcmd writes the project's full path into the file; this one is the same everywhere.
 if ! chmcmd --no-html-scan /proc/self/cwd/kelvane.hhp >log 2>&1 ||

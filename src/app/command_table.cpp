@@ -104,7 +104,7 @@ struct CommandActions {
             {1, kCmdArrangeIcons, IDS_MENU_ARRANGE_ICONS, &M::arrange_icons},
 
             submenu(0, IDS_MENU_HELP),
-            {1, kCmdHelp, IDS_MENU_HELP_CONTENTS, &M::help, {VK_F1, false, L"F1"}},
+            {1, kCmdHelp, IDS_MENU_HELP_CONTENTS, &M::help, {VK_F1, false, L"F1", true}},
             separator(),
             {1, kCmdAbout, IDS_MENU_ABOUT, &M::about},
             {1, kCmdLanguage, IDS_MENU_LANGUAGE, &M::language},

@@ -49,7 +49,7 @@ void mfrmMain::command(unsigned id) {
         else
             perform(*find_command(id));
     } catch (const std::exception& error) {
-        show_failure(error, window());
+        show_failure(error);
     }
 }
 
@@ -117,7 +117,7 @@ void mfrmMain::open_dropped(HDROP drop) {
         try {
             open_file(file);
         } catch (const std::exception& error) {
-            show_failure(error, window());
+            show_failure(error);
         }
     }
     DragFinish(drop);
@@ -248,7 +248,24 @@ void mfrmMain::arrange_icons() {
 // Help menu.
 
 void mfrmMain::help() {
-    show_help(window(), IDH_START);
+    show_help(IDH_START);
+}
+
+// From a dialog as well, which no failure may close.
+void mfrmMain::show_help(int page) {
+    try {
+        help_.show(window(), page);
+    } catch (const std::exception& error) {
+        show_failure(error);
+    }
+}
+
+void mfrmMain::answer_help_key(const HELPINFO& request) {
+    const auto menu = static_cast<HMENU>(request.hItemHandle);
+    if (request.iContextType != HELPINFO_MENUITEM)
+        show_help(forms_.empty() ? IDH_START : IDH_MAIN_WINDOW);
+    else if (IsMenu(menu)) // Wine asks a second time, with a window in the menu's place
+        show_help(menu_->help_page(menu));
 }
 
 void mfrmMain::about() {

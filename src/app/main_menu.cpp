@@ -117,9 +117,13 @@ void MainMenu::enable(unsigned command, bool on) {
     EnableMenuItem(bar_, command, MF_BYCOMMAND | (on ? MF_ENABLED : MF_GRAYED));
 }
 
-int MainMenu::help_page(const HELPINFO& request) {
-    if (request.iContextType != HELPINFO_MENUITEM) return 0;
-    return static_cast<int>(GetMenuContextHelpId(static_cast<HMENU>(request.hItemHandle)));
+int MainMenu::help_page(HMENU menu) const {
+    const int entries = menu == bar_ ? GetMenuItemCount(bar_) : 0;
+    for (int i = 0; i < entries; ++i)
+        if ((GetMenuState(bar_, static_cast<UINT>(i), MF_BYPOSITION) & MF_HILITE) != 0)
+            menu = GetSubMenu(bar_, i);
+    const DWORD page = GetMenuContextHelpId(menu);
+    return page != 0 ? static_cast<int>(page) : IDH_MAIN_WINDOW;
 }
 
 HACCEL create_shortcuts() {

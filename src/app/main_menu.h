@@ -28,8 +28,8 @@ class MainMenu {
     /// that the converter opens is greyed.
     void show_recent(const cMRUFileList& files);
     void enable(unsigned command, bool on);
-    /// The help page of the open menu that F1 was pressed in; 0 when it was not pressed in a menu.
-    static int help_page(const HELPINFO& request);
+    /// The help page of a menu in which F1 was pressed: for the bar, of its highlighted entry.
+    int help_page(HMENU menu) const;
 
   private:
     struct Submenu {

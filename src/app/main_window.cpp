@@ -20,7 +20,6 @@ namespace {
 
 constexpr const wchar_t* kClassName = L"KelvaneMain";
 constexpr const wchar_t* kHelpFile = L"\\EAGLE_Kelvane.chm";
-constexpr WORD kByShortcut = 1;   // high word of WM_COMMAND
 constexpr DWORD kPaintPause = 50; // milliseconds between two repaints in an operation
 
 HICON program_icon(int width_metric, int height_metric) {
@@ -43,7 +42,7 @@ mfrmMain::mfrmMain(SettingsFile settings)
     open_folder_ = read_setting(settings_, settings::kOpenFolder);
     save_folder_ = read_setting(settings_, settings::kSaveFolder);
     recent_.Load(settings_);
-    win::set_dialog_help([this](HWND dialog, int template_id) { show_help(dialog, template_id); });
+    win::set_dialog_help([this](int template_id) { show_help(template_id); });
     create();
 }
 
@@ -124,16 +123,11 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
         if (find_command(LOWORD(w)) == nullptr &&
             !(LOWORD(w) >= kCmdRecent1 && LOWORD(w) <= kCmdRecent4))
             break;
-        if (LOWORD(w) == kCmdHelp && HIWORD(w) == kByShortcut)
-            show_help(window(), help_page());
-        else
-            command(LOWORD(w));
+        command(LOWORD(w));
         return 0;
-    case WM_HELP: {
-        const int page = MainMenu::help_page(*reinterpret_cast<const HELPINFO*>(l));
-        show_help(window(), page != 0 ? page : help_page());
+    case WM_HELP:
+        answer_help_key(*reinterpret_cast<const HELPINFO*>(l));
         return TRUE;
-    }
     case WM_INITMENUPOPUP: {
         const frmImage* form = active_form();
         menu_->enable(kCmdUndo, form != nullptr && form->document().undoEnable());
@@ -226,23 +220,10 @@ void mfrmMain::show_error(int id, const std::wstring& cause) {
                      MB_OK | MB_ICONEXCLAMATION);
 }
 
-void mfrmMain::show_failure(const std::exception& error, HWND owner) {
-    win::message_box(owner, error_text(error), LoadString(IDS_ERROR_TITLE),
+// Above the dialog that is open, if there is one.
+void mfrmMain::show_failure(const std::exception& error) {
+    win::message_box(GetLastActivePopup(window()), error_text(error), LoadString(IDS_ERROR_TITLE),
                      MB_OK | MB_ICONEXCLAMATION);
-}
-
-// F1 in the main window: what one sees.
-int mfrmMain::help_page() const {
-    return forms_.empty() ? IDH_START : IDH_MAIN_WINDOW;
-}
-
-// The window that is asked for help may belong to a dialog, which no failure may close.
-void mfrmMain::show_help(HWND owner, int page) {
-    try {
-        help_.show(window(), page);
-    } catch (const std::exception& error) {
-        show_failure(error, owner);
-    }
 }
 
 void mfrmMain::check_colour_depth(int bits_per_pixel) {

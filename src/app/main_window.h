@@ -78,9 +78,9 @@ class mfrmMain : public win::Window, private MainServices {
     void loadLanguage();
     bool translate(MSG& message) const;
     void let_windows_paint();
-    void show_failure(const std::exception& error, HWND owner);
-    void show_help(HWND owner, int page);
-    int help_page() const;
+    void show_failure(const std::exception& error);
+    void show_help(int page);
+    void answer_help_key(const HELPINFO& request);
 
     // Commands.
     void command(unsigned id);

@@ -11,11 +11,11 @@ namespace {
 constexpr INT_PTR kConfirmed = 1;
 constexpr INT_PTR kCancelled = 2;
 
-DialogHelp dialog_help;
-
 const wchar_t* resource(int id) {
     return MAKEINTRESOURCEW(id);
 }
+
+DialogHelp dialog_help;
 
 } // namespace
 
@@ -93,12 +93,12 @@ INT_PTR Dialog::dispatch(UINT message, WPARAM w, LPARAM l) {
     case WM_COMMAND:
         command(LOWORD(w), HIWORD(w));
         return TRUE;
-    case WM_HELP:
-        if (dialog_help) dialog_help(window_, template_id_);
-        return TRUE;
     case WM_NCDESTROY:
         unbind();
         return FALSE;
+    case WM_HELP:
+        if (dialog_help) dialog_help(template_id_);
+        return TRUE;
     default:
         return on_message(message, w, l);
     }

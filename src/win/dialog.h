@@ -11,8 +11,8 @@
 
 namespace kelvane::win {
 
-/// Shows the help on a dialog: gets its window and the number of its template.
-using DialogHelp = std::function<void(HWND dialog, int template_id)>;
+/// Shows the help on the dialog with this template.
+using DialogHelp = std::function<void(int template_id)>;
 /// What F1 does in every dialog of the program from now on; nothing when empty.
 void set_dialog_help(DialogHelp help);
 

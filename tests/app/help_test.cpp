@@ -28,11 +28,11 @@ class HelpPages : public AppTest {
     }
     void press_shortcut() { SendMessageW(main.window(), WM_COMMAND, MAKEWPARAM(kCmdHelp, 1), 0); }
     // `menu`: the open menu with the highlighted entry, if any.
-    static void press_f1(HWND focus, HMENU menu = nullptr) {
+    static void press_f1(HWND focus, HANDLE menu = nullptr) {
         HELPINFO request{};
         request.cbSize = sizeof request;
         request.iContextType = menu != nullptr ? HELPINFO_MENUITEM : HELPINFO_WINDOW;
-        request.hItemHandle = menu != nullptr ? static_cast<HANDLE>(menu) : focus;
+        request.hItemHandle = menu != nullptr ? menu : focus;
         SendMessageW(focus, WM_HELP, 0, reinterpret_cast<LPARAM>(&request));
     }
 
@@ -43,8 +43,9 @@ class HelpPages : public AppTest {
 TEST_F(HelpPages, MainWindowAndItsMenus) {
     choose(kCmdHelp);
     EXPECT_EQ(page(), IDH_START + kEnglishOffset);
-    opened(black_picture(2, 2));
-    press_shortcut();
+    press_f1(main.window());
+    EXPECT_EQ(page(), IDH_START + kEnglishOffset);
+    press_f1(opened(black_picture(2, 2)).window());
     EXPECT_EQ(page(), IDH_MAIN_WINDOW + kEnglishOffset);
     choose(kCmdHelp);
     EXPECT_EQ(page(), IDH_START + kEnglishOffset);
@@ -60,6 +61,10 @@ TEST_F(HelpPages, MainWindowAndItsMenus) {
         EXPECT_EQ(page_in(GetSubMenu(bar, i)), pages[i]);
     EXPECT_EQ(page_in(GetSubMenu(GetSubMenu(bar, 2), 0)), IDH_MENU_IMAGE);
     EXPECT_EQ(page_in(bar), IDH_MAIN_WINDOW);
+    HiliteMenuItem(main.window(), bar, 2, MF_BYPOSITION | MF_HILITE);
+    EXPECT_EQ(page_in(bar), IDH_MENU_IMAGE);
+    press_f1(main.window(), main.window()); // no menu
+    EXPECT_EQ(page(), 0);
 }
 
 TEST_F(HelpPages, EveryDialogHasItsOwnInTheProgramsLanguage) {
