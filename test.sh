@@ -8,6 +8,7 @@ trees=(native native-asan windows-x64 windows-x86 fuzz)
 
 scripts/install.sh build test package
 scripts/wine32.sh | sed "s/^/32-bit Wine: /"
+scripts/imagemagick.sh | sed "s/^/ImageMagick: /"
 scripts/check-source.sh
 
 mkdir -p build
@@ -34,7 +35,7 @@ start_xvfb() {
     # Xvfb picks a free display number and writes it when it is ready for programs.
     rm -f build/display
     mkfifo build/display
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>build/display 2>build/xvfb.log &
+    Xvfb -displayfd 3 -screen 0 1920x1200x24 -nolisten tcp 3>build/display 2>build/xvfb.log &
     xvfb=$!
     local number
     if ! read -r -t 30 number <build/display; then

@@ -302,7 +302,7 @@
 #define IDS_MAGICK_CONVERT_FILTER        7310
 #define IDS_MAGICK_IDENTIFY_FILTER       7311
 #define IDS_MAGICK_CONVERTING            7312
-#define IDS_MAGICK_STOP                  7313
+#define IDS_MAGICK_NO_FORMATS            7313
 #define IDS_MAGICK_NO_PICTURE            7314
 #define IDS_MAGICK_REPORT                7315
 #define IDS_MAGICK_NOT_FOUND             7320

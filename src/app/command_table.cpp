@@ -35,7 +35,7 @@ struct CommandActions {
         static const MenuEntry kTable[] = {
             submenu(0, IDS_MENU_FILE),
             {1, kCmdOpen, IDS_MENU_OPEN, &M::open, control('O', L"O")},
-            {1, kCmdOpenByImageMagick, IDS_MENU_OPEN_BY_IMAGEMAGICK},
+            {1, kCmdOpenByImageMagick, IDS_MENU_OPEN_BY_IMAGEMAGICK, &M::open_by_imagemagick},
             {1, kCmdSave, IDS_MENU_SAVE, &M::save, control('S', L"S")},
             separator(),
             {1, kCmdExport, IDS_MENU_EXPORT, &M::export_script, control('E', L"E")},

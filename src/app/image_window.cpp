@@ -33,6 +33,10 @@ std::wstring clock_text(double days) {
     return text;
 }
 
+// WM_DPICHANGED_AFTERPARENT, which the headers know for later systems only: the main window has
+// come to a monitor of another density.
+constexpr UINT kDensityChanged = 0x02E3;
+
 } // namespace
 
 frmImage::frmImage(MainServices& main, HWND mdi_client)
@@ -50,7 +54,7 @@ frmImage::frmImage(MainServices& main, HWND mdi_client)
 }
 
 bool frmImage::OpenFile(const std::wstring& file, bool bNew) {
-    return open(file, {bNew ? L"" : file, file, ImageDocument::SizeLimit::Reduce, !bNew});
+    return open(file, {bNew ? L"" : file, L"", ImageDocument::SizeLimit::Reduce, !bNew});
 }
 
 bool frmImage::OpenFile2(const std::wstring& file, const std::wstring& name) {
@@ -159,7 +163,6 @@ void frmImage::Render() {
 
 void frmImage::InitProgress(long lMax) {
     main_.ProgressMax(lMax);
-    main_.ProgressValue(0);
     main_.ShowProgress(true);
 }
 
@@ -186,6 +189,9 @@ LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_SIZE:
         layout();
         break; // MDI has its part in it
+    case kDensityChanged:
+        layout(); // scroll bars have another width
+        return 0;
     case WM_HSCROLL:
     case WM_VSCROLL:
         scroll(message == WM_VSCROLL, LOWORD(w));

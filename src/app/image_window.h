@@ -53,8 +53,8 @@ class frmImage : public win::Window, private ProgressObserver {
 
   private:
     struct OpenAs {
-        std::wstring name; // empty: "Image" and a number
-        std::wstring status_name;
+        std::wstring name;        // empty: "Image" and a number
+        std::wstring status_name; // after "Opening "
         ImageDocument::SizeLimit limit;
         bool recent;
     };

@@ -2,6 +2,8 @@
 // does not fit beside the other bar.
 #include "app/image_window.h"
 
+#include "win/dpi.h"
+
 #include <algorithm>
 
 namespace kelvane {
@@ -33,8 +35,8 @@ SIZE frmImage::view_size() const {
     RECT client{};
     GetClientRect(window(), &client);
     SIZE size{client.right, client.bottom};
-    if (has_bar(window(), WS_VSCROLL)) size.cx += GetSystemMetrics(SM_CXVSCROLL);
-    if (has_bar(window(), WS_HSCROLL)) size.cy += GetSystemMetrics(SM_CYHSCROLL);
+    if (has_bar(window(), WS_VSCROLL)) size.cx += win::system_metric(window(), SM_CXVSCROLL);
+    if (has_bar(window(), WS_HSCROLL)) size.cy += win::system_metric(window(), SM_CYHSCROLL);
     return size;
 }
 
@@ -45,10 +47,10 @@ void frmImage::layout() {
     const int width = document_.ImageWidth();
     const int height = document_.ImageHeight();
     bool across = width > view.cx;
-    const bool down = height > view.cy - (across ? GetSystemMetrics(SM_CYHSCROLL) : 0);
-    if (down) view.cx -= GetSystemMetrics(SM_CXVSCROLL);
+    const bool down = height > view.cy - (across ? win::system_metric(window(), SM_CYHSCROLL) : 0);
+    if (down) view.cx -= win::system_metric(window(), SM_CXVSCROLL);
     across = width > view.cx;
-    if (across) view.cy -= GetSystemMetrics(SM_CYHSCROLL);
+    if (across) view.cy -= win::system_metric(window(), SM_CYHSCROLL);
 
     const std::array<int, 2> picture{width, height};
     const std::array<LONG, 2> seen{view.cx, view.cy};

@@ -105,7 +105,12 @@ void mfrmMain::open_temporary(const std::wstring& file) {
 }
 
 void mfrmMain::open_recent(int i) {
-    if (recent_.FileExists(i) && !recent_.fileflag(i)) open_file(recent_.file(i));
+    if (!recent_.FileExists(i)) return;
+    const std::wstring file = recent_.file(i); // the list changes when it is opened
+    if (recent_.fileflag(i))
+        OpenByConverter(file);
+    else
+        open_file(file);
 }
 
 void mfrmMain::open_dropped(HDROP drop) {

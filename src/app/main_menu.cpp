@@ -105,8 +105,7 @@ void MainMenu::show_recent(const cMRUFileList& files) {
     bool any = false;
     for (int i = 1; i <= std::min(files.FileCount(), kRecentFiles); ++i) {
         if (!files.FileExists(i)) continue;
-        const UINT state = files.fileflag(i) ? MF_GRAYED : MF_ENABLED;
-        InsertMenuW(bar_, kCmdClose, MF_BYCOMMAND | MF_STRING | state,
+        InsertMenuW(bar_, kCmdClose, MF_BYCOMMAND | MF_STRING,
                     static_cast<UINT_PTR>(kCmdRecent1 + i - 1), files.MenuCaption(i).c_str());
         any = true;
     }

@@ -27,8 +27,9 @@ class MainServices {
     /// leaves a field as it is.
     virtual void SetStatus(const std::wstring& message, const std::wstring& title,
                            const std::wstring& size) = 0;
+    /// The bar begins anew.
     virtual void ProgressMax(long maximum) = 0;
-    /// Moves the bar and, a few times a second, lets the windows paint themselves.
+    /// A few times a second: moves the bar and lets the windows paint themselves.
     virtual void ProgressValue(long position) = 0;
     virtual void ShowProgress(bool show) = 0;
 

@@ -2,12 +2,14 @@
 
 #include "app/command_table.h"
 #include "app/error_text.h"
+#include "app/shell_errors.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
 #include "settings/string_table.h"
 #include "win/dialog.h"
 #include "win/message_box.h"
 #include "win/platform_error.h"
+#include "win/shell.h"
 
 #include "ids.h"
 
@@ -22,10 +24,11 @@ constexpr const wchar_t* kClassName = L"KelvaneMain";
 constexpr const wchar_t* kHelpFile = L"\\EAGLE_Kelvane.chm";
 constexpr DWORD kPaintPause = 50; // milliseconds between two repaints in an operation
 
-HICON program_icon(int width_metric, int height_metric) {
-    return static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE),
-                                         IMAGE_ICON, GetSystemMetrics(width_metric),
-                                         GetSystemMetrics(height_metric), LR_SHARED));
+// Not shared: the system would answer with the icon of any size that was loaded first.
+win::Icon program_icon(int width_metric, int height_metric) {
+    return win::Icon(static_cast<HICON>(
+        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE), IMAGE_ICON,
+                   GetSystemMetrics(width_metric), GetSystemMetrics(height_metric), 0)));
 }
 
 bool is_input(UINT message) {
@@ -57,10 +60,13 @@ void mfrmMain::create() {
     menu_ = std::make_unique<MainMenu>();
     shortcuts_ = win::AcceleratorTable(create_shortcuts());
 
+    // As long as the window class, which is registered once.
+    static const win::Icon large_icon = program_icon(SM_CXICON, SM_CYICON);
+    static const win::Icon small_icon = program_icon(SM_CXSMICON, SM_CYSMICON);
     WNDCLASSEXW window_class{};
     window_class.lpszClassName = kClassName;
-    window_class.hIcon = program_icon(SM_CXICON, SM_CYICON);
-    window_class.hIconSm = program_icon(SM_CXSMICON, SM_CYSMICON);
+    window_class.hIcon = large_icon.get();
+    window_class.hIconSm = small_icon.get();
     window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     register_class(window_class);
     expect_window();
@@ -173,24 +179,29 @@ bool mfrmMain::translate(MSG& message) const {
     return false;
 }
 
+// A bar that moves with every row would take longer than most operations.
 void mfrmMain::ProgressValue(long position) {
-    status_bar_.ProgressValue(position);
     if (GetTickCount() - last_paint_ < kPaintPause) return;
+    status_bar_.ProgressValue(position);
     let_windows_paint();
     last_paint_ = GetTickCount();
 }
 
 // Keys and clicks are dropped: they could start what has to wait, or a loop of their own (a menu,
-// the moving of a window) in the midst of the operation.
-void mfrmMain::let_windows_paint() {
+// the moving of a window) in the midst of the operation. False when Esc was among them or the
+// program is to end, for work that can be stopped.
+bool mfrmMain::let_windows_paint() {
+    bool go_on = true;
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
             PostQuitMessage(static_cast<int>(message.wParam));
-            return;
+            return false;
         }
+        if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) go_on = false;
         if (!is_input(message.message)) DispatchMessageW(&message);
     }
+    return go_on;
 }
 
 bool mfrmMain::refuse_while_busy() {
@@ -224,6 +235,16 @@ void mfrmMain::show_error(int id, const std::wstring& cause) {
 void mfrmMain::show_failure(const std::exception& error) {
     win::message_box(GetLastActivePopup(window()), error_text(error), LoadString(IDS_ERROR_TITLE),
                      MB_OK | MB_ICONEXCLAMATION);
+}
+
+// The message belongs to the dialog that asked, if there is one.
+void mfrmMain::ShellEx(const std::wstring& file, const std::wstring& operation,
+                       const std::wstring& parameters, const std::wstring& folder, int show) {
+    const HWND owner = GetLastActivePopup(window());
+    const int answer = win::shell_execute(owner, {file, operation, parameters, folder, show});
+    if (const int text = shell_error_text(answer); text != 0)
+        win::message_box(owner, LoadString(text), LoadString(IDS_ERROR_TITLE),
+                         MB_OK | MB_ICONEXCLAMATION);
 }
 
 void mfrmMain::check_colour_depth(int bits_per_pixel) {

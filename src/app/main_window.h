@@ -7,6 +7,7 @@
 #include "app/main_services.h"
 #include "app/mru_file_list.h"
 #include "app/status_bar.h"
+#include "convert/converter.h"
 #include "win/window.h"
 
 #include <windows.h>
@@ -20,6 +21,7 @@
 
 namespace kelvane {
 
+class Conversion;
 struct MenuEntry;
 
 /// The MDI frame: menu, status line, recent files, and every command, which it hands to the active
@@ -36,6 +38,11 @@ class mfrmMain : public win::Window, private MainServices {
     void open_file(const std::wstring& file);
     /// Handles messages until the window is closed; the process's exit code.
     int run();
+    /// Opens a document or a web page with the program that the user has for it, and shows why that
+    /// failed. The arguments are those of `win::ShellCommand`.
+    void ShellEx(const std::wstring& file, const std::wstring& operation = L"open",
+                 const std::wstring& parameters = {}, const std::wstring& folder = {},
+                 int show = SW_SHOWNORMAL);
     /// Warns when the screen has too few bits per pixel.
     void check_colour_depth(int bits_per_pixel);
 
@@ -77,7 +84,7 @@ class mfrmMain : public win::Window, private MainServices {
     void layout();
     void loadLanguage();
     bool translate(MSG& message) const;
-    void let_windows_paint();
+    bool let_windows_paint();
     void show_failure(const std::exception& error);
     void show_help(int page);
     void answer_help_key(const HELPINFO& request);
@@ -93,9 +100,24 @@ class mfrmMain : public win::Window, private MainServices {
     void open_dropped(HDROP drop);
     void open_temporary(const std::wstring& file);
     bool QueryUnload();
+
+    // Opening by the converter.
+    void OpenByConverter(const std::wstring& file);
+    void report_failures(const std::function<void()>& opening);
+    bool require_converter();
+    bool detect_converter();
+    std::optional<std::vector<PictureFormat>> converter_formats();
+    void warn_of_several_images(const std::wstring& file,
+                                const std::vector<PictureFormat>& formats);
+    void convert_and_open(const std::wstring& file);
+    std::unique_ptr<Conversion> converted(const std::wstring& file);
+    void open_image(const Conversion& conversion, const std::wstring& name);
+    KeepWaiting until_escape();
+
     void arrange(UINT message, WPARAM how);
 
     void open();
+    void open_by_imagemagick();
     void save(frmImage& form);
     void export_script(frmImage& form);
     void write_script(frmImage& form, const std::wstring& file, const ExportOptions& options);
@@ -125,6 +147,7 @@ class mfrmMain : public win::Window, private MainServices {
     std::wstring open_folder_;
     std::wstring save_folder_;
     cMRUFileList recent_;
+    Converter converter_{settings_};
     std::unique_ptr<MainMenu> menu_;
     win::AcceleratorTable shortcuts_;
     StatusBar status_bar_;

@@ -45,7 +45,7 @@ int StatusBar::layout() {
 
     RECT field{};
     SendMessageW(bar_, SB_GETRECT, kProgressField, reinterpret_cast<LPARAM>(&field));
-    const LONG grip = GetSystemMetrics(SM_CXVSCROLL);
+    const LONG grip = win::system_metric(bar_, SM_CXVSCROLL);
     MoveWindow(progress_, field.left + kMargin, field.top + kMargin,
                std::max<LONG>(field.right - field.left - 2 * kMargin - grip, 0),
                std::max<LONG>(field.bottom - field.top - 2 * kMargin, 0), TRUE);
@@ -65,6 +65,7 @@ void StatusBar::SetStatus(const std::wstring& message, const std::wstring& title
 
 void StatusBar::ProgressMax(long maximum) {
     SendMessageW(progress_, PBM_SETRANGE32, 0, maximum);
+    ProgressValue(0);
 }
 
 void StatusBar::ProgressValue(long position) {

@@ -19,6 +19,7 @@ class StatusBar {
     /// Every text but "#" is shown, after a blank.
     void SetStatus(const std::wstring& message, const std::wstring& title,
                    const std::wstring& size);
+    /// The bar begins anew.
     void ProgressMax(long maximum);
     void ProgressValue(long position);
     void ShowProgress(bool show);

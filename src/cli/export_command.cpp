@@ -3,7 +3,6 @@
 #include "cli/console_progress.h"
 #include "cli/exit_code.h"
 #include "cli/open_picture.h"
-#include "cli/operations.h"
 #include "cli/usage_error.h"
 #include "cli/utf8_path.h"
 
@@ -14,7 +13,6 @@
 #include <chrono>
 #include <iomanip>
 #include <memory>
-#include <optional>
 #include <ostream>
 
 namespace kelvane {
@@ -42,7 +40,7 @@ constexpr std::array kShapeChoices{Choice{"polygon", kShapePolygon}, Choice{"wir
 constexpr std::array kTraceChoices{Choice{"full", 1}, Choice{"lines", 0}};
 
 struct Request {
-    std::string input;
+    PictureRequest picture;
     std::string output;
     std::int16_t layer = 20;
     std::string unit = "mil";
@@ -50,9 +48,6 @@ struct Request {
     std::string eagle = "4";
     std::string trace = "full";
     std::string shape = "polygon";
-    std::vector<std::string> operations;
-    std::optional<std::uint32_t> seed;
-    bool full_size = false;
     bool stats = false;
 };
 
@@ -73,7 +68,6 @@ std::int16_t chosen(const std::string& name, const std::array<Choice, N>& choice
 }
 
 void add_options(CLI::App& command, Request& request) {
-    command.add_option("INPUT", request.input, "the picture")->required();
     command.add_option("-o,--output", request.output,
                        "the script (default: INPUT's name with .scr)");
     command.add_option("--layer", request.layer, "EAGLE layer")
@@ -89,13 +83,11 @@ void add_options(CLI::App& command, Request& request) {
     add_choice(command, "--shape", request.shape, kShapeChoices,
                "what to draw; rectangle only with --trace lines");
     command
-        .add_option("--op", request.operations,
+        .add_option("--op", request.picture.operations,
                     "operation on the picture before it is traced, repeatable; "
                     "kelvane-cli ops lists them")
         ->allow_extra_args(false);
-    command.add_option("--seed", request.seed, "makes the operation noise reproducible");
-    command.add_flag("--full-size", request.full_size,
-                     "keep a picture larger than about 3200 x 2400");
+    add_picture_options(command, request.picture);
     command.add_flag("--stats", request.stats, "print what was done as one JSON object");
 }
 
@@ -115,12 +107,12 @@ ExportOptions options_of(const Request& request) {
 }
 
 std::filesystem::path output_of(const Request& request) {
-    const std::filesystem::path input = utf8_path(request.input);
+    const std::filesystem::path input = utf8_path(request.picture.input);
     if (request.output.empty()) return std::filesystem::path(input).replace_extension(".scr");
     std::filesystem::path output = utf8_path(request.output);
     std::error_code ignored;
     if (std::filesystem::equivalent(input, output, ignored))
-        throw UsageError("the script would replace the picture " + request.input);
+        throw UsageError("the script would replace the picture " + request.picture.input);
     return output;
 }
 
@@ -138,14 +130,12 @@ ExitCode export_picture(const Request& request, const Console& console) {
     using Clock = std::chrono::steady_clock;
     const auto start = Clock::now();
     const ExportOptions options = options_of(request);
-    const std::vector<Operation> operations = parse_operations(request.operations);
     const std::filesystem::path output = output_of(request);
 
     ConsoleProgress progress(console);
-    cDIBSection picture = open_picture(request.input, request.full_size);
     cImageProcessDIB engine;
     engine.set_observer(&progress);
-    run_operations(operations, request.seed, picture, engine);
+    cDIBSection picture = prepared_picture(request.picture, engine);
     engine.BlackAndWhite2(picture, picture, kExportLimit);
     ExportReport report;
     with_file_name(utf8_text(output), [&] { report = engine.Vectorize(picture, output, options); });

@@ -34,12 +34,13 @@ std::wstring Exec::DosExec() const {
     if (AppName.empty()) return kNoAppName;
     const auto line = interpreter_line(running_platform(), AppName + L" " + Params);
     if (!line) return L"Ancient OS detected. It's time to upgrade.";
-    return GetCommandOutput(*line, true, true, true, ShowWindow, keep_waiting);
+    return GetCommandOutput(*line, true, true, true, ShowWindow, keep_waiting, Folder);
 }
 
 std::wstring Exec::WinExec() const {
     if (AppName.empty()) return kNoAppName;
-    return GetCommandOutput(AppName + L" " + Params, true, true, true, ShowWindow, keep_waiting);
+    return GetCommandOutput(AppName + L" " + Params, true, true, true, ShowWindow, keep_waiting,
+                            Folder);
 }
 
 } // namespace kelvane

@@ -19,6 +19,7 @@ struct Exec {
     std::wstring Params;           ///< its parameters, each quoted where necessary
     unsigned short ShowWindow = 0; ///< show state of the program's window; 0 hides it
     KeepWaiting keep_waiting = {}; ///< see `GetCommandOutput`
+    std::wstring Folder = {};      ///< where it runs; see `GetCommandOutput`
 
     /// Through the command interpreter (COMSPEC), so that its own commands work as well.
     std::wstring DosExec() const;

@@ -56,11 +56,12 @@ std::wstring to_text(const std::string& bytes, UINT code_page) {
 
 std::wstring GetCommandOutput(const std::wstring& command_line, bool capture_std_out,
                               bool capture_std_err, bool oem_convert, unsigned short show_window,
-                              const KeepWaiting& keep_waiting) {
+                              const KeepWaiting& keep_waiting, const std::wstring& folder) {
     if (!capture_std_out && !capture_std_err)
         throw std::invalid_argument("Invalid procedure call or argument");
     RedirectedProcess process;
-    if (!process.start(command_line, capture_std_out, capture_std_err, show_window)) return {};
+    if (!process.start(command_line, capture_std_out, capture_std_err, show_window, folder))
+        return {};
     return to_text(read_all(process, keep_waiting), oem_convert ? CP_OEMCP : CP_ACP);
 }
 

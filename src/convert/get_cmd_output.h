@@ -16,11 +16,15 @@ using KeepWaiting = std::function<bool()>;
 /// `oem_convert`: the output is in the OEM code page, as console programs write it, else in the
 /// ANSI one. `show_window`: the platform's show state (SW_HIDE ...) for the program's window.
 ///
+/// `folder`: where the program runs and where it is told to put its temporary files; empty: where
+/// this program does.
+///
 /// Blocks until the program and everything it started have closed the streams; with
 /// `keep_waiting` the user can end that, and what came so far is returned. The empty text when the
 /// program cannot be started. Throws `std::invalid_argument` when neither stream is captured.
 std::wstring GetCommandOutput(const std::wstring& command_line, bool capture_std_out,
                               bool capture_std_err, bool oem_convert, unsigned short show_window,
-                              const KeepWaiting& keep_waiting = {});
+                              const KeepWaiting& keep_waiting = {},
+                              const std::wstring& folder = {});
 
 } // namespace kelvane

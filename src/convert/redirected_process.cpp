@@ -1,5 +1,7 @@
 #include "convert/redirected_process.h"
 
+#include "convert/child_environment.h"
+
 #include <array>
 #include <vector>
 
@@ -66,7 +68,7 @@ class InheritList {
 } // namespace
 
 bool RedirectedProcess::start(const std::wstring& command_line, bool capture_std_out,
-                              bool capture_std_err, WORD show_window) {
+                              bool capture_std_err, WORD show_window, const std::wstring& folder) {
     Pipe pipe = make_pipe();
     const UniqueHandle nowhere = open_nowhere();
     if (!pipe.write_end || !nowhere) return false;
@@ -83,10 +85,13 @@ bool RedirectedProcess::start(const std::wstring& command_line, bool capture_std
     startup.lpAttributeList = inherited.get();
 
     std::wstring writable = command_line; // the platform may write into it
+    std::wstring environment = folder.empty() ? std::wstring() : environment_with_temporary(folder);
     PROCESS_INFORMATION information{};
-    if (!CreateProcessW(nullptr, writable.data(), nullptr, nullptr, TRUE,
-                        EXTENDED_STARTUPINFO_PRESENT | CREATE_SUSPENDED, nullptr, nullptr,
-                        &startup.StartupInfo, &information))
+    if (!CreateProcessW(
+            nullptr, writable.data(), nullptr, nullptr, TRUE,
+            EXTENDED_STARTUPINFO_PRESENT | CREATE_SUSPENDED | CREATE_UNICODE_ENVIRONMENT,
+            environment.empty() ? nullptr : environment.data(),
+            folder.empty() ? nullptr : folder.c_str(), &startup.StartupInfo, &information))
         return false;
     process_ = UniqueHandle(information.hProcess);
     const UniqueHandle thread(information.hThread);

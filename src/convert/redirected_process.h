@@ -14,8 +14,9 @@ class RedirectedProcess {
   public:
     /// Starts the program; false when it cannot be started. A stream that is not captured, and
     /// standard input, lead nowhere.
+    /// With a `folder` it runs there and finds its temporary folder there.
     bool start(const std::wstring& command_line, bool capture_std_out, bool capture_std_err,
-               WORD show_window);
+               WORD show_window, const std::wstring& folder);
 
     /// The pipe's read end.
     HANDLE output() const { return read_end_.get(); }

@@ -4,10 +4,9 @@
 #include "dialogs/program_face.h"
 #include "settings/string_table.h"
 #include "win/message_box.h"
+#include "win/shell.h"
 
 #include "ids.h"
-
-#include <shellapi.h>
 
 namespace kelvane {
 namespace {
@@ -19,15 +18,6 @@ constexpr Caption kCaptions[] = {
     {IDOK, IDS_ABOUT_OK},
 };
 
-// ShellExecute's answers above this are success.
-constexpr INT_PTR kShellError = 32;
-
-bool start(HWND owner, const std::wstring& program) {
-    const HINSTANCE answer =
-        ShellExecuteW(owner, L"open", program.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
-    return reinterpret_cast<INT_PTR>(answer) > kShellError;
-}
-
 } // namespace
 
 frmAbout::frmAbout(std::wstring version, std::wstring system_info)
@@ -37,12 +27,16 @@ void frmAbout::load() {
     set_title(LoadString(IDS_ABOUT_TITLE));
     set_captions(window(), kCaptions);
     set_text(IDC_ABOUT_VERSION, LoadString(IDS_ABOUT_VERSION, {version_}));
-    show_program_icon(control(IDC_ABOUT_ICON));
-    large_ = use_large_font(control(IDC_ABOUT_NAME));
+    density_changed();
+}
+
+void frmAbout::density_changed() {
+    face_ = show_program_face(window(), IDC_ABOUT_ICON, IDC_ABOUT_NAME);
 }
 
 void frmAbout::on_command(int control, int /*notification*/) {
-    if (control == IDC_ABOUT_SYSTEM_INFO && !start(window(), system_info_))
+    if (control != IDC_ABOUT_SYSTEM_INFO) return;
+    if (win::shell_execute(window(), {system_info_, L"open"}) <= win::kLastShellError)
         win::message_box(window(), LoadString(IDS_ABOUT_NO_SYSTEM_INFO),
                          LoadString(IDS_ABOUT_TITLE), MB_OK | MB_ICONEXCLAMATION);
 }

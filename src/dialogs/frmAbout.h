@@ -1,8 +1,8 @@
 // frmAbout: what the program is, and which version of it.
 #pragma once
 
+#include "dialogs/program_face.h"
 #include "win/dialog.h"
-#include "win/gdi.h"
 
 #include <string>
 
@@ -16,12 +16,13 @@ class frmAbout : public win::Dialog {
 
   protected:
     void load() override;
+    void density_changed() override;
     void on_command(int control, int notification) override;
 
   private:
     std::wstring version_;
     std::wstring system_info_;
-    win::Font large_;
+    ProgramFace face_;
 };
 
 } // namespace kelvane

@@ -103,8 +103,12 @@ void frmCombination::load_preview() {
     const cDIBSection* second = chosen_picture(IDC_COMBINE_SECOND);
     preview_ = first == nullptr ? LivePreview() : LivePreview(*first);
     second_ = second == nullptr ? cDIBSection() : preview_.at_same_size(*second);
-    preview_.fit(control(IDC_COMBINE_PREVIEW));
+    density_changed();
     show_preview();
+}
+
+void frmCombination::density_changed() {
+    preview_.fit(control(IDC_COMBINE_PREVIEW));
 }
 
 // Numbers that are being typed and are none yet leave the preview as it is.

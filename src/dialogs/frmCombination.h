@@ -44,6 +44,7 @@ class frmCombination : public win::Dialog {
   protected:
     void load() override;
     bool confirm() override;
+    void density_changed() override;
     void on_command(int control, int notification) override;
     INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
 

@@ -8,6 +8,7 @@
 #include "ids.h"
 
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 
 namespace kelvane {
@@ -53,11 +54,14 @@ bool is_file(const std::filesystem::path& path) {
     return path.is_absolute() && std::filesystem::is_regular_file(path, ignored);
 }
 
-// Today's program where the system looks for programs; empty when it is not there. The older
-// Convert.exe is not looked for: Windows has a program of that name that does something else.
+// Today's program in the folders where the user wants programs to be found, and in no others: the
+// current one could be anybody's. Empty when it is not there. The older Convert.exe is not looked
+// for: Windows has a program of that name that does something else.
 std::wstring installed_program() {
+    const wchar_t* folders = _wgetenv(L"PATH");
     std::array<wchar_t, MAX_PATH> path{};
-    const DWORD length = SearchPathW(nullptr, kDoesBoth, nullptr, static_cast<DWORD>(path.size()),
+    if (folders == nullptr) return {};
+    const DWORD length = SearchPathW(folders, kDoesBoth, nullptr, static_cast<DWORD>(path.size()),
                                      path.data(), nullptr);
     return length < path.size() ? std::wstring(path.data(), length) : std::wstring();
 }

@@ -48,9 +48,13 @@ void frmExport::load() {
     fill_lists();
     show_choices();
     loadPreview();
-    win::fit_picture_box(control(IDC_EXPORT_PREVIEW), kPreviewEdge, kPreviewEdge);
+    density_changed();
     set_title(LoadString(IDS_EXPORT_TITLE));
     set_captions(window(), kCaptions);
+}
+
+void frmExport::density_changed() {
+    win::fit_picture_box(control(IDC_EXPORT_PREVIEW), kPreviewEdge, kPreviewEdge);
 }
 
 void frmExport::fill_lists() const {

@@ -24,6 +24,7 @@ class frmExport : public win::Dialog {
   protected:
     void load() override;
     bool confirm() override;
+    void density_changed() override;
     INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
 
   private:

@@ -31,10 +31,8 @@ double hue_at(int position) {
     return static_cast<double>(position) / kSteps + kLowest;
 }
 
-std::wstring hue_text(double hue) {
-    std::array<char, 32> text{};
-    const auto end = std::to_chars(text.begin(), text.end(), hue, std::chars_format::fixed, 2).ptr;
-    return {text.begin(), end};
+int position_of(double hue) {
+    return static_cast<int>(std::lround((hue - kLowest) * kSteps));
 }
 
 // One row of every hue that the slider has, as bright as colours get.
@@ -64,26 +62,29 @@ LONG thumb_middle(HWND slider, int position) {
 } // namespace
 
 frmHue::frmHue(const cDIBSection& picture)
-    : Dialog(IDD_HUE), preview_(picture), spectrum_(every_hue()) {
-    register_sliders();
-}
+    : SliderDialog(IDD_HUE, {IDC_HUE_VALUE, IDC_HUE_SLIDER, IDC_HUE_PREVIEW}, picture),
+      spectrum_(every_hue()) {}
 
 void frmHue::load() {
-    Cancelled = true;
     set_title(LoadString(IDS_HUE_TITLE));
     set_captions(window(), kCaptions);
     set_slider_range(control(IDC_HUE_SLIDER), (kHighest - kLowest) * kSteps, 5, kSteps);
-    preview_.fit(control(IDC_HUE_PREVIEW));
+    set_text(IDC_HUE_VALUE, text_at(position_of(static_cast<double>(Hue))));
+    start();
+}
+
+void frmHue::density_changed() {
+    SliderDialog::density_changed();
     place_spectrum();
-    set_text(IDC_HUE_VALUE, hue_text(static_cast<double>(Hue)));
-    follow_hue();
 }
 
 // Puts the strip of hues exactly over the way of the slider's thumb.
 void frmHue::place_spectrum() const {
     const HWND slider = control(IDC_HUE_SLIDER);
+    const int position = slider_position(slider);
     const LONG left = thumb_middle(slider, 0);
     const LONG right = thumb_middle(slider, (kHighest - kLowest) * kSteps);
+    set_slider_position(slider, position);
     const HWND strip = control(IDC_HUE_SPECTRUM);
     RECT area{};
     GetWindowRect(strip, &area);
@@ -97,37 +98,28 @@ std::optional<double> frmHue::hue() const {
     return value && *value >= kLowest && *value <= kHighest ? value : std::nullopt;
 }
 
-// A hue that is being typed and is none yet leaves slider and preview where they are.
-void frmHue::follow_hue() {
+std::optional<int> frmHue::typed_position() const {
     const std::optional<double> value = hue();
-    if (!value) return;
-    set_slider_position(control(IDC_HUE_SLIDER),
-                        static_cast<int>(std::lround((*value - kLowest) * kSteps)));
-    preview_.show(control(IDC_HUE_PREVIEW), [&](cDIBSection& picture) {
-        engine_.Colourise(picture, static_cast<float>(*value));
-    });
+    return value ? std::optional(position_of(*value)) : std::nullopt;
 }
 
-void frmHue::on_command(int control, int notification) {
-    if (control == IDC_HUE_VALUE && notification == EN_CHANGE) follow_hue();
+std::wstring frmHue::text_at(int position) const {
+    std::array<char, 32> text{};
+    const auto end =
+        std::to_chars(text.begin(), text.end(), hue_at(position), std::chars_format::fixed, 2).ptr;
+    return {text.begin(), end};
+}
+
+void frmHue::apply(cDIBSection& picture) {
+    engine_.Colourise(picture, static_cast<float>(*hue()));
 }
 
 INT_PTR frmHue::on_message(UINT message, WPARAM w, LPARAM l) {
-    switch (message) {
-    case WM_HSCROLL:
-        set_text(IDC_HUE_VALUE, hue_text(hue_at(slider_position(reinterpret_cast<HWND>(l)))));
-        return TRUE;
-    case WM_DRAWITEM: {
-        const auto& box = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
-        if (w == IDC_HUE_SPECTRUM)
-            win::draw_picture(box.hDC, box.rcItem, spectrum_);
-        else
-            preview_.draw(box);
-        return TRUE;
-    }
-    default:
-        return FALSE;
-    }
+    if (message != WM_DRAWITEM || w != IDC_HUE_SPECTRUM)
+        return SliderDialog::on_message(message, w, l);
+    const auto& box = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
+    win::draw_picture(box.hDC, box.rcItem, spectrum_);
+    return TRUE;
 }
 
 bool frmHue::confirm() {

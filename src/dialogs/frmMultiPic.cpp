@@ -107,7 +107,7 @@ void frmMultiPic::make_previews() {
     previews_ = std::move(previews);
     RECT area{};
     GetClientRect(list, &area);
-    const int column = (area.right - GetSystemMetrics(SM_CXVSCROLL)) / kColumns;
+    const int column = (area.right - win::system_metric(list, SM_CXVSCROLL)) / kColumns;
     const int row = edge_ + win::scaled(window(), kLabelHeight);
     ListView_SetIconSpacing(list, std::max(column, edge_), row);
 }

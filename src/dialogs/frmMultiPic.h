@@ -36,6 +36,7 @@ class frmMultiPic : public win::Dialog {
   protected:
     void load() override;
     bool confirm() override;
+    void density_changed() override { make_previews(); }
     INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
 
   private:

@@ -23,56 +23,38 @@ constexpr std::uint32_t kSeed = 1;
 
 } // namespace
 
-frmNoise::frmNoise(const cDIBSection& picture) : Dialog(IDD_NOISE), preview_(picture) {
-    register_sliders();
-}
+frmNoise::frmNoise(const cDIBSection& picture)
+    : SliderDialog(IDD_NOISE, {IDC_NOISE_AMOUNT, IDC_NOISE_SLIDER, IDC_NOISE_PREVIEW}, picture) {}
 
 void frmNoise::load() {
-    Cancelled = true;
     set_title(LoadString(IDS_NOISE_TITLE));
     set_captions(window(), kCaptions);
-    preview_.fit(control(IDC_NOISE_PREVIEW));
     set_slider_range(control(IDC_NOISE_SLIDER), kMost, 1, 10);
-    set_text(IDC_NOISE_AMOUNT, std::to_wstring(Percent));
+    set_text(IDC_NOISE_AMOUNT, text_at(Percent));
     check(IDC_NOISE_RANDOM, Random);
-    follow_amount();
+    start();
 }
 
-std::optional<int> frmNoise::amount() const {
+std::optional<int> frmNoise::typed_position() const {
     return whole_number(text(IDC_NOISE_AMOUNT), 0, kMost);
 }
 
-// An amount that is being typed and is none yet leaves slider and preview where they are.
-void frmNoise::follow_amount() {
-    const std::optional<int> percent = amount();
-    if (!percent) return;
-    set_slider_position(control(IDC_NOISE_SLIDER), *percent);
-    preview_.show(control(IDC_NOISE_PREVIEW), [&](cDIBSection& picture) {
-        engine_.seed_noise(kSeed);
-        engine_.AddNoise(picture, *percent, checked(IDC_NOISE_RANDOM));
-    });
+std::wstring frmNoise::text_at(int position) const {
+    return std::to_wstring(position);
+}
+
+void frmNoise::apply(cDIBSection& picture) {
+    engine_.seed_noise(kSeed);
+    engine_.AddNoise(picture, *typed_position(), checked(IDC_NOISE_RANDOM));
 }
 
 void frmNoise::on_command(int control, int notification) {
-    const bool typed = control == IDC_NOISE_AMOUNT && notification == EN_CHANGE;
-    if (typed || control == IDC_NOISE_RANDOM) follow_amount();
-}
-
-INT_PTR frmNoise::on_message(UINT message, WPARAM /*w*/, LPARAM l) {
-    switch (message) {
-    case WM_HSCROLL:
-        set_text(IDC_NOISE_AMOUNT, std::to_wstring(slider_position(reinterpret_cast<HWND>(l))));
-        return TRUE;
-    case WM_DRAWITEM:
-        preview_.draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
-        return TRUE;
-    default:
-        return FALSE;
-    }
+    if (control == IDC_NOISE_RANDOM) follow_field();
+    SliderDialog::on_command(control, notification);
 }
 
 bool frmNoise::confirm() {
-    const std::optional<int> percent = amount();
+    const std::optional<int> percent = typed_position();
     if (!percent) {
         refuse_field(window(), IDC_NOISE_AMOUNT, LoadString(IDS_NOISE_INVALID));
         return false;

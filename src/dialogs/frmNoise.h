@@ -1,21 +1,15 @@
 // frmNoise: how much noise is added.
 #pragma once
 
-#include "dialogs/live_preview.h"
-#include "engine/image_process.h"
-#include "win/dialog.h"
-
-#include <optional>
+#include "dialogs/slider_dialog.h"
 
 namespace kelvane {
 
-/// A slider and a field for the amount, which follow each other, with a live preview. The preview
-/// shows the noise on the reduced picture; the picture's own will be finer.
-class frmNoise : public win::Dialog {
+/// The preview shows the noise on the reduced picture; the picture's own will be finer.
+class frmNoise : public SliderDialog {
   public:
     explicit frmNoise(const cDIBSection& picture);
 
-    bool Cancelled = true;
     /// 0 to 100; valid unless `Cancelled`.
     int Percent = 20;
     /// Only some pixels, picked at random.
@@ -25,14 +19,9 @@ class frmNoise : public win::Dialog {
     void load() override;
     bool confirm() override;
     void on_command(int control, int notification) override;
-    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
-
-  private:
-    std::optional<int> amount() const;
-    void follow_amount();
-
-    LivePreview preview_;
-    cImageProcessDIB engine_;
+    std::optional<int> typed_position() const override;
+    std::wstring text_at(int position) const override;
+    void apply(cDIBSection& picture) override;
 };
 
 } // namespace kelvane

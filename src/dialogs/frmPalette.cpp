@@ -5,6 +5,7 @@
 #include "dialogs/file_error_text.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
+#include "win/dpi.h"
 #include "win/file_dialogs.h"
 
 #include "ids.h"
@@ -23,7 +24,8 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_PALETTE_CANCEL},
 };
 
-// Squares of colour: no larger than this, and with a gap between them from the second number on.
+// Squares of colour: no larger than this at 96 dots per inch, and with a gap between them from the
+// second number, in pixels, on.
 constexpr int kLargestSquare = 24;
 constexpr int kSmallestWithGap = 5;
 
@@ -38,9 +40,9 @@ std::filesystem::path first_palette(const std::filesystem::path& folder) {
     return found.empty() ? std::filesystem::path() : *found.begin();
 }
 
-// Side of the largest squares of which `count` fit into an area.
-int square_side(int width, int height, int count) {
-    int side = kLargestSquare;
+// Side of the largest squares, up to `largest`, of which `count` fit into an area.
+int square_side(int width, int height, int count, int largest) {
+    int side = largest;
     while (side > 1 && (width / side) * (height / side) < count)
         --side;
     return side;
@@ -50,7 +52,8 @@ void draw_colours(const DRAWITEMSTRUCT& box, std::span<const cPalette::Colour> c
     const RECT& area = box.rcItem;
     FillRect(box.hDC, &area, GetSysColorBrush(COLOR_BTNFACE));
     const int width = area.right - area.left;
-    const int side = square_side(width, area.bottom - area.top, static_cast<int>(colours.size()));
+    const int side = square_side(width, area.bottom - area.top, static_cast<int>(colours.size()),
+                                 win::scaled(box.hwndItem, kLargestSquare));
     const int drawn = side >= kSmallestWithGap ? side - 1 : side;
     const int columns = std::max(width / side, 1);
     int index = 0;

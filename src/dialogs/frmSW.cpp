@@ -3,6 +3,7 @@
 #include "dialogs/controls.h"
 #include "dialogs/slider.h"
 #include "settings/catalogue.h"
+#include "win/arrow_keys.h"
 #include "win/picture_box.h"
 
 #include "ids.h"
@@ -73,10 +74,22 @@ void frmSW::load() {
     result = 0;
     set_title(LoadString(IDS_REDUCE_TITLE));
     set_captions(window(), kCaptions);
-    for (const int box : {IDC_REDUCE_OVERVIEW, IDC_REDUCE_DETAIL})
-        win::fit_picture_box(control(box), kPreviewEdge, kPreviewEdge);
+    density_changed();
+    if (!preview_.detail_shows_all()) serve_keys();
     restore();
     show_kind();
+}
+
+// The overview, in which there is a frame to move, can have the focus.
+void frmSW::serve_keys() const {
+    const HWND overview = control(IDC_REDUCE_OVERVIEW);
+    SetWindowLongW(overview, GWL_STYLE, GetWindowLongW(overview, GWL_STYLE) | WS_TABSTOP);
+    win::take_arrow_keys(overview);
+}
+
+void frmSW::density_changed() {
+    for (const int box : {IDC_REDUCE_OVERVIEW, IDC_REDUCE_DETAIL})
+        win::fit_picture_box(control(box), kPreviewEdge, kPreviewEdge);
 }
 
 void frmSW::restore() {
@@ -167,6 +180,8 @@ INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
         dragging_ = pick_detail(l);
         if (dragging_) SetCapture(window());
         return TRUE;
+    case WM_KEYDOWN:
+        return move_detail(w);
     case WM_MOUSEMOVE:
         if (dragging_ && (w & MK_LBUTTON) != 0) pick_detail(l);
         return TRUE;
@@ -191,15 +206,19 @@ void frmSW::draw(const DRAWITEMSTRUCT& box) const {
     }
 }
 
-// Marks in the overview what the detail shows, unless that is everything.
+// Marks in the overview what the detail shows, unless that is everything; boldly while the arrow
+// keys move it.
 void frmSW::draw_frame(const DRAWITEMSTRUCT& box, double zoom) const {
+    if (preview_.detail_shows_all()) return;
     const PixelArea area = preview_.detail_in_overview();
-    if (area.width >= preview_.overview().Width() && area.height >= preview_.overview().Height())
-        return;
     const auto zoomed = [zoom](int pixels) { return static_cast<LONG>(pixels * zoom); };
-    const RECT frame{zoomed(area.left), zoomed(area.top), zoomed(area.left + area.width),
-                     zoomed(area.top + area.height)};
-    FrameRect(box.hDC, &frame, GetSysColorBrush(COLOR_HIGHLIGHT));
+    RECT frame{zoomed(area.left), zoomed(area.top), zoomed(area.left + area.width),
+               zoomed(area.top + area.height)};
+    const int strength = GetFocus() == box.hwndItem ? 3 : 1;
+    for (int line = 0; line < strength; ++line) {
+        FrameRect(box.hDC, &frame, GetSysColorBrush(COLOR_HIGHLIGHT));
+        InflateRect(&frame, -1, -1);
+    }
 }
 
 // Over the overview the pointer says that there is something to move.
@@ -223,10 +242,19 @@ bool frmSW::pick_detail(LPARAM position) {
     RECT area{};
     GetClientRect(box, &area);
     if (!dragging_ && !PtInRect(&area, place)) return false;
+    if (!preview_.detail_shows_all()) SetFocus(box);
     const double zoom = win::picture_zoom(window());
     if (preview_.centre_detail_at(static_cast<int>(place.x / zoom),
                                   static_cast<int>(place.y / zoom)))
         show_preview();
+    return true;
+}
+
+// The arrow keys move the detail as long as the overview has the focus.
+bool frmSW::move_detail(WPARAM key) {
+    const int right = key == VK_RIGHT ? 1 : key == VK_LEFT ? -1 : 0;
+    const int down = key == VK_DOWN ? 1 : key == VK_UP ? -1 : 0;
+    if (preview_.move_detail(right, down)) show_preview();
     return true;
 }
 

@@ -27,10 +27,12 @@ class frmSW : public win::Dialog {
   protected:
     void load() override;
     bool confirm() override;
+    void density_changed() override;
     void on_command(int id, int notification) override;
     INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
 
   private:
+    void serve_keys() const;
     void restore();
     Reduction chosen() const;
     HWND slider() const;
@@ -41,6 +43,7 @@ class frmSW : public win::Dialog {
     void draw_frame(const DRAWITEMSTRUCT& box, double zoom) const;
     INT_PTR show_hand() const;
     bool pick_detail(LPARAM position);
+    bool move_detail(WPARAM key);
 
     const SettingsFile& settings_;
     ReductionPreview preview_;

@@ -25,9 +25,12 @@ void frmSplash::load() {
     set_title(LoadString(IDS_PRODUCT_NAME));
     set_captions(window(), kCaptions);
     set_text(IDC_SPLASH_VERSION, LoadString(IDS_ABOUT_VERSION, {version_}));
-    show_program_icon(control(IDC_SPLASH_ICON));
-    large_ = use_large_font(control(IDC_SPLASH_NAME));
+    density_changed();
     SetTimer(window(), kTimer, kStay, nullptr);
+}
+
+void frmSplash::density_changed() {
+    face_ = show_program_face(window(), IDC_SPLASH_ICON, IDC_SPLASH_NAME);
 }
 
 INT_PTR frmSplash::on_message(UINT message, WPARAM /*w*/, LPARAM /*l*/) {

@@ -1,8 +1,8 @@
 // frmSplash: shown while the program starts.
 #pragma once
 
+#include "dialogs/program_face.h"
 #include "win/dialog.h"
-#include "win/gdi.h"
 
 #include <string>
 
@@ -17,15 +17,16 @@ class frmSplash : public win::Dialog {
 
     /// `version` as shown ("1.2.3").
     explicit frmSplash(std::wstring version);
-    ~frmSplash() override { close(); } // before its font goes
+    ~frmSplash() override { close(); } // before its face goes
 
   protected:
     void load() override;
+    void density_changed() override;
     INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
 
   private:
     std::wstring version_;
-    win::Font large_;
+    ProgramFace face_;
 };
 
 } // namespace kelvane

@@ -5,10 +5,14 @@
 
 namespace kelvane {
 
-/// Shows the program's icon in a static control of style SS_ICON, as large as the control.
-void show_program_icon(HWND control);
+struct ProgramFace {
+    win::Icon icon;
+    win::Font font;
+};
 
-/// Gives a control its dialog's font at twice the size, bold. The font must outlive the control.
-win::Font use_large_font(HWND control);
+/// Shows the program's icon in the static control `icon` of style SS_ICON, as large as the control,
+/// and gives the control `name` the dialog's font at twice the size, bold. The answer must outlive
+/// both controls.
+ProgramFace show_program_face(HWND dialog, int icon, int name);
 
 } // namespace kelvane

@@ -105,16 +105,30 @@ void ReductionPreview::update_detail(const Reduction& reduction) {
     copy_area(cut, more_left, more_below, detail_, 0, 0, area_.width, area_.height);
 }
 
-bool ReductionPreview::centre_detail_at(int x, int y) {
+bool ReductionPreview::place_detail(int left, int top) {
     const int old_left = area_.left;
     const int old_top = area_.top;
-    const auto start = [](int at, int shown, int size, int part) {
-        const int middle = static_cast<int>(static_cast<double>(at) * size / shown);
-        return std::clamp(middle - part / 2, 0, size - part);
-    };
-    area_.left = start(x, size_.width, picture_.Width(), area_.width);
-    area_.top = start(y, size_.height, picture_.Height(), area_.height);
+    area_.left = std::clamp(left, 0, picture_.Width() - area_.width);
+    area_.top = std::clamp(top, 0, picture_.Height() - area_.height);
     return area_.left != old_left || area_.top != old_top;
+}
+
+bool ReductionPreview::centre_detail_at(int x, int y) {
+    const auto start = [](int at, int shown, int size, int part) {
+        return static_cast<int>(static_cast<double>(at) * size / shown) - part / 2;
+    };
+    return place_detail(start(x, size_.width, picture_.Width(), area_.width),
+                        start(y, size_.height, picture_.Height(), area_.height));
+}
+
+bool ReductionPreview::move_detail(int right, int down) {
+    const auto step = [](int size) { return std::max(size / 8, 1); };
+    return place_detail(area_.left + right * step(area_.width),
+                        area_.top + down * step(area_.height));
+}
+
+bool ReductionPreview::detail_shows_all() const {
+    return area_.width >= picture_.Width() && area_.height >= picture_.Height();
 }
 
 PixelArea ReductionPreview::detail_in_overview() const {

@@ -47,15 +47,21 @@ class ReductionPreview {
     /// `update` has to follow.
     bool centre_detail_at(int x, int y);
 
+    /// Moves the detail over the picture by so many of its eighths, to the right and down, as far
+    /// as the picture's borders allow. The same answer.
+    bool move_detail(int right, int down);
+
     const cDIBSection& overview() const { return overview_; }
     const cDIBSection& detail() const { return detail_; }
     /// The part of the picture that the detail shows, in the picture's pixels.
     const PixelArea& detail_area() const { return area_; }
-    /// The same in the overview's pixels, at least 1 x 1.
+    bool detail_shows_all() const;
+    /// The area in the overview's pixels, at least 1 x 1.
     PixelArea detail_in_overview() const;
 
   private:
     void take_rows();
+    bool place_detail(int left, int top);
     void update_overview(const Reduction& reduction);
     void update_detail(const Reduction& reduction);
 

@@ -25,18 +25,23 @@ Sample sample_at(int target, double scale) {
 struct Columns {
     std::vector<int> first_byte;
     std::vector<double> weights;
+    std::vector<std::int16_t> high, low, second;
+
+    void add(const Sample& sample) {
+        const FixedWeight fixed = fixed_weight(sample.weight);
+        first_byte.push_back(3 * sample.first);
+        weights.insert(weights.end(), 3, sample.weight);
+        high.insert(high.end(), 3, fixed.high);
+        low.insert(low.end(), 3, fixed.low);
+        second.insert(second.end(), 3, fixed.second);
+    }
 };
 
 Columns columns_of(int from_width, int to_width) {
     const double scale = static_cast<double>(from_width - 1) / to_width;
     Columns columns;
-    columns.first_byte.reserve(static_cast<std::size_t>(to_width));
-    columns.weights.reserve(static_cast<std::size_t>(to_width) * 3);
-    for (int x = 0; x < to_width; ++x) {
-        const Sample sample = sample_at(x, scale);
-        columns.first_byte.push_back(3 * sample.first);
-        columns.weights.insert(columns.weights.end(), 3, sample.weight);
-    }
+    for (int x = 0; x < to_width; ++x)
+        columns.add(sample_at(x, scale));
     return columns;
 }
 
@@ -71,6 +76,8 @@ void resample_bilinear(ConstImageView from, ImageView to) {
     std::vector<std::uint8_t> blended(static_cast<std::size_t>(from_bytes) + 3 + kSpare);
     std::vector<std::uint8_t> left(static_cast<std::size_t>(to_bytes) + kSpare);
     std::vector<std::uint8_t> right(left.size());
+    const RowWeights weights{columns.weights.data(), columns.high.data(), columns.low.data(),
+                             columns.second.data()};
     const ResampleRows& rows = resample_rows();
     for (int y = 0; y < to.height; ++y) {
         const Sample line = sample_at(y, y_scale);
@@ -78,7 +85,7 @@ void resample_bilinear(ConstImageView from, ImageView to) {
         rows.one_weight(from.row(line.first), from.row(next), blended.data(), from_bytes,
                         line.weight);
         fetch_pixels(blended.data(), columns.first_byte, left.data(), right.data());
-        rows.many_weights(left.data(), right.data(), to.row(y), to_bytes, columns.weights.data());
+        rows.many_weights(left.data(), right.data(), to.row(y), to_bytes, weights);
     }
 }
 

@@ -129,11 +129,7 @@ void ApplyPalette(ImageView image, ImageView buffer, const cPalette& palette,
     if (palette.Count() == 0) throw std::invalid_argument("the palette is empty");
     const ProgressReporter progress(observer);
     Diffusion diffusion(image, buffer, palette);
-    progress.init(3L * image.width - 3);
-    walk_columns(
-        0, image.width, image.height, progress,
-        [&](int x, int count, int y) { diffusion.stretch(x, count, y); }, kNarrowStripPixels);
-    progress.complete();
+    walk_diffusion(diffusion, image.width, image.height, progress);
 }
 
 } // namespace kelvane

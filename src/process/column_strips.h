@@ -30,6 +30,17 @@ void walk_columns(int first, int width, int height, const ProgressReporter& prog
     }
 }
 
+/// The walk of operations that carry errors from pixel to pixel, with its events: `diffusion` has a
+/// member stretch(x, count, y).
+template <typename Diffusion>
+void walk_diffusion(Diffusion& diffusion, int width, int height, const ProgressReporter& progress) {
+    progress.init(3L * width - 3);
+    walk_columns(
+        0, width, height, progress,
+        [&](int x, int count, int y) { diffusion.stretch(x, count, y); }, kNarrowStripPixels);
+    progress.complete();
+}
+
 /// The events of an operation that another one does along with its own work: nothing is left to
 /// wait for, and yet receivers count on both.
 inline void report_all_columns(int width, const ProgressReporter& progress) {

@@ -113,11 +113,7 @@ void Steinberg(ImageView image, ImageView buffer, ProgressObserver* observer) {
     const ProgressReporter progress(observer);
     report_all_columns(image.width, ProgressReporter(observer)); // those of GrayScale
     Diffusion diffusion(image, buffer);
-    progress.init(3L * image.width - 3);
-    walk_columns(
-        0, image.width, image.height, progress,
-        [&](int x, int count, int y) { diffusion.stretch(x, count, y); }, kNarrowStripPixels);
-    progress.complete();
+    walk_diffusion(diffusion, image.width, image.height, progress);
 }
 
 } // namespace kelvane

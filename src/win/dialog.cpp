@@ -11,6 +11,9 @@ namespace {
 constexpr INT_PTR kConfirmed = 1;
 constexpr INT_PTR kCancelled = 2;
 
+// Posted: the system has finished with WM_DPICHANGED.
+constexpr UINT kArrangedAnew = WM_APP + 100;
+
 const wchar_t* resource(int id) {
     return MAKEINTRESOURCEW(id);
 }
@@ -92,6 +95,13 @@ INT_PTR Dialog::dispatch(UINT message, WPARAM w, LPARAM l) {
         return TRUE;
     case WM_COMMAND:
         command(LOWORD(w), HIWORD(w));
+        return TRUE;
+    case WM_DPICHANGED:
+        PostMessageW(window_, kArrangedAnew, 0, 0);
+        return on_message(message, w, l);
+    case kArrangedAnew:
+        density_changed();
+        InvalidateRect(window_, nullptr, TRUE);
         return TRUE;
     case WM_NCDESTROY:
         unbind();

@@ -50,6 +50,9 @@ class Dialog {
     virtual void cancel() {}
     /// A notification by WM_COMMAND from any other control: its id and the notification code.
     virtual void on_command(int /*control*/, int /*notification*/) {}
+    /// The dialog has come to a monitor of another density and the system has arranged the controls
+    /// anew, by their sizes in the template: what `load` sized in pixels is to be sized again.
+    virtual void density_changed() {}
     /// Every message but WM_INITDIALOG and WM_COMMAND, once `load` has begun. What a dialog
     /// procedure returns: FALSE when the message was not handled.
     virtual INT_PTR on_message(UINT /*message*/, WPARAM /*w*/, LPARAM /*l*/) { return FALSE; }

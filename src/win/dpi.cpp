@@ -23,6 +23,12 @@ int scaled(HWND window, int length) {
     return MulDiv(length, dots_per_inch(window), USER_DEFAULT_SCREEN_DPI);
 }
 
+int system_metric(HWND window, int index) {
+    static const auto for_dpi = user32<int(WINAPI*)(int, UINT)>("GetSystemMetricsForDpi");
+    return for_dpi != nullptr ? for_dpi(index, static_cast<UINT>(dots_per_inch(window)))
+                              : GetSystemMetrics(index);
+}
+
 Font message_font(HWND window) {
     static const auto for_dpi =
         user32<BOOL(WINAPI*)(UINT, UINT, void*, UINT, UINT)>("SystemParametersInfoForDpi");

@@ -11,6 +11,9 @@ int dots_per_inch(HWND window);
 /// A length given for 96 dots per inch, on the window's monitor.
 int scaled(HWND window, int length);
 
+/// What GetSystemMetrics says, for the window's monitor.
+int system_metric(HWND window, int index);
+
 /// The font of messages and status lines for the window's monitor.
 Font message_font(HWND window);
 

@@ -34,7 +34,7 @@ std::optional<std::wstring> ask(Show show, HWND owner, const FileQuestion& quest
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;
     dialog.lpstrFilter = filter.c_str();
-    dialog.nFilterIndex = 1;
+    dialog.nFilterIndex = question.chosen_filter;
     dialog.lpstrFile = path.data();
     dialog.nMaxFile = static_cast<DWORD>(path.size());
     dialog.lpstrInitialDir = text_or_null(question.folder);

@@ -12,8 +12,10 @@ namespace kelvane::win {
 /// What a file dialog starts with.
 struct FileQuestion {
     /// Pairs of a description and its patterns, all separated by "|"
-    /// ("Bitmaps (*.BMP)|*.BMP|All Files (*.*)|*.*"); the first one is chosen.
+    /// ("Bitmaps (*.BMP)|*.BMP|All Files (*.*)|*.*").
     std::wstring filter;
+    /// Which pair is chosen at first, from 1.
+    unsigned chosen_filter = 1;
     /// Where to start; empty: where the system likes.
     std::wstring folder;
     /// A proposed name or path.

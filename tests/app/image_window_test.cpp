@@ -55,6 +55,17 @@ TEST_F(ImageWindow, ShowsThePictureOneToOneWhereItIsScrolledTo) {
     EXPECT_EQ(shown(form, client.right - 1, client.bottom - 1), in_picture(form, 999, 699));
 }
 
+TEST_F(ImageWindow, MainWindowGoesWhereAMonitorOfAnotherDensityWantsIt) {
+    RECT wanted{40, 50, 840, 650}, place{}, inside{}, bar{};
+    SendMessageW(main.window(), WM_DPICHANGED, MAKEWPARAM(144, 144),
+                 reinterpret_cast<LPARAM>(&wanted));
+    GetWindowRect(main.window(), &place);
+    EXPECT_TRUE(EqualRect(&place, &wanted));
+    GetClientRect(main.window(), &inside);
+    GetClientRect(main.status_bar().window(), &bar);
+    EXPECT_EQ(bar.right, inside.right);
+}
+
 TEST_F(ImageWindow, BarsShowOnlyWhatDoesNotFit) {
     frmImage& form = opened(black_picture(300, 200));
     EXPECT_FALSE(has_bar(form, WS_HSCROLL) || has_bar(form, WS_VSCROLL)) << "sized to the picture";

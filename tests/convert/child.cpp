@@ -1,4 +1,5 @@
-// The console program that the console runner's tests run. Its first argument says what to do.
+// The console program that the console runner's tests run. Its first argument says what to do;
+// those of a converter make it one that cannot convert.
 #include "convert/command_line.h"
 
 #include <process.h>
@@ -39,6 +40,25 @@ int start_grandchild(const wchar_t* milliseconds) {
     return 0;
 }
 
+// Leaves a temporary file behind and never ends for "testtmp.hang"; fails for any other file.
+void convert(std::wstring_view file) {
+    std::wstring temporary(MAX_PATH, L'\0');
+    GetTempPathW(MAX_PATH, temporary.data());
+    std::fclose(_wfopen((temporary.c_str() + std::wstring(L"left.tmp")).c_str(), L"w"));
+    std::printf("no decode delegate for %ls\n", file.data());
+    std::fflush(stdout);
+    if (file == L"testtmp.hang") Sleep(INFINITE);
+}
+
+// Gives no answer twice; counts the questions in the file KELVANE_CHILD_LOG.
+void list_formats() {
+    std::FILE* log = _wfopen(_wgetenv(L"KELVANE_CHILD_LOG"), L"ab");
+    std::fputc('x', log);
+    std::fseek(log, 0, SEEK_END);
+    if (std::ftell(log) > 2) std::printf("Description\n-----\nHANG rw+ Never ends\n");
+    std::fclose(log);
+}
+
 } // namespace
 
 int wmain(int argc, wchar_t** argv) {
@@ -61,5 +81,8 @@ int wmain(int argc, wchar_t** argv) {
         const auto event = reinterpret_cast<HANDLE>(std::wcstoull(value, nullptr, 10));
         std::printf(SetEvent(event) ? "inherited" : "not inherited");
     }
+    if (what == L"-version") std::printf("Version: IMAGEMAGICK 7.1 in its place");
+    if (what == L"-list") list_formats();
+    if (what == L"-verbose") convert(value);
     return 0;
 }

@@ -49,6 +49,15 @@ TEST_F(ConverterDialogs, ProgramsBrowsedToAreStoredAndTheOtherOneIsProposed) {
     EXPECT_EQ(stored_programs(), std::pair(magick, magick));
 }
 
+TEST_F(ConverterDialogs, AnInstalledProgramIsProposedToStartWith) {
+    const std::wstring magick = program(L"Magick.exe");
+    const std::wstring before = _wgetenv(L"PATH");
+    _wputenv_s(L"PATH", (before + L";" + scratch.path().wstring()).c_str());
+    show(places, IDOK);
+    _wputenv_s(L"PATH", before.c_str());
+    EXPECT_EQ(stored_programs(), std::pair(magick, magick));
+}
+
 TEST_F(ConverterDialogs, WhatIsNoProgramOfImageMagickIsRefused) {
     const std::wstring convert = program(L"Convert.exe");
     const std::wstring other = program(L"other.exe");

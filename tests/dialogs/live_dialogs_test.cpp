@@ -56,6 +56,23 @@ TEST_F(LiveDialogs, NoiseFieldSliderAndPreviewFollowEachOther) {
     EXPECT_TRUE(dialog.Random);
 }
 
+TEST_F(LiveDialogs, PreviewFitsAgainAfterAChangeOfDensity) {
+    frmHue dialog(large);
+    show(dialog, IDCANCEL, [](HWND window) {
+        const HWND box = GetDlgItem(window, IDC_HUE_PREVIEW);
+        RECT before{}, after{};
+        GetClientRect(box, &before);
+        SetWindowPos(box, nullptr, 0, 0, 111, 111, SWP_NOMOVE | SWP_NOZORDER); // by the system
+        SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&before));
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            DispatchMessageW(&message);
+        GetClientRect(box, &after);
+        EXPECT_TRUE(EqualRect(&before, &after));
+        EXPECT_EQ(position_of(window, IDC_HUE_SLIDER), 100);
+    });
+}
+
 TEST_F(LiveDialogs, WeightedSumReturnsItsNumbers) {
     frmCombination dialog({logo, second, {L"copy.bmp", &small}});
     show(dialog, IDOK, [this](HWND window) {

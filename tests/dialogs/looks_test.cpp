@@ -1,5 +1,5 @@
-// Every dialog in both languages: its texts have room, and its picture goes to the folder of
-// screenshots, where people look at it.
+// Every dialog in both languages on screens of several densities: its texts have room, its controls
+// keep apart, and its picture goes to the folder of screenshots, where people look at it.
 #include "dialogs/dialog_test.h"
 #include "dialogs/frmAbout.h"
 #include "dialogs/frmCombination.h"
@@ -18,6 +18,9 @@
 #include "dialogs/frmSW.h"
 #include "dialogs/frmSplash.h"
 #include "support/windows/screenshot.h"
+#include "win/dpi.h"
+
+#include <process.h>
 
 namespace kelvane::test {
 namespace {
@@ -64,18 +67,40 @@ Room needed_by(HWND control, const std::wstring& text, LONG width) {
     return {needed.right, needed.bottom};
 }
 
+RECT place_of(HWND control) {
+    RECT place{};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+bool is_group(HWND control) {
+    return class_of(control) == L"Button" &&
+           (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
+}
+
+void expect_apart(HWND control) {
+    for (HWND other = control; (other = GetWindow(other, GW_HWNDNEXT)) != nullptr;) {
+        if (!IsWindowVisible(other) || is_group(control) || is_group(other)) continue;
+        const RECT place = place_of(control);
+        const RECT neighbour = place_of(other);
+        RECT common{};
+        EXPECT_FALSE(IntersectRect(&common, &place, &neighbour))
+            << "controls " << GetDlgCtrlID(control) << " and " << GetDlgCtrlID(other);
+    }
+}
+
 void expect_inside(HWND dialog, HWND control) {
     RECT area{};
     GetClientRect(dialog, &area);
-    RECT place{};
-    GetWindowRect(control, &place);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    const RECT place = place_of(control);
     EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= area.right &&
                 place.bottom <= area.bottom)
         << "control " << GetDlgCtrlID(control) << " reaches over the border";
 }
 
-// Each visible control stays inside the dialog's border, and no caption is missing or cut.
+// Each visible control stays inside the dialog's border and apart from the others, and no caption
+// is missing or cut.
 void expect_captions_fit(HWND dialog) {
     ASSERT_TRUE(IsWindowVisible(dialog));
     EXPECT_FALSE(win::window_text(dialog).empty()) << "no title";
@@ -83,6 +108,7 @@ void expect_captions_fit(HWND dialog) {
          control = GetWindow(control, GW_HWNDNEXT)) {
         if (!IsWindowVisible(control)) continue;
         expect_inside(dialog, control);
+        expect_apart(control);
         const std::wstring kind = class_of(control);
         if ((kind != L"Button" && kind != L"Static") || is_picture(control)) continue;
         const std::wstring text = win::window_text(control);
@@ -100,10 +126,13 @@ struct DialogLooks : DialogTest, testing::WithParamInterface<int> {
     ~DialogLooks() override { set_language_offset(kEnglishOffset); }
 
     static void check_looks(HWND window, const std::string& name) {
+        SCOPED_TRACE(name);
         expect_captions_fit(window);
         RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+        const int dots = win::dots_per_inch(window);
         save_screenshot(picture_of_window(window), KELVANE_SCREENSHOTS,
-                        name + (GetParam() == kGermanOffset ? "-de" : "-en"));
+                        name + (GetParam() == kGermanOffset ? "-de" : "-en") +
+                            (dots == 96 ? "" : "@" + std::to_string(dots)));
     }
     template <typename Form> void look_at(Form&& dialog, const std::string& name) {
         show(dialog, IDCANCEL, [&](HWND window) { check_looks(window, name); });
@@ -156,6 +185,36 @@ TEST_P(DialogLooks, CaptionsFit) {
 
 INSTANTIATE_TEST_SUITE_P(BothLanguages, DialogLooks,
                          testing::Values(kEnglishOffset, kGermanOffset));
+
+/// The density of the screen for programs that start while it lives.
+class Density {
+  public:
+    explicit Density(DWORD dots) {
+        RegSetKeyValueW(HKEY_CURRENT_USER, kKey, kValue, REG_DWORD, &dots, sizeof dots);
+    }
+    ~Density() { RegDeleteKeyValueW(HKEY_CURRENT_USER, kKey, kValue); }
+    Density(const Density&) = delete;
+    Density& operator=(const Density&) = delete;
+
+  private:
+    static constexpr const wchar_t* kKey = L"Control Panel\\Desktop";
+    static constexpr const wchar_t* kValue = L"LogPixels";
+};
+
+TEST(DialogDensities, CaptionsFitOnFinerScreens) {
+    wchar_t program[MAX_PATH];
+    GetModuleFileNameW(nullptr, program, std::size(program));
+    for (const DWORD dots : {144, 192}) {
+        const std::filesystem::path last =
+            KELVANE_SCREENSHOTS "/splash-de@" + std::to_string(dots) + ".bmp";
+        std::filesystem::remove(last);
+        const Density density(dots);
+        EXPECT_EQ(
+            _wspawnl(_P_WAIT, program, L"dialog_tests", L"--gtest_filter=BothLanguages/*", nullptr),
+            0);
+        EXPECT_TRUE(std::filesystem::exists(last)) << "the screen had another density";
+    }
+}
 
 } // namespace
 } // namespace kelvane::test

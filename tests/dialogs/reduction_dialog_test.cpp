@@ -150,7 +150,7 @@ TEST_F(ReductionDialogTest, ColourLimitNeedsAChannel) {
     EXPECT_EQ(std::tuple(dialog.red, dialog.green, dialog.blue), std::tuple(1, 1, 0));
 }
 
-TEST_F(ReductionDialogTest, DraggingOverTheOverviewMovesTheDetail) {
+TEST_F(ReductionDialogTest, DraggingAndArrowKeysMoveTheDetail) {
     show(dialog, IDCANCEL, [this](HWND window) {
         const auto mouse = [&](UINT message, LONG x, LONG y) {
             POINT place{x, y};
@@ -164,6 +164,15 @@ TEST_F(ReductionDialogTest, DraggingOverTheOverviewMovesTheDetail) {
         EXPECT_EQ(mouse(WM_MOUSEMOVE, -30, 50), 0);
         mouse(WM_LBUTTONUP, -30, 50);
         EXPECT_EQ(mouse(WM_MOUSEMOVE, 219, 50), 0) << "let go";
+
+        const HWND overview = GetDlgItem(window, IDC_REDUCE_OVERVIEW);
+        EXPECT_EQ(GetFocus(), overview);
+        EXPECT_EQ(GetNextDlgTabItem(window, GetDlgItem(window, IDOK), TRUE), overview);
+        EXPECT_TRUE(SendMessageW(overview, WM_GETDLGCODE, 0, 0) & DLGC_WANTARROWS);
+        for (const int left : {27, 54, 80, 80}) {
+            SendMessageW(overview, WM_KEYDOWN, VK_RIGHT, 0);
+            EXPECT_EQ(dialog.preview().detail_area().left, left);
+        }
     });
 }
 

@@ -1,4 +1,5 @@
 #include "image/resample.h"
+#include "image/resample_rows.h"
 
 #include "support/every_level.h"
 #include "support/pictures.h"
@@ -64,6 +65,35 @@ TEST(Resample, RoundsHalvesToEven) {
         const int expected[] = {0, 0, 1, 2, 2, 2, 3, 4};
         for (int x = 0; x < 8; ++x)
             EXPECT_EQ(to.view().pixel(x, 0)[1], expected[x]) << x;
+    });
+}
+
+// Every pair of samples, with weights whose products lie on halves, beside them and elsewhere.
+TEST(Resample, EveryPairOfSamplesAtHalvesAndBesideThem) {
+    std::vector<double> weights{0, std::nextafter(1.0, 0.0), std::nextafter(0.5, 0.0), 0x1p-17};
+    for (const int parts : {2, 3, 4, 6, 10, 302, 400, 510, 1200})
+        for (int k = 1; k < parts; k += 1 + parts / 7)
+            weights.insert(weights.end(), {static_cast<double>(k) / parts, k * (1.0 / parts)});
+    std::vector<std::uint8_t> a(0x10000), b(a.size()), expected(a.size()), actual(a.size());
+    for (std::size_t k = 0; k < a.size(); ++k) {
+        a[k] = static_cast<std::uint8_t>(k);
+        b[k] = static_cast<std::uint8_t>(k >> 8);
+    }
+    const int count = static_cast<int>(a.size());
+    at_every_level([&] {
+        for (const double weight : weights) {
+            for (std::size_t k = 0; k < a.size(); ++k)
+                expected[k] = static_cast<std::uint8_t>(blend(a[k], b[k], weight));
+            resample_rows().one_weight(a.data(), b.data(), actual.data(), count, weight);
+            EXPECT_EQ(actual, expected) << "one weight, " << weight;
+            const FixedWeight fixed = fixed_weight(weight);
+            const std::vector<double> exact(a.size(), weight);
+            const std::vector<std::int16_t> high(a.size(), fixed.high), low(a.size(), fixed.low),
+                second(a.size(), fixed.second);
+            resample_rows().many_weights(a.data(), b.data(), actual.data(), count,
+                                         {exact.data(), high.data(), low.data(), second.data()});
+            EXPECT_EQ(actual, expected) << "many weights, " << weight;
+        }
     });
 }
 

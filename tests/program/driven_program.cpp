@@ -1,6 +1,7 @@
 #include "driven_program.h"
 
 #include "convert/command_line.h"
+#include "win/dialog.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +14,6 @@ namespace {
 
 constexpr DWORD kLook = 10;      // milliseconds between two looks
 constexpr UINT kAnswered = 5000; // milliseconds for a message
-constexpr DWORD kStart = 30000;
 
 [[noreturn]] void fail(const std::string& what) {
     throw std::runtime_error(what);
@@ -53,7 +53,6 @@ DrivenProgram::DrivenProgram(const std::filesystem::path& program,
     const UniqueHandle thread(information.hThread);
     AssignProcessToJobObject(job_.get(), process_.get());
     ResumeThread(thread.get());
-    WaitForInputIdle(process_.get(), kStart);
 }
 
 DrivenProgram::~DrivenProgram() {
@@ -94,7 +93,7 @@ std::string DrivenProgram::window_list() const {
     std::ostringstream list;
     for (const HWND window : windows())
         list << ' ' << testing::PrintToString(class_of(window)) << ' '
-             << testing::PrintToString(text_in(window));
+             << testing::PrintToString(win::window_text(window));
     return list.str();
 }
 
@@ -102,7 +101,7 @@ HWND DrivenProgram::window(const std::wstring& class_name, const std::wstring& c
     HWND found = nullptr;
     wait_for("a window " + testing::PrintToString(caption), [&] {
         found = first_window([&](HWND window) {
-            return class_of(window) == class_name && text_in(window).starts_with(caption);
+            return class_of(window) == class_name && win::window_text(window).starts_with(caption);
         });
         return found != nullptr;
     });
@@ -125,7 +124,7 @@ void DrivenProgram::perform(HWND window, unsigned command) const {
 }
 
 void DrivenProgram::answer(HWND dialog, int button) const {
-    const std::string what = "the end of " + testing::PrintToString(text_in(dialog));
+    const std::string what = "the end of " + testing::PrintToString(win::window_text(dialog));
     PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
     wait_for(what, [&] { return !IsWindow(dialog); });

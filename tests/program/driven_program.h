@@ -37,7 +37,8 @@ class DrivenProgram {
     DWORD exit_code() const;
 
   private:
-    static constexpr std::chrono::seconds kPatience{15};
+    // Under load a file dialog of Wine stands still for several times five seconds.
+    static constexpr std::chrono::seconds kPatience{30};
 
     std::vector<HWND> windows() const;
     HWND first_window(const std::function<bool(HWND)>& wanted) const;
@@ -48,7 +49,8 @@ class DrivenProgram {
     DWORD id_ = 0;
 };
 
-/// The text of any window of any program; empty when it does not answer.
+/// The text of a control of any program, empty when it does not answer. (Captions of windows need
+/// no answer: `win::window_text`.)
 std::wstring text_in(HWND window);
 
 } // namespace kelvane::test

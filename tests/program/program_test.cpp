@@ -10,6 +10,7 @@
 #include "support/temporary_folder.h"
 #include "support/windows/modal_script.h"
 #include "support/windows/screenshot.h"
+#include "win/dialog.h"
 
 #include "ids.h"
 
@@ -120,7 +121,7 @@ class Program : public testing::TestWithParam<int> {
     HWND shown(const DrivenProgram& program, const std::string& name, int caption) const {
         const HWND dialog = program.dialog(name);
         if (caption != kSystemsCaption) {
-            EXPECT_EQ(text_in(dialog), LoadString(caption)) << name;
+            EXPECT_EQ(win::window_text(dialog), LoadString(caption)) << name;
         }
         look_at(program, dialog, name);
         return dialog;
@@ -149,7 +150,10 @@ class Program : public testing::TestWithParam<int> {
         choose_in_list(dialog, IDC_EXPORT_LAYER, 0);
         program.answer(dialog, IDOK);
         answer_file_dialog(program, "script-file" + turn, IDS_EXPORT_FILE_TITLE, script);
-        program.wait_for("the script", [&] { return fs::exists(script); });
+        // The file dialog tries out the name with an empty file; the script comes whole.
+        std::error_code missing;
+        program.wait_for("the script",
+                         [&] { return fs::file_size(script, missing) > 0 && !missing; });
     }
     void answer_file_dialog(const DrivenProgram& program, const std::string& name, int caption,
                             const fs::path& file) const {

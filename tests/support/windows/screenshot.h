@@ -7,6 +7,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <string>
 
@@ -25,12 +26,14 @@ inline cDIBSection picture_of_window(HWND window) {
     return picture;
 }
 
-/// Colours across, light and dark upwards.
+/// Red to the right, blue upwards, and green hills.
 inline cDIBSection colourful_picture(int width, int height) {
     cDIBSection picture = black_picture(width, height);
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x) {
-            const int colour[] = {255 * x / width, 255 * y / height, 255 - 255 * x / width};
+            const double hill = std::sin(x / 24.0) * std::sin(y / 24.0);
+            const int colour[] = {255 * y / height, static_cast<int>(128 + 127 * hill),
+                                  255 * x / width};
             std::copy_n(colour, 3, picture.view().pixel(x, y));
         }
     return picture;

@@ -1,0 +1,48 @@
+// Base of the dialogs that ask for one number and show at once what it does to the picture.
+#pragma once
+
+#include "dialogs/live_preview.h"
+#include "engine/image_process.h"
+#include "win/dialog.h"
+
+#include <optional>
+#include <string>
+
+namespace kelvane {
+
+/// A field and a slider, which follow each other, and a live preview. A number that is being typed
+/// and is none yet leaves slider and preview where they are.
+class SliderDialog : public win::Dialog {
+  public:
+    bool Cancelled = true;
+
+  protected:
+    struct Controls {
+        int field;
+        int slider;
+        int preview;
+    };
+
+    SliderDialog(int template_id, const Controls& controls, const cDIBSection& picture);
+
+    /// The slider's position for the number in the field; nothing when there is none.
+    virtual std::optional<int> typed_position() const = 0;
+    virtual std::wstring text_at(int position) const = 0;
+    /// What OK would do, on the preview; only while the field holds a number.
+    virtual void apply(cDIBSection& picture) = 0;
+
+    /// From `load`, once slider and field are filled.
+    void start();
+    void follow_field();
+    void density_changed() override;
+    void on_command(int control, int notification) override;
+    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+
+    cImageProcessDIB engine_;
+
+  private:
+    Controls controls_;
+    LivePreview preview_;
+};
+
+} // namespace kelvane
