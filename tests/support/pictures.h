@@ -72,9 +72,10 @@ inline testing::AssertionResult same_pixels(const cDIBSection& actual,
     return testing::AssertionSuccess();
 }
 
-/// Sizes at which the edges of vectors, strips and kernels fall differently.
-inline std::vector<std::pair<int, int>> odd_sizes() {
-    std::vector<std::pair<int, int>> sizes{{1, 17}, {17, 1}, {31, 13}, {67, 19}, {301, 11}};
+/// `more` and sizes at which the edges of vectors, strips and kernels fall differently.
+inline std::vector<std::pair<int, int>> odd_sizes(std::vector<std::pair<int, int>> more = {}) {
+    std::vector<std::pair<int, int>> sizes = std::move(more);
+    sizes.insert(sizes.end(), {{1, 17}, {17, 1}, {31, 13}, {67, 19}, {301, 11}});
     for (int width = 1; width <= 9; ++width)
         for (const int height : {1, 2, 5, 9})
             sizes.emplace_back(width, height);
