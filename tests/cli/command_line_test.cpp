@@ -124,8 +124,7 @@ TEST_F(CommandLine, FailuresNameFileAndCauseAndKeepTheOldScript) {
 TEST_F(CommandLine, PathsInAnyScript) {
     std::filesystem::create_directory(folder_ / utf8_path("Prüfung"));
     std::filesystem::copy(folder_ / "in.bmp", folder_ / utf8_path("Prüfung/徽标.bmp"));
-    const Outcome outcome = run({"export", path("Prüfung/徽标.bmp")});
-    EXPECT_EQ(outcome.exit_code, kExitDone) << outcome.error;
+    EXPECT_EQ(run({"export", path("Prüfung/徽标.bmp")}).exit_code, kExitDone);
     EXPECT_TRUE(std::filesystem::exists(folder_ / utf8_path("Prüfung/徽标.scr")));
     EXPECT_THAT(run({"export", path("Prüfung/標.bmp")}).error, HasSubstr(path("Prüfung/標.bmp")));
 }

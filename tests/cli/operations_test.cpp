@@ -215,14 +215,14 @@ TEST_F(Operations, SeedMakesNoiseReproducible) {
 TEST_F(Operations, OpsListsEachOnOneLine) {
     ASSERT_EQ(run_command_line({"ops"}, {out_, error_}), kExitDone);
     std::istringstream lines(out_.str());
-    std::string line;
     for (const OperationInfo& info : operations()) {
+        std::string line;
         ASSERT_TRUE(std::getline(lines, line));
         EXPECT_THAT(line, StartsWith(std::string(info.name) + std::string(info.arguments) + "  "));
         EXPECT_THAT(line, testing::EndsWith("  " + std::string(info.help)));
         EXPECT_FALSE(info.help.empty());
     }
-    EXPECT_FALSE(std::getline(lines, line));
+    EXPECT_EQ(lines.peek(), EOF);
 }
 
 } // namespace

@@ -7,10 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
-namespace kelvane {
+namespace kelvane::test {
 namespace {
-
-using namespace test;
 
 int blend(int a, int b, double weight_b) {
     return static_cast<int>(std::nearbyint((1 - weight_b) * a + weight_b * b));
@@ -89,4 +87,4 @@ TEST(Resample, SameSizeIsACopyAndHopelessSizesAreRefused) {
 }
 
 } // namespace
-} // namespace kelvane
+} // namespace kelvane::test

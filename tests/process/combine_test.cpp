@@ -4,10 +4,8 @@
 
 #include <limits>
 
-namespace kelvane {
+namespace kelvane::test {
 namespace {
-
-using namespace test;
 
 std::int32_t wrapped_sum(int s, std::int32_t from_offset, std::int32_t m, int t,
                          std::int32_t to_offset, std::int32_t n) {
@@ -84,4 +82,4 @@ TEST(Combination, ReadsALargerSourceAndReportsOnlyItsEnd) {
 }
 
 } // namespace
-} // namespace kelvane
+} // namespace kelvane::test

@@ -6,10 +6,8 @@
 #include <numeric>
 #include <random>
 
-namespace kelvane {
+namespace kelvane::test {
 namespace {
-
-using namespace test;
 
 constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
@@ -198,4 +196,4 @@ TEST(Filters, TinyPicturesStillReport) {
 }
 
 } // namespace
-} // namespace kelvane
+} // namespace kelvane::test
