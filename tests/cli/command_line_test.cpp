@@ -3,11 +3,10 @@
 #include "cli/exit_code.h"
 #include "cli/utf8_path.h"
 #include "image/bitmap_file.h"
-#include "support/drawn_picture.h"
+#include "support/pictures.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <sstream>
 

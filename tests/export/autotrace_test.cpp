@@ -1,18 +1,13 @@
 // What users must get from an export, for every picture: checked on the finished script.
 #include "export/script_reader.h"
 #include "export/vectorize.h"
-#include "support/drawn_picture.h"
+#include "support/pictures.h"
 #include "support/temporary_folder.h"
 
-#include <gtest/gtest.h>
-
-#include <cstring>
 #include <random>
 
 namespace kelvane::test {
 namespace {
-
-constexpr double kSize = 2;
 
 int components(const Cells& mask, bool with_corners) {
     Cells seen(mask.width(), mask.height());
@@ -51,10 +46,10 @@ struct Export {
         ExportOptions options;
         options.exp = autotrace;
         options.optPoly = shape;
-        options.size = kSize;
+        options.size = 2;
         report = Vectorize(picture.view(), folder / "s.scr", options);
         text = file_text(folder / "s.scr");
-        script = parse_script(text, kSize);
+        script = parse_script(text, options.size);
     }
     Cells mask;
     ExportReport report;
@@ -131,10 +126,7 @@ TEST(Autotrace, EverySmallPicture) {
     // none touches another nor stands where a run is lost.
     constexpr int kSide = 8;
     for (unsigned first = 0; first < 1u << 12 && !HasFailure(); first += kSide * kSide) {
-        cDIBSection picture;
-        ASSERT_TRUE(picture.Create(2 + kSide * 6, 2 + kSide * 5));
-        std::memset(picture.DIBSectionBitsPtr(), 255,
-                    std::size_t(picture.BytesPerScanLine()) * std::size_t(picture.Height()));
+        cDIBSection picture = flat_picture(2 + kSide * 6, 2 + kSide * 5, 255, 255, 255);
         for (int cell = 0; cell < kSide * kSide; ++cell)
             for (int i = 0; i < 12; ++i)
                 if ((first + unsigned(cell)) >> i & 1)
@@ -148,9 +140,8 @@ TEST(Autotrace, EverySmallPicture) {
 TEST(Autotrace, RandomPictures) {
     std::mt19937 random(20);
     for (int round = 0; round < 400 && !HasFailure(); ++round) {
-        cDIBSection picture;
         const int width = 1 + static_cast<int>(random() % (round % 40 == 0 ? 150 : 24));
-        ASSERT_TRUE(picture.Create(width, 1 + static_cast<int>(random() % 24)));
+        cDIBSection picture = black_picture(width, 1 + static_cast<int>(random() % 24));
         const unsigned dark_of_8 = 1 + random() % 7;
         for (int y = 0; y < picture.Height(); ++y)
             for (int x = 0; x < width; ++x)
@@ -162,8 +153,7 @@ TEST(Autotrace, RandomPictures) {
 TEST(Autotrace, LargeSpiralNeedsNoStack) {
     // One outline that winds through the whole picture.
     constexpr int kSide = 1500;
-    cDIBSection picture;
-    ASSERT_TRUE(picture.Create(kSide, kSide));
+    cDIBSection picture = black_picture(kSide, kSide);
     for (int y = 0; y < kSide; ++y)
         for (int x = 0; x < kSide; ++x) {
             const int ring = std::min({x, y, kSide - 1 - x, kSide - 1 - y});

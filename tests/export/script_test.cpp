@@ -3,10 +3,8 @@
 #include "export/vectorize.h"
 #include "image/file_error.h"
 #include "image/safe_file.h"
-#include "support/drawn_picture.h"
+#include "support/pictures.h"
 #include "support/temporary_folder.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
@@ -14,11 +12,9 @@ namespace kelvane::test {
 namespace {
 
 // The script with LF for CR LF.
-std::string script_of(const cDIBSection& picture, const ExportOptions& options,
-                      ExportReport* report = nullptr) {
+std::string script_of(const cDIBSection& picture, const ExportOptions& options) {
     const TemporaryFolder folder;
     const ExportReport made = Vectorize(picture.view(), folder / "s.scr", options);
-    if (report) *report = made;
     std::string text = file_text(folder / "s.scr");
     EXPECT_EQ(made.bytes, text.size());
     EXPECT_EQ(std::count(text.begin(), text.end(), '\r'),
@@ -60,6 +56,8 @@ TEST(Script, WholeFileOfEachKind) {
     for (options.ver = 1; options.ver <= 2; ++options.ver)
         EXPECT_EQ(script_of(empty, options), "Grid Inch;\nChange Layer  16 ;\nSet wire_style 2;\n"
                                              "Grid last;\nWindow fit;\n");
+    options.unit = 4;
+    EXPECT_TRUE(script_of(empty, options).starts_with("Grid ;\n"));
 }
 
 TEST(Script, LinewiseShapes) {
@@ -115,27 +113,20 @@ TEST(Script, WiresGoAroundHoles) {
 }
 
 TEST(Script, RangeFlagBeyondTheLimitOnly) {
-    const cDIBSection one = drawn({"#"});
-    ExportOptions options;
-    ExportReport report;
-    for (std::int16_t unit = 0; unit < 4; ++unit) {
+    const auto leaves_range = [](const cDIBSection& picture, std::int16_t unit, double size) {
+        const TemporaryFolder folder;
+        ExportOptions options;
         options.unit = unit;
-        options.size = kUnits[static_cast<std::size_t>(unit)].coordinate_limit;
-        script_of(one, options, &report);
-        EXPECT_FALSE(report.RangeOVL);
-        options.size *= 1 + 1e-9;
-        script_of(one, options, &report);
-        EXPECT_TRUE(report.RangeOVL);
+        options.size = size;
+        return Vectorize(picture.view(), folder / "s.scr", options).RangeOVL;
+    };
+    for (std::int16_t unit = 0; unit < 4; ++unit) {
+        const double limit = kUnits[static_cast<std::size_t>(unit)].coordinate_limit;
+        EXPECT_FALSE(leaves_range(drawn({"#"}), unit, limit));
+        EXPECT_TRUE(leaves_range(drawn({"#"}), unit, limit * (1 + 1e-9)));
     }
-    // Only coordinates that are written count: the white column does not.
-    options.unit = 0;
-    options.size = 33026;
-    script_of(drawn({"#.."}), options, &report);
-    EXPECT_FALSE(report.RangeOVL);
-    options.unit = 4;
-    options.size = 1e6;
-    EXPECT_EQ(script_of(one, options, &report).substr(0, 6), "Grid ;");
-    EXPECT_FALSE(report.RangeOVL);
+    EXPECT_FALSE(leaves_range(drawn({"#.."}), 0, 33026)) << "the white columns are not written";
+    EXPECT_FALSE(leaves_range(drawn({"#"}), 4, 1e6)) << "no unit, no limit";
 }
 
 TEST(Script, FailureLeavesTheOldFile) {

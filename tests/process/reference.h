@@ -17,23 +17,6 @@ inline std::uint8_t clamped(std::int64_t value) {
     return static_cast<std::uint8_t>(std::clamp<std::int64_t>(value, 0, 255));
 }
 
-inline cDIBSection convolved(const cDIBSection& picture, const FilterKernel& kernel) {
-    cDIBSection result = picture.Copy();
-    const int h = kernel.half();
-    for (int x = 3 * h; x <= 3 * picture.Width() - 3 * h - 3; x += 3)
-        for (int y = h; y < picture.Height() - h; ++y)
-            for (int channel = 0; channel < 3; ++channel) {
-                std::int64_t sum = 0;
-                for (int i = -h; i <= h; ++i)
-                    for (int j = -h; j <= h; ++j)
-                        sum += std::int64_t{picture.view().row(y + j)[x + 3 * i + channel]} *
-                               kernel.cell(i, j);
-                const std::int64_t wrapped = static_cast<std::int32_t>(sum);
-                result.view().row(y)[x + channel] = clamped(wrapped / kernel.weight());
-            }
-    return result;
-}
-
 using Bgr = std::array<int, 3>;
 
 /// The picture with every pixel the clamped rule(x, y), of type Bgr; the rule meets pictures only
@@ -53,6 +36,19 @@ template <typename Rule> cDIBSection each_pixel(const cDIBSection& picture, Rule
 template <typename Rule> cDIBSection each_channel(const cDIBSection& picture, Rule rule) {
     return each_pixel(picture, [&](int x, int y) {
         return Bgr{rule(x, y, 0u), rule(x, y, 1u), rule(x, y, 2u)};
+    });
+}
+
+inline cDIBSection convolved(const cDIBSection& picture, const FilterKernel& kernel) {
+    const int h = kernel.half();
+    return each_channel(picture, [&](int x, int y, std::size_t c) -> int {
+        if (x < h || y < h || x >= picture.Width() - h || y >= picture.Height() - h)
+            return picture.view().pixel(x, y)[c];
+        std::int64_t sum = 0;
+        for (int i = -h; i <= h; ++i)
+            for (int j = -h; j <= h; ++j)
+                sum += std::int64_t{picture.view().pixel(x + i, y + j)[c]} * kernel.cell(i, j);
+        return clamped(std::int64_t{static_cast<std::int32_t>(sum)} / kernel.weight()); // wraps
     });
 }
 
