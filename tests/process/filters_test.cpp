@@ -61,7 +61,6 @@ TEST(Convolution, ExtremeSumsAndWidths) {
     FilterKernel kernel(1, -1);
     kernel.set_cell(0, 0, kLeast);
     expect_convolution(kernel, 40, 3);
-    EXPECT_EQ(pixel_at(convolved(flat_picture(1, 1, 1, 2, 3), kernel), 0, 0), (Bgr{255, 0, 255}));
     expect_convolution(FilterKernel(3, 1), 20, 5); // all cells zero
     // Wider than one stretch, for both ways of walking.
     expect_convolution(predefined_kernel(kSoftenMore), 2100, 7);
@@ -122,9 +121,6 @@ TEST(Convolution, PredefinedWeightsAndCentres) {
     }
     EXPECT_EQ(predefined_kernel(kSoftenMore).cell(-1, 1), 2);
     EXPECT_EQ(predefined_kernel(kSharpenMore).cell(1, 1), 0);
-    // Flat grey of 100 stays: (15 x 100 - 8 x 100) / 7.
-    const cDIBSection grey = flat_picture(5, 5, 100, 100, 100);
-    EXPECT_TRUE(same_pixels(convolved(grey, predefined_kernel(kSharpen)), grey));
 }
 
 cDIBSection ranked(const cDIBSection& picture, Rank rank) {
@@ -167,9 +163,6 @@ TEST(Filters, AgainstTheReferences) {
             emboss(image, buffer, predefined_kernel(kEmboss));
         });
     }
-    const cDIBSection flat = embossed(flat_picture(4, 4, 10, 20, 30));
-    EXPECT_EQ(pixel_at(flat, 1, 1), (Bgr{127, 127, 127}));
-    EXPECT_EQ(pixel_at(flat, 0, 0), (Bgr{137, 147, 157}));
 }
 
 TEST(Filters, ReportEveryColumnInAscendingOrder) {
