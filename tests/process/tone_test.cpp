@@ -13,15 +13,6 @@ namespace {
 // One pixel's new colour, the slow obvious way.
 using PixelRule = std::function<Bgr(const Bgr&)>;
 
-cDIBSection by_rule(const cDIBSection& from, const PixelRule& rule) {
-    return each_pixel(from, [&](int x, int y) { return rule(pixel_at(from, x, y)); });
-}
-
-Bgr grey_rule(const Bgr& c) {
-    const int v = static_cast<int>(std::nearbyint((222 * c[2] + 707 * c[1] + 71 * c[0]) / 1000.0));
-    return {v, v, v};
-}
-
 PixelRule hls_rule(const std::function<void(mHLSRGB::Hls&)>& change) {
     return [change](const Bgr& c) {
         mHLSRGB::Hls hls = mHLSRGB::RGBToHLS(c[2], c[1], c[0]);
@@ -39,7 +30,11 @@ struct ToneCase {
 
 std::vector<ToneCase> tone_cases() {
     std::vector<ToneCase> cases{
-        {"grey", GrayScale, grey_rule},
+        {"grey", GrayScale,
+         [](const Bgr& c) {
+             const double v = std::nearbyint((222 * c[2] + 707 * c[1] + 71 * c[0]) / 1000.0);
+             return Bgr{int(v), int(v), int(v)};
+         }},
         {"fade", [](ImageView v, ProgressObserver* o) { Fade(v, 128, o); },
          [](const Bgr& c) {
              return Bgr{c[0] * 128 / 255, c[1] * 128 / 255, c[2] * 128 / 255};
@@ -63,7 +58,9 @@ std::vector<ToneCase> tone_cases() {
 
 void expect_rule(const ToneCase& tone, const cDIBSection& picture) {
     SCOPED_TRACE(tone.name);
-    expect_at_every_level(picture, by_rule(picture, tone.rule),
+    const cDIBSection expected =
+        each_pixel(picture, [&](int x, int y) { return tone.rule(pixel_at(picture, x, y)); });
+    expect_at_every_level(picture, expected,
                           [&](ImageView image, ImageView) { tone.run(image, nullptr); });
 }
 
