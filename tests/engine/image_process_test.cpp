@@ -93,6 +93,10 @@ TEST(Engine, RefusesWhatItCannotRun) {
     engine.set_FilterType(kReserved);
     EXPECT_FALSE(engine.ProcessImage(image, buffer));
     EXPECT_TRUE(same_pixels(image, original));
+    // A picture smaller than the kernel is left alone, and that counts as done.
+    cDIBSection tiny = black_picture(2, 2), tiny_buffer = black_picture(2, 2);
+    engine.set_FilterType(kSoftenMore);
+    EXPECT_TRUE(engine.ProcessImage(tiny, tiny_buffer));
 }
 
 TEST(Engine, EmphasizesInTwoPasses) {
