@@ -201,7 +201,10 @@ TEST_F(Operations, ApplyRunsFromLeftToRightAndSavesEveryPixel) {
     for (const char* operation : {"sharpen", "resample:30x7", "darken:200", "median"})
         parse_operation(operation)(expected, engine);
     EXPECT_TRUE(same_pixels(read_picture(folder_ / "out.bmp"), expected));
+    // Rows end at multiples of four bytes.
     EXPECT_EQ(file_text(folder_ / "out.bmp").size(), 54u + 7 * 92);
+    ASSERT_EQ(apply("out.bmp", {"resample:4x2"}), kExitDone) << error_.str();
+    EXPECT_EQ(file_text(folder_ / "out.bmp").size(), 54u + 2 * 12);
 }
 
 TEST_F(Operations, SeedMakesNoiseReproducible) {
