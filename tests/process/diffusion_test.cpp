@@ -91,14 +91,16 @@ void expect_diffusion(Operation run, Reference reference) {
 TEST(Diffusion, IsTheSlowWayColumnByColumn) {
     expect_diffusion([](ImageView image, ImageView buffer) { Steinberg(image, buffer); },
                      slow_steinberg);
-    const cPalette black({{0, 0, 0}}); // as far from white as can be
-    for (const cPalette& palette : {black, random_palette(1, 4), random_palette(2, 4),
+    const cPalette white({{255, 255, 255}}); // as far from black as can be
+    for (const cPalette& palette : {white, random_palette(1, 4), random_palette(2, 4),
                                     random_palette(16, 4), random_palette(300, 4)}) {
         SCOPED_TRACE(palette.Count());
         expect_diffusion(
             [&](ImageView image, ImageView buffer) { ApplyPalette(image, buffer, palette); },
             [&](cDIBSection image) { return slow_palette(std::move(image), palette); });
     }
+    cDIBSection image = black_picture(3, 3), buffer = black_picture(3, 3);
+    EXPECT_THROW(ApplyPalette(image.view(), buffer.view(), {}), std::invalid_argument);
 }
 
 TEST(Diffusion, EventsOfBothOperations) {
