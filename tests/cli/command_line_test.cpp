@@ -76,9 +76,7 @@ TEST_F(CommandLine, ExportWithEveryOption) {
 }
 
 TEST_F(CommandLine, LargePicturesAreReducedUnlessToldOtherwise) {
-    cDIBSection wide;
-    ASSERT_TRUE(wide.Create(3201, 3));
-    save_bitmap(wide.view(), folder_ / "in.bmp");
+    save_bitmap(black_picture(3201, 3).view(), folder_ / "in.bmp");
     EXPECT_THAT(export_in({"--stats"}).out, StartsWith("{\"width\": 1600, \"height\": 1,"));
     EXPECT_THAT(export_in({"--stats", "--full-size"}).out,
                 StartsWith("{\"width\": 3201, \"height\": 3,"));
