@@ -121,22 +121,19 @@ TEST_F(Commands, UndoIsGreyedUntilThereIsSomethingToUndo) {
 }
 
 TEST_F(Commands, ArrangeDocumentWindows) {
-    frmImage& first = opened(black_picture(300, 200));
-    frmImage& second = opened(black_picture(300, 200), L"other.bmp");
-    const auto place = [](const frmImage& form) {
-        RECT rectangle{};
-        GetWindowRect(form.window(), &rectangle);
-        return rectangle;
-    };
-    choose(kCmdTileHorizontally);
-    EXPECT_EQ(place(first).left, place(second).left);
-    EXPECT_NE(place(first).top, place(second).top);
-    choose(kCmdTileVertically);
-    EXPECT_NE(place(first).left, place(second).left);
-    EXPECT_EQ(place(first).top, place(second).top);
-    choose(kCmdCascade);
-    EXPECT_NE(place(first).left, place(second).left);
-    EXPECT_NE(place(first).top, place(second).top);
+    const HWND first = opened(black_picture(300, 200)).window();
+    const HWND second = opened(black_picture(300, 200), L"other.bmp").window();
+    const std::tuple<unsigned, bool, bool> kCases[] = {{kCmdTileHorizontally, false, true},
+                                                       {kCmdTileVertically, true, false},
+                                                       {kCmdCascade, true, true}};
+    for (const auto& [command, beside, below] : kCases) {
+        choose(command);
+        RECT one{}, other{};
+        GetWindowRect(first, &one);
+        GetWindowRect(second, &other);
+        EXPECT_EQ(one.left != other.left, beside) << command;
+        EXPECT_EQ(one.top != other.top, below) << command;
+    }
 }
 
 } // namespace

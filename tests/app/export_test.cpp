@@ -1,37 +1,32 @@
 // From a picture file to the script, and the other commands with dialogs.
 #include "app_test.h"
 
-#include "ids.h"
+#include "dialogs/reduction_preview.h"
 
-#include <commctrl.h>
+#include "ids.h"
 
 namespace kelvane::test {
 namespace {
 
-class Export : public AppTest {
-  protected:
-    static void choose_button(HWND dialog, int button) {
-        SendDlgItemMessageW(dialog, button, BM_CLICK, 0, 0);
-    }
-    void expect_export(ModalScript::Step fill, const wchar_t* script_name) {
-        script.expect_dialog(std::move(fill));
-        script.expect_file_dialog(path(script_name));
-    }
-};
+using Export = AppTest;
 
 TEST_F(Export, OutOfRangeScriptIsDeletedOnlyWhenTicked) {
     const cDIBSection picture = random_picture(4, 4, 3);
     const frmImage& form = opened(picture);
-    for (const bool tick : {false, true}) {
-        expect_export([](HWND dialog) { type_text(dialog, IDC_EXPORT_SIZE, L"100000"); },
-                      L"far.scr");
-        if (tick) script.expect_message(IDYES); // overwrite
-        script.expect_dialog([&](HWND dialog) {
-            EXPECT_TRUE(exists(folder / "far.scr"));
-            CheckDlgButton(dialog, IDC_RANGE_DELETE, tick ? BST_CHECKED : BST_UNCHECKED);
-        });
+    const std::tuple<UINT, int, bool> kCases[] = {
+        {BST_UNCHECKED, IDOK, true}, {BST_CHECKED, IDCANCEL, true}, {BST_CHECKED, IDOK, false}};
+    for (const auto& [tick, button, stays] : kCases) {
+        script.expect_dialog([](HWND dialog) { type_text(dialog, IDC_EXPORT_SIZE, L"100000"); });
+        script.expect_file_dialog(path(L"far.scr"));
+        if (exists(folder / "far.scr")) script.expect_message(IDYES); // overwrite
+        script.expect_dialog(
+            [&, check = tick](HWND dialog) {
+                EXPECT_TRUE(exists(folder / "far.scr"));
+                CheckDlgButton(dialog, IDC_RANGE_DELETE, check);
+            },
+            button);
         choose(kCmdExport);
-        EXPECT_EQ(exists(folder / "far.scr"), !tick);
+        EXPECT_EQ(exists(folder / "far.scr"), stays);
         EXPECT_TRUE(same_pixels(picture_of(form), picture)); // not the reduced one
     }
 }
@@ -55,83 +50,103 @@ TEST_F(Export, CancelledDialogsChangeNothing) {
 TEST_F(Export, DialogsHandTheirValuesToTheDocument) {
     cDIBSection expected = random_picture(30, 20, 6);
     const frmImage& form = opened(expected);
-    const auto run = [&](unsigned command, ModalScript::Step fill) {
+    const auto expect_result = [&](unsigned command, ModalScript::Step fill) {
         script.expect_dialog(std::move(fill));
         choose(command);
+        EXPECT_TRUE(same_pixels(picture_of(form), expected)) << command;
     };
     cImageProcessDIB engine;
-    run(kCmdColourise, [](HWND dialog) { type_text(dialog, IDC_HUE_VALUE, L"3.5"); });
     engine.Colourise(expected, 3.5f);
-    EXPECT_TRUE(same_pixels(picture_of(form), expected));
+    expect_result(kCmdColourise, [](HWND dialog) { type_text(dialog, IDC_HUE_VALUE, L"3.5"); });
 
-    run(kCmdResample, [](HWND dialog) {
+    expected = expected.Resample(12, 15);
+    expect_result(kCmdResample, [](HWND dialog) {
         type_text(dialog, IDC_SIZE_WIDTH, L"15");
         CheckDlgButton(dialog, IDC_SIZE_KEEP_RATIO, BST_UNCHECKED);
         type_text(dialog, IDC_SIZE_HEIGHT, L"12");
     });
-    expected = expected.Resample(12, 15);
-    EXPECT_TRUE(same_pixels(picture_of(form), expected));
     EXPECT_EQ(status(2), L" 15 x 12");
 
-    run(kCmdCustomFilter, [](HWND dialog) {
-        type_text(dialog, IDC_CUSTOM_CELL + 25, L"3"); // right of the centre
-        type_text(dialog, IDC_CUSTOM_CELL + 24, L"1");
-        type_text(dialog, IDC_CUSTOM_WEIGHT, L"4");
-    });
+    cDIBSection buffer = black_picture(15, 12);
     engine.set_FilterType(kCustom);
     engine.set_FilterArraySize(3);
-    engine.set_FilterValue(0, 0, 1);
     engine.set_FilterValue(1, 0, 3);
     engine.set_FilterWeight(4);
-    cDIBSection buffer = black_picture(15, 12);
     engine.ProcessImage(expected, buffer);
-    EXPECT_TRUE(same_pixels(picture_of(form), expected));
+    expect_result(kCmdCustomFilter, [](HWND dialog) {
+        type_text(dialog, IDC_CUSTOM_CELL + 24, L"0");
+        type_text(dialog, IDC_CUSTOM_CELL + 25, L"3"); // right of the centre
+        type_text(dialog, IDC_CUSTOM_WEIGHT, L"4");
+    });
 
     write_text(folder / "two.pal", "0 0 0\r\n255 255 255\r\n");
-    run(kCmdApplyPalette,
-        [&](HWND dialog) { type_text(dialog, IDC_PALETTE_FILE, path(L"two.pal")); });
     engine.ApplyPalette(expected, buffer, cPalette({{0, 0, 0}, {255, 255, 255}}));
-    EXPECT_TRUE(same_pixels(picture_of(form), expected));
-
-    run(kCmdAddNoise, [](HWND dialog) { type_text(dialog, IDC_NOISE_AMOUNT, L"0"); });
-    EXPECT_TRUE(same_pixels(picture_of(form), expected));
+    expect_result(kCmdApplyPalette,
+                  [&](HWND dialog) { type_text(dialog, IDC_PALETTE_FILE, path(L"two.pal")); });
+    expect_result(kCmdAddNoise, [](HWND dialog) { type_text(dialog, IDC_NOISE_AMOUNT, L"0"); });
 }
 
 TEST_F(Export, ReductionDialogChoosesAmongThree) {
-    opened(random_picture(30, 20, 8));
+    const cDIBSection before = random_picture(30, 20, 8);
+    const frmImage& form = opened(before);
     const struct {
-        int button, slider, limit;
+        int button, slider;
         const wchar_t* key;
+        Reduction reduction;
     } cases[] = {
-        {IDC_REDUCE_BRIGHTNESS, IDC_REDUCE_BRIGHTNESS_LIMIT, 77, L"bwval"},
-        {IDC_REDUCE_COLOURS, IDC_REDUCE_COLOUR_LIMIT, 99, L"bwval2"},
-        {IDC_REDUCE_EDGES, IDC_REDUCE_EDGE_LIMIT, 120, L"bwval3"},
+        {IDC_REDUCE_BRIGHTNESS,
+         IDC_REDUCE_BRIGHTNESS_LIMIT,
+         L"bwval",
+         {ReductionKind::Brightness, 77, {}}},
+        {IDC_REDUCE_COLOURS,
+         IDC_REDUCE_COLOUR_LIMIT,
+         L"bwval2",
+         {ReductionKind::Colours, 99, {false, true, true}}},
+        {IDC_REDUCE_EDGES, IDC_REDUCE_EDGE_LIMIT, L"bwval3", {ReductionKind::Edges, 120, {}}},
     };
-    for (const auto& entry : cases) {
-        script.expect_dialog([&entry](HWND dialog) {
-            choose_button(dialog, entry.button);
+    for (const auto& [button, slider, key, reduction] : cases) {
+        script.expect_dialog([&](HWND dialog) {
+            click(dialog, button);
             CheckDlgButton(dialog, IDC_REDUCE_GREEN, BST_CHECKED);
-            SendDlgItemMessageW(dialog, entry.slider, TBM_SETPOS, TRUE, entry.limit);
-            SendMessageW(dialog, WM_HSCROLL, TB_THUMBTRACK,
-                         reinterpret_cast<LPARAM>(GetDlgItem(dialog, entry.slider)));
+            CheckDlgButton(dialog, IDC_REDUCE_BLUE, BST_CHECKED);
+            slide(dialog, slider, reduction.limit);
         });
         choose(kCmdReduce);
-        EXPECT_EQ(setting(L"imageexport", entry.key), std::to_wstring(entry.limit));
+        cDIBSection expected = before.Copy();
+        reduce_picture(expected, reduction);
+        for (int x = 1; x < 30; ++x) // what edges leave in the first column is no part of them
+            ASSERT_EQ(pixel_at(picture_of(form), x, 10), pixel_at(expected, x, 10))
+                << button << " at " << x;
+        EXPECT_EQ(setting(L"imageexport", key), std::to_wstring(reduction.limit));
+        choose(kCmdUndo);
     }
-    EXPECT_EQ(setting(L"imageexport", L"bwr") + setting(L"imageexport", L"bwg"), L"01");
+    for (const auto& [key, stored] : {std::pair(L"bwr", L"0"), {L"bwg", L"1"}, {L"bbb", L"1"}})
+        EXPECT_EQ(setting(L"imageexport", key), stored);
 }
 
 TEST_F(Export, CombinationIsANewDocument) {
-    opened(flat_picture(4, 3, 10, 20, 30), L"1.bmp");
-    opened(flat_picture(4, 3, 1, 2, 3), L"2.bmp");
-    script.expect_dialog([](HWND dialog) { // by default the plain sum of the first two
-        type_text(dialog, IDC_COMBINE_MULTIPLIER_2, L"2");
-    });
-    choose(kCmdCombine);
-    ASSERT_EQ(main.forms().size(), 3u);
-    EXPECT_TRUE(same_pixels(picture_of(*main.forms()[2]), flat_picture(4, 3, 12, 24, 36)));
+    opened(flat_picture(4, 4, 10, 20, 30), L"1.bmp");
+    opened(flat_picture(8, 2, 100, 50, 5), L"2.bmp"); // becomes as large as the first
+    const struct {
+        int button;
+        std::array<int, 3> colour;
+    } cases[] = {{IDC_COMBINE_ADD, {122, 92, 67}},
+                 {IDC_COMBINE_ADD + 1, {10, 20, 30}},
+                 {IDC_COMBINE_ADD + 2, {100, 50, 5}}};
+    for (const auto& [button, colour] : cases) {
+        script.expect_dialog([&](HWND dialog) {
+            type_text(dialog, IDC_COMBINE_MULTIPLIER_1, L"2");
+            type_text(dialog, IDC_COMBINE_OFFSET_1, L"1");
+            click(dialog, button);
+        });
+        choose(kCmdCombine);
+        const auto& [blue, green, red] = colour;
+        EXPECT_TRUE(
+            same_pixels(picture_of(*main.forms().back()), flat_picture(4, 4, blue, green, red)));
+    }
+    ASSERT_EQ(main.forms().size(), 5u);
     EXPECT_EQ(caption(*main.forms()[2]), L"Image: Image 1");
-    EXPECT_EQ(status(1), L" Image 1");
+    EXPECT_EQ(status(1), L" Image 3");
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iostream>
 
 namespace kelvane::test {
 namespace {
@@ -44,19 +43,14 @@ unsigned user_objects() {
 
 class Handles : public AppTest {
   protected:
-    // Without the clipboard: it belongs to the whole desktop, and so do its handles.
-    void round(const std::wstring& file) {
-        main.open_file(file);
-        choose(kCmdSoften);
-        choose(kCmdResample);
-        choose(kCmdUndo);
-        choose(kCmdClose);
-    }
     void rounds(int count, const std::wstring& file) {
         for (int i = 0; i < count; ++i) {
             script.expect_dialog([](HWND) {}, IDCANCEL); // the size dialog
             script.expect_message(IDNO);
-            round(file);
+            main.open_file(file);
+            // Without the clipboard: it belongs to the whole desktop, and so do its handles.
+            for (const unsigned command : {kCmdSoften, kCmdResample, kCmdUndo, kCmdClose})
+                choose(command);
         }
     }
 };
@@ -74,8 +68,6 @@ TEST_F(Handles, DoNotGrowOver200Rounds) {
     EXPECT_TRUE(main.forms().empty());
     EXPECT_LE(gdi_objects(), gdi + 4);
     EXPECT_LE(user_objects(), user + 16);
-    std::cout << "GDI " << gdi << " -> " << gdi_objects() << ", USER " << user << " -> "
-              << user_objects() << '\n';
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 #include "ids.h"
 
 #include <commctrl.h>
-#include <gmock/gmock.h>
 
 namespace kelvane::test {
 namespace {
@@ -112,12 +111,6 @@ TEST_F(ImageWindow, WarnsOfScreensWithFewColours) {
     main.check_colour_depth(8);
     EXPECT_EQ(script.messages().back(),
               LoadString(IDS_COLOUR_DEPTH) + L"\r\n\r\n" + LoadString(IDS_COLOUR_DEPTH_RESTART));
-}
-
-TEST_F(ImageWindow, MissingHelpFileIsNamed) {
-    script.expect_message(IDOK);
-    choose(kCmdHelp);
-    EXPECT_THAT(script.messages().back(), testing::EndsWith(L"\\EAGLE_Kelvane.chm"));
 }
 
 } // namespace

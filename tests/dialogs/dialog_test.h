@@ -53,24 +53,12 @@ struct DialogTest : testing::Test {
     }
 };
 
-inline void click(HWND dialog, int button) {
-    SendDlgItemMessageW(dialog, button, BM_CLICK, 0, 0);
-}
-
 inline bool is_checked(HWND dialog, int button) {
     return IsDlgButtonChecked(dialog, button) == BST_CHECKED;
 }
 
 inline bool is_visible(HWND dialog, int control) {
     return IsWindowVisible(GetDlgItem(dialog, control));
-}
-
-/// Moves a slider as the mouse does.
-inline void slide(HWND dialog, int slider, int position) {
-    const HWND control = GetDlgItem(dialog, slider);
-    SendMessageW(control, TBM_SETPOS, TRUE, position);
-    SendMessageW(dialog, WM_HSCROLL, MAKEWPARAM(TB_THUMBTRACK, position),
-                 reinterpret_cast<LPARAM>(control));
 }
 
 inline LRESULT position_of(HWND dialog, int slider) {

@@ -1,6 +1,5 @@
 #include "dialogs/dialog_test.h"
 #include "dialogs/frmExport.h"
-#include "dialogs/frmMsg3.h"
 
 #include "engine/image_process.h"
 
@@ -22,17 +21,22 @@ struct ExportDialogTest : DialogTest {
     }
 };
 
-TEST_F(ExportDialogTest, EmptySettingsGiveTheDesignedChoices) {
-    show(dialog, IDOK, [](HWND window) {
-        EXPECT_EQ(text_of(window, IDC_EXPORT_LAYER), L"20 Dimension (B)");
-        EXPECT_EQ(text_of(window, IDC_EXPORT_SIZE), L"1");
-        EXPECT_EQ(text_of(window, IDC_EXPORT_UNIT), L"mil");
-        EXPECT_EQ(text_of(window, IDC_EXPORT_VERSION), L"4.xx/5.xx");
-        for (const int id : {IDC_EXPORT_FULL, IDC_EXPORT_FULL_POLYGON, IDC_EXPORT_LINEWISE_POLYGON})
-            EXPECT_TRUE(is_checked(window, id)) << id;
-    });
-    EXPECT_EQ(chosen(dialog), std::tuple(true, kShapePolygon, 20, 1.0, 0, 0));
-    expect_stored({{L"exp1", L"-1"}, {L"poly1", L"-1"}, {L"poly2", L"0"}});
+TEST_F(ExportDialogTest, MissingAndOddSettingsGiveTheDesignedChoices) {
+    for (const char* odd : {"", "layer=256\r\nunit=-1\r\nversion=x\r\npoly2=7\r\n"}) {
+        const std::string before = std::string("[imageexport]\r\n") + odd;
+        scratch.put(before);
+        show(dialog, IDCANCEL);
+        EXPECT_EQ(scratch.bytes(), before);
+        show(dialog, IDOK, [](HWND window) {
+            EXPECT_EQ(text_of(window, IDC_EXPORT_LAYER), L"20 Dimension (B)");
+            EXPECT_EQ(text_of(window, IDC_EXPORT_SIZE), L"1");
+            EXPECT_EQ(text_of(window, IDC_EXPORT_UNIT), L"mil");
+            EXPECT_EQ(text_of(window, IDC_EXPORT_VERSION), L"4.xx/5.xx");
+            EXPECT_TRUE(is_checked(window, IDC_EXPORT_FULL_POLYGON));
+        });
+        EXPECT_EQ(chosen(dialog), std::tuple(true, kShapePolygon, 20, 1.0, 0, 0));
+        expect_stored({{L"exp1", L"-1"}, {L"poly1", L"-1"}, {L"poly2", L"0"}});
+    }
 }
 
 TEST_F(ExportDialogTest, ChoicesAreStoredAndComeBack) {
@@ -62,17 +66,6 @@ TEST_F(ExportDialogTest, ChoicesAreStoredAndComeBack) {
     EXPECT_EQ(stored(L"poly2"), L"2");
 }
 
-TEST_F(ExportDialogTest, OddSettingsReadAsMissingAndOnlyOkWrites) {
-    scratch.put("[imageexport]\r\nlayer=256\r\nunit=-1\r\nversion=x\r\npoly2=7\r\n");
-    const std::string before = scratch.bytes();
-    const auto fill = [](HWND window) { type_text(window, IDC_EXPORT_SIZE, L"0,5"); };
-    show(dialog, IDCANCEL, fill);
-    EXPECT_EQ(scratch.bytes(), before);
-    show(dialog, IDOK, fill);
-    EXPECT_EQ(chosen(dialog), std::tuple(true, kShapePolygon, 20, 0.0, 0, 0));
-    EXPECT_EQ(stored(L"poly2"), L"0");
-}
-
 TEST(LayerList, HasAllLayersAndTheShift) {
     const std::vector<std::wstring> labels = layer_labels();
     ASSERT_EQ(labels.size(), 255u);
@@ -96,17 +89,6 @@ TEST_F(ExportDialogTest, PreviewIsTheReducedPictureScaledAndPainted) {
         }
     });
     EXPECT_TRUE(same_pixels(dialog.preview(), expected));
-}
-
-TEST_F(ExportDialogTest, OnlyTheTickAndTheButtonDeleteTheScript) {
-    const auto tick = [](HWND window) { click(window, IDC_RANGE_DELETE); };
-    frmMsg3 warning;
-    show(warning, IDOK, tick);
-    EXPECT_TRUE(warning.DeleteScript);
-    show(warning, IDOK);
-    EXPECT_FALSE(warning.DeleteScript);
-    show(warning, IDCANCEL, tick);
-    EXPECT_FALSE(warning.DeleteScript);
 }
 
 } // namespace

@@ -25,15 +25,9 @@
 namespace kelvane::test {
 namespace {
 
-struct Room {
-    LONG width;
-    LONG height;
-};
-
-std::wstring class_of(HWND window) {
-    wchar_t name[64];
-    GetClassNameW(window, name, std::size(name));
-    return name;
+bool is_group(HWND control) {
+    return class_of(control) == L"Button" &&
+           (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
 }
 
 bool is_picture(HWND control) {
@@ -42,7 +36,7 @@ bool is_picture(HWND control) {
 }
 
 // What remains of a control beside its box, its frame and its margins.
-Room room_of(HWND control) {
+SIZE room_of(HWND control) {
     RECT area{};
     GetClientRect(control, &area);
     if (class_of(control) == L"Static") return {area.right, area.bottom};
@@ -56,7 +50,7 @@ Room room_of(HWND control) {
     }
 }
 
-Room needed_by(HWND control, const std::wstring& text, LONG width) {
+SIZE needed_by(HWND control, const std::wstring& text, LONG width) {
     const win::WindowContext context(control);
     const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
     const win::Selected selected(context.get(), font);
@@ -74,29 +68,19 @@ RECT place_of(HWND control) {
     return place;
 }
 
-bool is_group(HWND control) {
-    return class_of(control) == L"Button" &&
-           (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
-}
-
-void expect_apart(HWND control) {
-    for (HWND other = control; (other = GetWindow(other, GW_HWNDNEXT)) != nullptr;) {
-        if (!IsWindowVisible(other) || is_group(control) || is_group(other)) continue;
-        const RECT place = place_of(control);
-        const RECT neighbour = place_of(other);
-        RECT common{};
-        EXPECT_FALSE(IntersectRect(&common, &place, &neighbour))
-            << "controls " << GetDlgCtrlID(control) << " and " << GetDlgCtrlID(other);
-    }
-}
-
-void expect_inside(HWND dialog, HWND control) {
-    RECT area{};
+void expect_inside_and_apart(HWND dialog, HWND control) {
+    RECT area{}, common{};
     GetClientRect(dialog, &area);
     const RECT place = place_of(control);
     EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= area.right &&
                 place.bottom <= area.bottom)
         << "control " << GetDlgCtrlID(control) << " reaches over the border";
+    for (HWND other = control; (other = GetWindow(other, GW_HWNDNEXT)) != nullptr;) {
+        if (!IsWindowVisible(other) || is_group(control) || is_group(other)) continue;
+        const RECT neighbour = place_of(other);
+        EXPECT_FALSE(IntersectRect(&common, &place, &neighbour))
+            << "controls " << GetDlgCtrlID(control) << " and " << GetDlgCtrlID(other);
+    }
 }
 
 // Each visible control stays inside the dialog's border and apart from the others, and no caption
@@ -107,17 +91,16 @@ void expect_captions_fit(HWND dialog) {
     for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
          control = GetWindow(control, GW_HWNDNEXT)) {
         if (!IsWindowVisible(control)) continue;
-        expect_inside(dialog, control);
-        expect_apart(control);
+        expect_inside_and_apart(dialog, control);
         const std::wstring kind = class_of(control);
         if ((kind != L"Button" && kind != L"Static") || is_picture(control)) continue;
         const std::wstring text = win::window_text(control);
         EXPECT_FALSE(text.empty()) << "control " << GetDlgCtrlID(control) << " is empty";
-        const Room room = room_of(control);
-        const Room needed = needed_by(control, text, room.width);
-        EXPECT_TRUE(needed.width <= room.width && needed.height <= room.height)
-            << testing::PrintToString(text) << " needs " << needed.width << " x " << needed.height
-            << ", has " << room.width << " x " << room.height;
+        const SIZE room = room_of(control);
+        const SIZE needed = needed_by(control, text, room.cx);
+        EXPECT_TRUE(needed.cx <= room.cx && needed.cy <= room.cy)
+            << testing::PrintToString(text) << " needs " << needed.cx << " x " << needed.cy
+            << ", has " << room.cx << " x " << room.cy;
     }
 }
 

@@ -74,33 +74,24 @@ int colour_changes(HWND window, const cDIBSection& picture) {
     return changes;
 }
 
-// Holds the program and the pictures. Not a folder with a number in its name: windows that people
-// look at show the path.
-struct ProgramFolder {
-    ProgramFolder() {
-        remove(); // what an interrupted run left behind
-        fs::create_directories(path);
-    }
-    ~ProgramFolder() { remove(); }
-    void remove() const {
-        std::error_code ignored;
-        fs::remove_all(path, ignored);
-    }
-    const fs::path path = fs::path(_wgetenv(L"PUBLIC")) / L"Kelvane";
-};
-
 class Program : public testing::TestWithParam<int> {
   protected:
     Program() {
+        fs::remove_all(folder); // what an interrupted run left behind
+        fs::create_directories(folder);
         set_language_offset(GetParam());
         write_setting(settings, settings::kLanguage, GetParam());
         const fs::path built = KELVANE_PROGRAM;
         fs::copy_file(built, program_file);
-        fs::copy_file(built.parent_path() / kPalette, folder.path / kPalette);
+        fs::copy_file(built.parent_path() / kPalette, folder / kPalette);
         fs::copy_file(fs::path(KELVANE_SAMPLES) / "logo.png", logo);
         save_bitmap(colourful_picture(320, 240).view(), colours);
     }
-    ~Program() override { set_language_offset(kEnglishOffset); }
+    ~Program() override {
+        set_language_offset(kEnglishOffset);
+        std::error_code ignored;
+        fs::remove_all(folder, ignored);
+    }
 
     // Takes the picture of a window once it has painted all and stays as it is.
     void look_at(const DrivenProgram& program, HWND window, const std::string& name) const {
@@ -143,8 +134,8 @@ class Program : public testing::TestWithParam<int> {
                        const fs::path& script, const std::string& turn = "") const {
         PostMessageW(main, WM_COMMAND, kCmdExport, 0);
         const HWND dialog = shown(program, "export" + turn, IDS_EXPORT_TITLE);
-        SendDlgItemMessageW(dialog, IDC_EXPORT_FULL, BM_CLICK, 0, 0);
-        SendDlgItemMessageW(dialog, IDC_EXPORT_FULL_POLYGON, BM_CLICK, 0, 0);
+        click(dialog, IDC_EXPORT_FULL);
+        click(dialog, IDC_EXPORT_FULL_POLYGON);
         type_text(dialog, IDC_EXPORT_SIZE, size);
         choose_in_list(dialog, IDC_EXPORT_UNIT, 3);
         choose_in_list(dialog, IDC_EXPORT_LAYER, 0);
@@ -163,7 +154,7 @@ class Program : public testing::TestWithParam<int> {
     }
     // What the command line makes of the same wishes.
     std::string script_of_command_line() const {
-        const fs::path script = folder.path / "command line.scr";
+        const fs::path script = folder / "command line.scr";
         const std::wstring line = quoted_argument(fs::path(KELVANE_COMMAND_LINE).wstring()) +
                                   L" export " + quoted_argument(logo.wstring()) + L" -o " +
                                   quoted_argument(script.wstring()) +
@@ -176,12 +167,13 @@ class Program : public testing::TestWithParam<int> {
     static constexpr int kBlank = 300; // colour changes; the language dialog has 1200
     static constexpr int kStill = 3;   // looks
     static constexpr const char* kPalette = "basic-16.pal";
-    const ProgramFolder folder;
-    const SettingsFile settings{folder.path / "kelvane.ini"};
+    // Not a temporary folder with a number in its name: windows that people look at show the path.
+    const fs::path folder = fs::path(_wgetenv(L"PUBLIC")) / L"Kelvane";
+    const SettingsFile settings{folder / "kelvane.ini"};
     // Under its own name Wine would wait for a window manager.
-    const fs::path program_file = folder.path / "kelvane under test.exe";
-    const fs::path logo = folder.path / "logo.png";
-    const fs::path colours = folder.path / "colours.bmp";
+    const fs::path program_file = folder / "kelvane under test.exe";
+    const fs::path logo = folder / "logo.png";
+    const fs::path colours = folder / "colours.bmp";
 };
 
 TEST_P(Program, ShowsEveryDialogAndWritesTheCommandLinesScript) {
@@ -193,11 +185,11 @@ TEST_P(Program, ShowsEveryDialogAndWritesTheCommandLinesScript) {
     look_at_all(program, main, kLooksAtLogo);
 
     program.perform(main, kCmdSoften);
-    export_script(program, main, L"0.25", folder.path / "logo.scr");
-    const std::string script = file_text(folder.path / "logo.scr");
+    export_script(program, main, L"0.25", folder / "logo.scr");
+    const std::string script = file_text(folder / "logo.scr");
     EXPECT_GT(script.size(), 1000u);
     EXPECT_TRUE(script == script_of_command_line());
-    export_script(program, main, L"100000", folder.path / "far.scr", "-again");
+    export_script(program, main, L"100000", folder / "far.scr", "-again");
     program.answer(shown(program, "out-of-range", IDS_RANGE_TITLE), IDOK);
 
     PostMessageW(main, WM_COMMAND, kCmdOpen, 0);
@@ -211,10 +203,10 @@ TEST_P(Program, ShowsEveryDialogAndWritesTheCommandLinesScript) {
     program.answer(palette, IDCANCEL);
 
     PostMessageW(main, WM_COMMAND, kCmdExit, 0);
-    program.answer(shown(program, "save-question", kSystemsCaption), IDNO);
+    program.answer(shown(program, "save-question", IDS_PRODUCT_NAME), IDNO);
     EXPECT_EQ(program.exit_code(), 0u);
     EXPECT_EQ(read_setting(settings, settings::kUnit), 3);
-    EXPECT_EQ(read_setting(settings, settings::kSaveFolder), folder.path.wstring() + L'\\');
+    EXPECT_EQ(read_setting(settings, settings::kSaveFolder), folder.wstring() + L'\\');
 }
 
 INSTANTIATE_TEST_SUITE_P(BothLanguages, Program, testing::Values(kEnglishOffset, kGermanOffset));

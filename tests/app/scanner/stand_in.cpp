@@ -18,8 +18,4 @@ __declspec(dllexport) int WINAPI TWAIN_AcquireToFilename(HWND, const char* file)
     if (std::strcmp(what, "fail") == 0) return -4;
     return CopyFileA(what, file, FALSE) ? 0 : -2;
 }
-
-__declspec(dllexport) int WINAPI TWAIN_AcquireToClipboard(HWND, unsigned) {
-    return 0; // never used by the program, but such a library has it
-}
 }

@@ -2,6 +2,7 @@
 
 #include "win/dialog.h"
 
+#include <commctrl.h>
 #include <commdlg.h>
 #include <dlgs.h>
 #include <gtest/gtest.h>
@@ -15,9 +16,7 @@ constexpr int kMessageText = 0xFFFF; // control id of a message box's text
 ModalScript* current = nullptr;
 
 bool is_top_level_dialog(HWND window) {
-    wchar_t name[16];
-    GetClassNameW(window, name, std::size(name));
-    return std::wstring(name) == L"#32770" && (GetWindowLongW(window, GWL_STYLE) & WS_CHILD) == 0;
+    return class_of(window) == L"#32770" && (GetWindowLongW(window, GWL_STYLE) & WS_CHILD) == 0;
 }
 
 } // namespace
@@ -87,7 +86,6 @@ LRESULT CALLBACK ModalScript::procedure(HWND window, UINT message, WPARAM w, LPA
 void ModalScript::answer(HWND dialog) {
     if (!IsWindow(dialog)) return;
     ShowWindow(dialog, SW_SHOW); // the system puts that off until there are no messages left
-    titles_.push_back(win::window_text(dialog));
     if (steps_.empty()) {
         ADD_FAILURE() << "unexpected dialog";
         EndDialog(dialog, IDCANCEL);
@@ -101,6 +99,17 @@ void ModalScript::answer(HWND dialog) {
 void press(HWND dialog, int button) {
     SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
+}
+
+void click(HWND dialog, int button) {
+    SendDlgItemMessageW(dialog, button, BM_CLICK, 0, 0);
+}
+
+void slide(HWND dialog, int slider, int position) {
+    const HWND control = GetDlgItem(dialog, slider);
+    SendMessageW(control, TBM_SETPOS, TRUE, position);
+    SendMessageW(dialog, WM_HSCROLL, MAKEWPARAM(TB_THUMBTRACK, position),
+                 reinterpret_cast<LPARAM>(control));
 }
 
 void type_text(HWND dialog, int field, const std::wstring& text) {
@@ -119,6 +128,12 @@ void choose_in_list(HWND dialog, int list, int entry) {
 
 std::wstring text_of(HWND dialog, int control) {
     return win::window_text(GetDlgItem(dialog, control));
+}
+
+std::wstring class_of(HWND window) {
+    wchar_t name[64];
+    GetClassNameW(window, name, std::size(name));
+    return name;
 }
 
 } // namespace kelvane::test

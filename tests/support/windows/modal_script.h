@@ -34,8 +34,6 @@ class ModalScript {
 
     /// Texts of the message boxes so far.
     const std::vector<std::wstring>& messages() const { return messages_; }
-    /// Titles of all dialogs and message boxes so far.
-    const std::vector<std::wstring>& titles() const { return titles_; }
     bool all_done() const { return steps_.empty(); }
 
   private:
@@ -49,11 +47,14 @@ class ModalScript {
     std::set<HWND> met_;
     std::deque<Step> steps_;
     std::vector<std::wstring> messages_;
-    std::vector<std::wstring> titles_;
 };
 
 /// Presses a button of a dialog as a click does.
 void press(HWND dialog, int button);
+/// Clicks a check box or an option button.
+void click(HWND dialog, int button);
+/// Moves a slider as the mouse does.
+void slide(HWND dialog, int slider, int position);
 /// Types into a field: its text changes and its dialog is told.
 void type_text(HWND dialog, int field, const std::wstring& text);
 /// The same for the name in an open or save dialog.
@@ -61,5 +62,6 @@ void type_file_name(HWND dialog, const std::wstring& path);
 /// Picks an entry of a list, from 0, as a click does.
 void choose_in_list(HWND dialog, int list, int entry);
 std::wstring text_of(HWND dialog, int control);
+std::wstring class_of(HWND window);
 
 } // namespace kelvane::test
