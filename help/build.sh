@@ -55,9 +55,10 @@ entry() { # name page
     printf '<li><object type="text/sitemap"><param name="Name" value="%s"><param name="Local" value="%s"></object>\n' "$1" "$2"
 }
 
-# The depth of an entry is its indentation by two blanks.
-contents() { # language
+# A book for each language; below it the depth of an entry is its indentation by two blanks.
+contents() { # language name
     local line page depth=0 wanted
+    printf '<li><object type="text/sitemap"><param name="Name" value="%s"></object>\n' "$2"
     while IFS= read -r line; do
         page=${line##* }
         wanted=$(((${#line} - ${#page}) / 2 + 1))
@@ -86,7 +87,7 @@ for language in en de; do
     find "$here/$language/images" -name '*.png' -exec cp -t $language/images {} +
 done
 cp "$here/style.css" .
-{ contents en; contents de; } | site_map >kelvane.hhc
+{ echo '<ul>'; contents en English; contents de Deutsch; echo '</ul>'; } | site_map >kelvane.hhc
 { echo '<ul>'; for language in en de; do index_words $language; done | sort; echo '</ul>'; } |
     site_map >kelvane.hhk
 

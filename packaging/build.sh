@@ -1,5 +1,6 @@
 #!/bin/bash
-# Builds the packages: build.sh [FOLDER], by default build/packages, which is made anew.
+# Builds the packages: build.sh [FOLDER], by default build/packages. Packages of earlier builds in
+# FOLDER go, other files stay.
 #
 #   kelvane-VERSION-x64.zip, -x86.zip              portable: unpack and start
 #   kelvane-VERSION-x64-setup.exe, -x86-setup.exe  for one user, without administrator rights
@@ -34,6 +35,6 @@ packaging/windows.sh x86 "$work" "$packages"
 packaging/deb.sh "$work" "$packages"
 (cd "$packages" && sha256sum -- * >"$work/SHA256SUMS" && mv "$work/SHA256SUMS" .)
 
-chmod 755 "$packages"
-rm -rf "$target"
-mv "$packages" "$target"
+mkdir -p "$target"
+rm -f "$target"/kelvane-*-x{64,86}{.zip,-setup.exe} "$target"/kelvane-cli_*.deb
+mv -f "$packages"/* "$target"

@@ -2,7 +2,7 @@
 ; folder in which kelvane.ini may be written beside the program.
 ;
 ; Defined by windows.sh: WORLD (x64 or x86), VERSION, FOLDER (what to install), REMOVE (a file with
-; a Delete line for each installed file), SIZE (in KB), OUTPUT.
+; a Delete line for each installed file), SIZE (in KB), SIDE (picture of the last page), OUTPUT.
 ;
 ; Silent: setup.exe /S [/D=FOLDER]; uninstall.exe /S keeps kelvane.ini. Exit code 3: a program is
 ; in use.
@@ -35,7 +35,7 @@ VIAddVersionKey /LANG=0 LegalCopyright "The Kelvane authors"
 
 !define MUI_ICON "..\res\icon\kelvane.ico"
 !define MUI_UNICON "..\res\icon\kelvane.ico"
-!define MUI_WELCOMEFINISHPAGE_BITMAP setup-side.bmp
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${SIDE}"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\kelvane.exe"
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES

@@ -25,7 +25,8 @@ for program in src/app/kelvane.exe src/cli/kelvane-cli.exe; do
     "$triplet-strip" -o "$folder/$(basename "$program")" "$tree/$program"
 done
 add_texts
-even_out "$folder"
+cp packaging/setup-side.bmp "$work" # the setup holds its time as well
+even_out "$work"
 chmod 644 "$folder"/*
 
 # A ZIP knows neither time zones nor, without -X, users.
@@ -34,5 +35,6 @@ chmod 644 "$folder"/*
 # What the uninstaller removes: the files that were installed and nothing else.
 (cd "$folder" && find . -type f -printf 'Delete "$INSTDIR\\%P"\n' | sort) >"$work/remove.nsh"
 makensis -V2 -WX -DWORLD="$world" -DVERSION="$version" -DFOLDER="$folder" \
-    -DREMOVE="$work/remove.nsh" -DSIZE="$(du -k --apparent-size -s "$folder" | cut -f 1)" \
+    -DSIDE="$work/setup-side.bmp" -DREMOVE="$work/remove.nsh" \
+    -DSIZE="$(find "$folder" -type f -printf '%s\n' | awk '{ sum += $1 } END { print int(sum / 1024) }')" \
     -DOUTPUT="$packages/$name-setup.exe" packaging/kelvane.nsi

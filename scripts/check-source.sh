@@ -19,7 +19,7 @@ complain() {
 lines() { cat "$@" | grep -c '[^[:space:]]'; }
 code_lines=$(lines "${code[@]}")
 test_lines=$(lines "${tests[@]}")
-echo "tests: $test_lines lines to $code_lines of code ($((100 * test_lines / code_lines)) %)"
+echo "tests: $test_lines lines, $((100 * test_lines / (code_lines + test_lines))) % of all; to the $code_lines of the program $((100 * test_lines / code_lines)) %"
 
 # Which folders each folder of src may include, besides itself.
 check_layers() {

@@ -153,6 +153,7 @@ std::unique_ptr<Conversion> mfrmMain::converted(const std::wstring& file) {
         conversion->make_previews([this](long done) { status_bar_.ProgressValue(done); });
         ShowProgress(false);
     }
+    SetStatus(L"", L"#", L"#");
     return conversion;
 }
 

@@ -62,6 +62,7 @@ int run_command_line(const std::vector<std::string>& arguments, const Console& c
     app.footer(kExitCodes);
     app.set_version_flag("--version", std::string("kelvane-cli ") + KELVANE_VERSION);
     app.require_subcommand(1);
+    app.allow_windows_style_options(false); // "/pictures/logo.png" is a path on every system
     int exit_code = kExitDone;
     add_export_command(app, console, exit_code);
     add_apply_command(app, console);

@@ -20,14 +20,19 @@ constexpr std::size_t kLongestExtension = 16;
 constexpr std::size_t kLongestReport = 8000; // characters
 constexpr std::size_t kPreviewsAtOnce = 50;  // the converter holds as many in memory
 
-// The extension tells the converter the format, so it stays, unless it has anything in it that
-// no format's name has; the converter then looks at the content alone.
+// Files of the converter's own script language: they may tell it to write anywhere.
+constexpr const wchar_t* kScript = L".msl";
+
+// The extension tells the converter the format, so it stays, unless it makes a script of the file
+// or has anything in it that no format's name has; the converter then looks at the content alone.
 std::wstring harmless_extension(const std::filesystem::path& file) {
     std::wstring extension = file.extension().wstring();
     const bool harmless = extension.size() <= kLongestExtension &&
                           std::all_of(extension.begin() + !extension.empty(), extension.end(),
                                       [](wchar_t c) { return c < 128 && std::iswalnum(c); });
-    return harmless ? extension : std::wstring();
+    const bool script =
+        CompareStringOrdinal(extension.c_str(), -1, kScript, -1, TRUE) == CSTR_EQUAL;
+    return harmless && !script ? extension : std::wstring();
 }
 
 std::wstring numbered(const wchar_t* stem, std::size_t number, const wchar_t* extension) {
@@ -68,8 +73,11 @@ Conversion::Conversion(const Converter& converter, const std::filesystem::path& 
     : converter_(converter), keep_waiting_(std::move(keep_waiting)) {
     const std::wstring copy = kCopy + harmless_extension(source);
     take_copy(source, copy);
-    // Transparent parts would come out in whatever colour lies below them.
-    const std::wstring params = L"-verbose " + copy + L" -alpha remove " + kPicture + L"%03d.jpg";
+    // Transparent parts would come out in whatever colour lies below them; and what is usual for
+    // photographs blurs the edges of lettering.
+    const std::wstring params = L"-verbose " + copy +
+                                L" -alpha remove -quality 100 -sampling-factor 1x1 " + kPicture +
+                                L"%03d.jpg";
     std::wstring output = run(params);
     find_images(output);
     if (images_.empty() && converter_.does_everything()) {

@@ -93,22 +93,24 @@ TEST_F(ByImageMagick, OneOfSeveralImagesIsChosen) {
     EXPECT_EQ(main.forms().size(), 1u);
 }
 
+mfrmMain* window = nullptr;
+std::vector<std::wstring> seen; // in the status line
+
+// Runs while the converter hangs, because the windows' messages are handled.
+void CALLBACK look(HWND, UINT, UINT_PTR, DWORD) {
+    seen.push_back(window->status_bar().text(0));
+    if (!seen.back().ends_with(L": a.hang")) return;
+    SendMessageW(window->window(), WM_COMMAND, kCmdPaste, 0);
+    seen.push_back(window->status_bar().text(0));
+    PostMessageW(window->window(), WM_KEYDOWN, VK_ESCAPE, 0);
+}
+
 TEST_F(ByImageMagick, HangingConverterEndsWithEsc) {
     configure(std::filesystem::absolute(KELVANE_CONVERT_CHILD).wstring());
     SetEnvironmentVariableW(L"KELVANE_CHILD_LOG", path(L"log").c_str());
     expect_choice_of("transparent.webp", L"a.hang");
     script.expect_dialog([](HWND) {}); // the warning
-    static mfrmMain* window;
-    static std::vector<std::wstring> seen;
     window = &main;
-    // Runs while the converter hangs, because the windows' messages are handled.
-    const auto look = [](HWND, UINT, UINT_PTR, DWORD) {
-        seen.push_back(window->status_bar().text(0));
-        if (!seen.back().ends_with(L": a.hang")) return;
-        SendMessageW(window->window(), WM_COMMAND, kCmdPaste, 0);
-        seen.push_back(window->status_bar().text(0));
-        PostMessageW(window->window(), WM_KEYDOWN, VK_ESCAPE, 0);
-    };
     const UINT_PTR timer = SetTimer(nullptr, 0, 50, look);
     choose(kCmdOpenByImageMagick);
     KillTimer(nullptr, timer);

@@ -3,11 +3,10 @@
 #include "cli/exit_code.h"
 #include "cli/utf8_path.h"
 #include "image/bitmap_file.h"
-#include "support/drawn_picture.h"
+#include "support/pictures.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <sstream>
 
@@ -77,9 +76,7 @@ TEST_F(CommandLine, ExportWithEveryOption) {
 }
 
 TEST_F(CommandLine, LargePicturesAreReducedUnlessToldOtherwise) {
-    cDIBSection wide;
-    ASSERT_TRUE(wide.Create(3201, 3));
-    save_bitmap(wide.view(), folder_ / "in.bmp");
+    save_bitmap(black_picture(3201, 3).view(), folder_ / "in.bmp");
     EXPECT_THAT(export_in({"--stats"}).out, StartsWith("{\"width\": 1600, \"height\": 1,"));
     EXPECT_THAT(export_in({"--stats", "--full-size"}).out,
                 StartsWith("{\"width\": 3201, \"height\": 3,"));
@@ -124,8 +121,7 @@ TEST_F(CommandLine, FailuresNameFileAndCauseAndKeepTheOldScript) {
 TEST_F(CommandLine, PathsInAnyScript) {
     std::filesystem::create_directory(folder_ / utf8_path("Prüfung"));
     std::filesystem::copy(folder_ / "in.bmp", folder_ / utf8_path("Prüfung/徽标.bmp"));
-    const Outcome outcome = run({"export", path("Prüfung/徽标.bmp")});
-    EXPECT_EQ(outcome.exit_code, kExitDone) << outcome.error;
+    EXPECT_EQ(run({"export", path("Prüfung/徽标.bmp")}).exit_code, kExitDone);
     EXPECT_TRUE(std::filesystem::exists(folder_ / utf8_path("Prüfung/徽标.scr")));
     EXPECT_THAT(run({"export", path("Prüfung/標.bmp")}).error, HasSubstr(path("Prüfung/標.bmp")));
 }

@@ -201,7 +201,10 @@ TEST_F(Operations, ApplyRunsFromLeftToRightAndSavesEveryPixel) {
     for (const char* operation : {"sharpen", "resample:30x7", "darken:200", "median"})
         parse_operation(operation)(expected, engine);
     EXPECT_TRUE(same_pixels(read_picture(folder_ / "out.bmp"), expected));
+    // Rows end at multiples of four bytes.
     EXPECT_EQ(file_text(folder_ / "out.bmp").size(), 54u + 7 * 92);
+    ASSERT_EQ(apply("out.bmp", {"resample:4x2"}), kExitDone) << error_.str();
+    EXPECT_EQ(file_text(folder_ / "out.bmp").size(), 54u + 2 * 12);
 }
 
 TEST_F(Operations, SeedMakesNoiseReproducible) {
@@ -215,14 +218,14 @@ TEST_F(Operations, SeedMakesNoiseReproducible) {
 TEST_F(Operations, OpsListsEachOnOneLine) {
     ASSERT_EQ(run_command_line({"ops"}, {out_, error_}), kExitDone);
     std::istringstream lines(out_.str());
-    std::string line;
     for (const OperationInfo& info : operations()) {
+        std::string line;
         ASSERT_TRUE(std::getline(lines, line));
         EXPECT_THAT(line, StartsWith(std::string(info.name) + std::string(info.arguments) + "  "));
         EXPECT_THAT(line, testing::EndsWith("  " + std::string(info.help)));
         EXPECT_FALSE(info.help.empty());
     }
-    EXPECT_FALSE(std::getline(lines, line));
+    EXPECT_EQ(lines.peek(), EOF);
 }
 
 } // namespace

@@ -12,14 +12,6 @@
 
 namespace {
 
-void alternate(int count) {
-    for (int i = 0; i < count; ++i) {
-        std::FILE* stream = i % 2 == 0 ? stdout : stderr;
-        std::fprintf(stream, "%d ", i);
-        std::fflush(stream);
-    }
-}
-
 void print_arguments(int count, wchar_t** arguments) {
     for (int i = 0; i < count; ++i) {
         std::printf("[");
@@ -67,7 +59,10 @@ int wmain(int argc, wchar_t** argv) {
     const int number = std::wcstol(value, nullptr, 10);
     for (int i = 0; what == L"lines" && i < number; ++i)
         std::printf("line %d\n", i);
-    if (what == L"alternate") alternate(number);
+    for (int i = 0; what == L"alternate" && i < number; ++i) {
+        std::fprintf(i % 2 == 0 ? stdout : stderr, "%d ", i);
+        std::fflush(nullptr);
+    }
     for (int i = 0; what == L"bytes" && i < 50 * 224; ++i)
         std::putchar(32 + i % 224); // every byte but the control characters, again and again
     if (what == L"arguments") print_arguments(argc - 2, argv + 2);

@@ -5,40 +5,34 @@
 
 #include <limits>
 
-namespace kelvane {
+namespace kelvane::test {
 namespace {
 
-using namespace test;
-
-template <typename Action> EngineError error_of(Action action) {
+template <typename Action>
+void expect_error(std::uint32_t number, int string_id, const char* text, Action action) {
     try {
         action();
+        ADD_FAILURE() << "no error raised";
     } catch (const EngineError& error) {
-        return error;
+        EXPECT_EQ(error.number(), number);
+        EXPECT_EQ(error.string_id(), string_id);
+        EXPECT_STREQ(error.what(), text);
+        EXPECT_EQ(error.source(), "program.cImageProcess");
     }
-    ADD_FAILURE() << "no error raised";
-    return {0, 0, "", ""};
-}
-
-void expect_error(const EngineError& error, std::uint32_t number, int string_id, const char* text) {
-    EXPECT_EQ(error.number(), number);
-    EXPECT_EQ(error.string_id(), string_id);
-    EXPECT_STREQ(error.what(), text);
-    EXPECT_EQ(error.source(), "program.cImageProcess");
 }
 
 TEST(Engine, RefusesPropertyValuesAndKeepsTheOldOnes) {
     cImageProcessDIB engine("program");
     engine.set_FilterType(kSoftenMore);
     for (const int type : {0, 16, -1})
-        expect_error(error_of([&] { engine.set_FilterType(type); }), 0x8004051A, 16100,
-                     "Invalid filter types.");
+        expect_error(0x8004051A, 16100, "Invalid filter types.",
+                     [&] { engine.set_FilterType(type); });
     for (const int size : {0, 4, -2, std::numeric_limits<int>::min()})
-        expect_error(error_of([&] { engine.set_FilterArraySize(size); }), 0x80040519, 16101,
-                     "Size must be an odd number");
+        expect_error(0x80040519, 16101, "Size must be an odd number",
+                     [&] { engine.set_FilterArraySize(size); });
     for (const int size : {11, -1})
-        expect_error(error_of([&] { engine.set_FilterArraySize(size); }), 0x8004051A, 16102,
-                     "Invalid size.  Size should be an odd number from 3 to 9");
+        expect_error(0x8004051A, 16102, "Invalid size.  Size should be an odd number from 3 to 9",
+                     [&] { engine.set_FilterArraySize(size); });
     EXPECT_EQ(engine.FilterType(), kSoftenMore);
     EXPECT_EQ(engine.FilterArraySize(), 5);
     EXPECT_EQ(engine.FilterWeight(), 44);
@@ -99,20 +93,10 @@ TEST(Engine, RefusesWhatItCannotRun) {
     engine.set_FilterType(kReserved);
     EXPECT_FALSE(engine.ProcessImage(image, buffer));
     EXPECT_TRUE(same_pixels(image, original));
-}
-
-// A picture lower or narrower than the kernel is left alone, and that counts as done.
-TEST(Engine, SmallPicturesAreDone) {
-    cImageProcessDIB engine;
-    const cDIBSection original = random_picture(2, 9, 1);
-    cDIBSection image = original.Copy();
-    cDIBSection buffer = black_picture(2, 9);
-    for (int type = kBlur; type < kReserved; ++type) {
-        if (type == kEmboss) continue;
-        engine.set_FilterType(type);
-        EXPECT_TRUE(engine.ProcessImage(image, buffer));
-        EXPECT_TRUE(same_pixels(image, original)) << type;
-    }
+    // A picture smaller than the kernel is left alone, and that counts as done.
+    cDIBSection tiny = black_picture(2, 2), tiny_buffer = black_picture(2, 2);
+    engine.set_FilterType(kSoftenMore);
+    EXPECT_TRUE(engine.ProcessImage(tiny, tiny_buffer));
 }
 
 TEST(Engine, EmphasizesInTwoPasses) {
@@ -144,4 +128,4 @@ TEST(Engine, AddsPictures) {
 }
 
 } // namespace
-} // namespace kelvane
+} // namespace kelvane::test

@@ -11,44 +11,26 @@
 namespace kelvane::test {
 namespace {
 
-std::vector<std::string> lines_of(const std::string& text) {
-    std::vector<std::string> lines;
-    std::size_t begin = 0;
-    while (begin < text.size()) {
-        const std::size_t end = text.find("\r\n", begin);
-        if (end == std::string::npos) throw std::runtime_error("a line without CR LF");
-        lines.push_back(text.substr(begin, end - begin));
-        begin = end + 2;
-    }
-    return lines;
-}
-
-int half_pixels(const std::string& number, double size) {
-    std::size_t used = 0;
-    const double halves = std::stod(number, &used) / size * 2;
-    if (used != number.size() || std::abs(halves - std::round(halves)) > 1e-6)
-        throw std::runtime_error("no grid coordinate: " + number);
+int half_pixels(double coordinate, double size) {
+    const double halves = coordinate / size * 2;
+    if (std::abs(halves - std::round(halves)) > 1e-6)
+        throw std::runtime_error("no grid coordinate: " + std::to_string(coordinate));
     return static_cast<int>(std::lround(halves));
 }
 
-// "(x y)" at `position`, which moves behind it.
-HalfPoint point_at(const std::string& text, std::size_t& position, double size) {
-    const std::size_t blank = text.find(' ', position);
-    const std::size_t close = text.find(')', position);
-    if (text[position] != '(' || blank == std::string::npos || close < blank)
-        throw std::runtime_error("no point in: " + text.substr(position, 40));
-    const HalfPoint point{half_pixels(text.substr(position + 1, blank - position - 1), size),
-                          half_pixels(text.substr(blank + 1, close - blank - 1), size)};
-    position = close + 1;
-    return point;
-}
-
+// "(x y)" again and again, then ";".
 HalfPath points_of(const std::string& command, double size) {
+    std::istringstream in(command.substr(command.find('(')));
+    in >> std::noskipws;
     HalfPath path;
-    std::size_t position = command.find('(');
-    while (position < command.size() && command[position] == '(')
-        path.push_back(point_at(command, position, size));
-    if (command.substr(position) != ";")
+    double x = 0, y = 0;
+    char open = 0, blank = 0, close = 0;
+    while (in >> open && open == '(') {
+        if (!(in >> x >> blank >> y >> close) || blank != ' ' || close != ')')
+            throw std::runtime_error("no point in: " + command);
+        path.push_back({half_pixels(x, size), half_pixels(y, size)});
+    }
+    if (open != ';' || in.peek() != EOF)
         throw std::runtime_error("a command that does not end: " + command);
     return path;
 }
@@ -67,62 +49,36 @@ void add_wire(const HalfPath& wire, HalfPath& chain) {
     chain.push_back(wire[1]);
 }
 
-bool starts_with_word(const std::string& line, const std::string& word) {
-    return line.rfind(word, 0) == 0 ||
-           line.rfind(char(std::tolower(word[0])) + word.substr(1), 0) == 0;
-}
-
 } // namespace
 
 Script parse_script(const std::string& text, double size) {
     Script script;
     HalfPath chain;
     std::string command;
-    for (const std::string& line : lines_of(text)) {
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) {
+        if (!line.ends_with('\r') || in.eof()) throw std::runtime_error("a line without CR LF");
+        line.pop_back();
         command += line;
         // A polygon goes on behind a backslash, and a strip's command behind its name.
-        if (!line.empty() && line.back() == '\\') {
+        if (line.ends_with('\\')) {
             command.pop_back();
         } else if (command == "Polygon 0 ") {
             continue;
         } else {
-            if (starts_with_word(command, "Polygon "))
+            if (command.starts_with("Polygon "))
                 script.polygons.push_back(closed(points_of(command, size)));
-            else if (starts_with_word(command, "Wire "))
+            else if (command.starts_with("Wire ") || command.starts_with("wire "))
                 add_wire(points_of(command, size), chain);
-            else if (starts_with_word(command, "Rect "))
+            else if (command.starts_with("Rect "))
                 script.rectangles.push_back(points_of(command, size));
             else if (command == ";")
                 script.chains.push_back(closed(std::exchange(chain, {})));
-            else
-                script.settings.push_back(command);
             command.clear();
         }
     }
     if (!command.empty() || !chain.empty()) throw std::runtime_error("the script breaks off");
     return script;
-}
-
-std::string Cells::drawing() const {
-    std::string text;
-    for (int y = height_ - 1; y >= 0; --y) {
-        for (int x = 0; x < width_; ++x)
-            text += at(x, y) == 0 ? '.' : static_cast<char>('0' + at(x, y));
-        text += '\n';
-    }
-    return text;
-}
-
-void add_winding(const HalfPath& path, Cells& half_cells) {
-    for (std::size_t i = 0; i < path.size(); ++i) {
-        const HalfPoint& from = path[i];
-        const HalfPoint& to = path[(i + 1) % path.size()];
-        // An edge going down has the area on its right, seen on the screen.
-        const int step = to.y < from.y ? 1 : -1;
-        for (int y = std::min(from.y, to.y); y < std::max(from.y, to.y); ++y)
-            for (int x = from.x; x < half_cells.width(); ++x)
-                half_cells.at(x, y) += step;
-    }
 }
 
 Cells dark_cells(ConstImageView image) {
@@ -136,12 +92,29 @@ Cells dark_cells(ConstImageView image) {
     return cells;
 }
 
-Cells doubled(const Cells& cells) {
-    Cells result(cells.width() * 2, cells.height() * 2);
-    for (int y = 0; y < result.height(); ++y)
-        for (int x = 0; x < result.width(); ++x)
-            result.at(x, y) = cells.at(x / 2, y / 2);
-    return result;
+std::string Cells::drawing() const {
+    std::string text;
+    for (int y = height_ - 1; y >= 0; --y) {
+        for (int x = 0; x < width_; ++x)
+            text += get(x, y) == 0 ? '.' : static_cast<char>('0' + get(x, y));
+        text += '\n';
+    }
+    return text;
+}
+
+namespace {
+
+// Adds the winding number of the path to each half-pixel cell it surrounds.
+void add_winding(const HalfPath& path, Cells& half_cells) {
+    for (std::size_t i = 0; i < path.size(); ++i) {
+        const HalfPoint& from = path[i];
+        const HalfPoint& to = path[(i + 1) % path.size()];
+        // An edge going down has the area on its right, seen on the screen.
+        const int step = to.y < from.y ? 1 : -1;
+        for (int y = std::min(from.y, to.y); y < std::max(from.y, to.y); ++y)
+            for (int x = from.x; x < half_cells.width(); ++x)
+                half_cells.at(x, y) += step;
+    }
 }
 
 std::string outline_fault(const HalfPath& path) {
@@ -174,13 +147,19 @@ std::string outline_fault(const HalfPath& path) {
     return {};
 }
 
+} // namespace
+
 std::string coverage_fault(const std::vector<HalfPath>& paths, const Cells& dark) {
     Cells drawn(dark.width() * 2, dark.height() * 2);
     for (const HalfPath& path : paths) {
         if (const std::string fault = outline_fault(path); !fault.empty()) return fault;
         add_winding(path, drawn);
     }
-    if (drawn == doubled(dark)) return {};
+    Cells doubled(drawn.width(), drawn.height());
+    for (int y = 0; y < doubled.height(); ++y)
+        for (int x = 0; x < doubled.width(); ++x)
+            doubled.at(x, y) = dark.get(x / 2, y / 2);
+    if (drawn == doubled) return {};
     return "drawn:\n" + drawn.drawing() + "instead of:\n" + dark.drawing();
 }
 

@@ -19,9 +19,8 @@ using HalfPath = std::vector<HalfPoint>;
 
 /// A script taken apart. Polygons and wire chains are closed: the last point is not repeated.
 struct Script {
-    std::vector<std::string> settings; // the lines before and after the shapes
-    std::vector<HalfPath> polygons;    // in file order, bridge strips included
-    std::vector<HalfPath> chains;      // wires
+    std::vector<HalfPath> polygons; // in file order, bridge strips included
+    std::vector<HalfPath> chains;   // wires
     std::vector<HalfPath> rectangles;
 };
 
@@ -36,10 +35,9 @@ class Cells {
     int width() const { return width_; }
     int height() const { return height_; }
     int& at(int x, int y) { return cells_[size_t(y) * width_ + x]; }
-    int at(int x, int y) const { return cells_[size_t(y) * width_ + x]; }
     /// 0 outside.
     int get(int x, int y) const {
-        return x < 0 || y < 0 || x >= width_ || y >= height_ ? 0 : at(x, y);
+        return x < 0 || y < 0 || x >= width_ || y >= height_ ? 0 : cells_[size_t(y) * width_ + x];
     }
     friend bool operator==(const Cells&, const Cells&) = default;
     /// One character a cell, top row first: what a failing test prints.
@@ -51,22 +49,13 @@ class Cells {
     std::vector<int> cells_;
 };
 
-/// Adds the winding number of `path` to each half-pixel cell it surrounds.
-void add_winding(const HalfPath& path, Cells& half_cells);
-
 /// The dark pixels that an export of `image` is to draw: all but the run that is lost when the
 /// first dark pixel lies at column 1 of row 0.
 Cells dark_cells(ConstImageView image);
 
-/// The same picture at half-pixel resolution.
-Cells doubled(const Cells& cells);
-
-/// Why EAGLE would refuse `path` as an outline, or an empty text: it is to be axis-parallel, free
-/// of equal and of collinear neighbours, turning anticlockwise or (holes) clockwise, and to meet
-/// itself at pixel corners only, without crossing.
-std::string outline_fault(const HalfPath& path);
-
-/// Why `paths` are not outlines that cover `dark` exactly once, or an empty text.
+/// Why `paths` are not outlines that cover `dark` exactly once, or an empty text. Each outline is
+/// to be axis-parallel, free of equal and of collinear neighbours, turning anticlockwise or (holes)
+/// clockwise, and to meet itself at pixel corners only, without crossing.
 std::string coverage_fault(const std::vector<HalfPath>& paths, const Cells& dark);
 
 } // namespace kelvane::test

@@ -3,10 +3,8 @@
 #include "export/vectorize.h"
 #include "image/file_error.h"
 #include "image/safe_file.h"
-#include "support/drawn_picture.h"
+#include "support/pictures.h"
 #include "support/temporary_folder.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
@@ -14,11 +12,9 @@ namespace kelvane::test {
 namespace {
 
 // The script with LF for CR LF.
-std::string script_of(const cDIBSection& picture, const ExportOptions& options,
-                      ExportReport* report = nullptr) {
+std::string script_of(const cDIBSection& picture, const ExportOptions& options) {
     const TemporaryFolder folder;
     const ExportReport made = Vectorize(picture.view(), folder / "s.scr", options);
-    if (report) *report = made;
     std::string text = file_text(folder / "s.scr");
     EXPECT_EQ(made.bytes, text.size());
     EXPECT_EQ(std::count(text.begin(), text.end(), '\r'),
@@ -50,19 +46,18 @@ const cDIBSection& ring() {
 
 TEST(Script, WholeFileOfEachKind) {
     const cDIBSection empty = drawn({".."});
-    ExportOptions options;
+    ExportOptions options = with(true, kShapePolygon, 16);
     options.unit = 3;
-    options.lay = 16;
     EXPECT_EQ(script_of(empty, options), "Grid mm;\nChange Layer  16 ;\nChange Pour Solid;\n"
                                          "Change Thermals off;\nChange Isolate 0;\n"
                                          "Set wire_bend 2;\nGrid last;\nWindow fit;\n");
-    for (const std::int16_t version : {1, 2}) {
-        options.ver = version;
-        options.optPoly = kShapeWire;
-        options.unit = 1;
+    options = with(true, kShapeWire, 16);
+    options.unit = 1;
+    for (options.ver = 1; options.ver <= 2; ++options.ver)
         EXPECT_EQ(script_of(empty, options), "Grid Inch;\nChange Layer  16 ;\nSet wire_style 2;\n"
                                              "Grid last;\nWindow fit;\n");
-    }
+    options.unit = 4;
+    EXPECT_TRUE(script_of(empty, options).starts_with("Grid ;\n"));
 }
 
 TEST(Script, LinewiseShapes) {
@@ -81,20 +76,19 @@ TEST(Script, LinewiseShapes) {
 }
 
 TEST(Script, NamesByLayer) {
-    const cDIBSection two = drawn({"#.#"});
-    const std::string first = "(0 0)\\\n(1 0)\\\n(1 1)\\\n(0 1)(0 0);\n";
-    const std::string second = "(2 0)\\\n(3 0)\\\n(3 1)\\\n(2 1)(2 0);\n";
-    EXPECT_EQ(shapes_of(two, with(true, kShapePolygon, 16)),
-              "Polygon 'Image0' 0 " + first + "Polygon 'Image1' 0 " + second);
-    EXPECT_EQ(shapes_of(two, with(true, kShapePolygon, 17)),
-              "Polygon Image 0 " + first + "Polygon Image 0 " + second);
-    EXPECT_EQ(shapes_of(two, with(true, kShapePolygon, 19)),
-              "Polygon 0 " + first + "Polygon 0 " + second);
-    const std::string rest = "wire 0 (1 0)(1 1);\nwire 0 (1 1)(0 1);\nwire 0 (0 1)(0 0);\n;\n";
-    const cDIBSection one = drawn({"#"});
-    EXPECT_EQ(shapes_of(one, with(true, kShapeWire, 16)), "wire 'Image0' 0 (0 0)(1 0);\n" + rest);
-    EXPECT_EQ(shapes_of(one, with(true, kShapeWire, 18)), "Wire 'Image' 0 (0 0)(1 0);\n" + rest);
-    EXPECT_EQ(shapes_of(one, with(true, kShapeWire, 19)), "Wire 0 (0 0)(1 0);\n" + rest);
+    const std::string square = " 0 (0 0)\\\n(1 0)\\\n(1 1)\\\n(0 1)(0 0);\n";
+    const std::string chain = " 0 (0 0)(1 0);\nwire 0 (1 0)(1 1);\nwire 0 (1 1)(0 1);\n"
+                              "wire 0 (0 1)(0 0);\n;\n";
+    const std::tuple<std::int16_t, std::string, std::string> names[] = {
+        {1, "Polygon 'Image0'", "wire 'Image0'"},
+        {16, "Polygon 'Image0'", "wire 'Image0'"},
+        {17, "Polygon Image", "Wire 'Image'"},
+        {18, "Polygon Image", "Wire 'Image'"},
+        {19, "Polygon", "Wire"}};
+    for (const auto& [layer, polygon, wire] : names) {
+        EXPECT_EQ(shapes_of(drawn({"#"}), with(true, kShapePolygon, layer)), polygon + square);
+        EXPECT_EQ(shapes_of(drawn({"#"}), with(true, kShapeWire, layer)), wire + chain);
+    }
 }
 
 TEST(Script, BridgedRing) {
@@ -118,38 +112,21 @@ TEST(Script, WiresGoAroundHoles) {
         "Wire 0 (2 2)(2 3);\nwire 0 (2 3)(3 3);\nwire 0 (3 3)(3 2);\nwire 0 (3 2)(2 2);\n;\n");
 }
 
-TEST(Script, RunLostAtColumnOneOfRowZero) {
-    for (const ShapeKind shape : {kShapePolygon, kShapeWire}) {
-        EXPECT_EQ(shapes_of(drawn({".##"}), with(true, shape, 20)), "");
-        EXPECT_NE(shapes_of(drawn({"##."}), with(true, shape, 20)), "");
-    }
-    EXPECT_EQ(shapes_of(drawn({".#.#"}), with(false, kShapeRectangle, 20)), "Rect (3 0)(4 1);\n");
-    EXPECT_EQ(shapes_of(drawn({".#", ".."}), with(false, kShapeRectangle, 20)),
-              "Rect (1 1)(2 2);\n");
-}
-
 TEST(Script, RangeFlagBeyondTheLimitOnly) {
-    const cDIBSection one = drawn({"#"});
-    ExportOptions options;
-    ExportReport report;
-    for (std::int16_t unit = 0; unit < 4; ++unit) {
+    const auto leaves_range = [](const cDIBSection& picture, std::int16_t unit, double size) {
+        const TemporaryFolder folder;
+        ExportOptions options;
         options.unit = unit;
-        options.size = kUnits[static_cast<std::size_t>(unit)].coordinate_limit;
-        script_of(one, options, &report);
-        EXPECT_FALSE(report.RangeOVL);
-        options.size *= 1 + 1e-9;
-        script_of(one, options, &report);
-        EXPECT_TRUE(report.RangeOVL);
+        options.size = size;
+        return Vectorize(picture.view(), folder / "s.scr", options).RangeOVL;
+    };
+    for (std::int16_t unit = 0; unit < 4; ++unit) {
+        const double limit = kUnits[static_cast<std::size_t>(unit)].coordinate_limit;
+        EXPECT_FALSE(leaves_range(drawn({"#"}), unit, limit));
+        EXPECT_TRUE(leaves_range(drawn({"#"}), unit, limit * (1 + 1e-9)));
     }
-    // Only coordinates that are written count: the white column does not.
-    options.unit = 0;
-    options.size = 33026;
-    script_of(drawn({"#.."}), options, &report);
-    EXPECT_FALSE(report.RangeOVL);
-    options.unit = 4;
-    options.size = 1e6;
-    EXPECT_EQ(script_of(one, options, &report).substr(0, 6), "Grid ;");
-    EXPECT_FALSE(report.RangeOVL);
+    EXPECT_FALSE(leaves_range(drawn({"#.."}), 0, 33026)) << "the white columns are not written";
+    EXPECT_FALSE(leaves_range(drawn({"#"}), 4, 1e6)) << "no unit, no limit";
 }
 
 TEST(Script, FailureLeavesTheOldFile) {

@@ -86,6 +86,10 @@ for my $language ('en', 'de') {
             expect(-s "$compiled/$path", "$where: $target is not in the compiled file");
             expect(!defined $anchor || $anchors{"$path#$anchor"}, "$where: $target has no such place");
         }
+        while ($text =~ /src="([^"]+)" width="(\d+)" height="(\d+)"/g) {
+            my ($width, $height) = unpack 'x16 N2', slurp("$compiled/$language/$1");
+            expect("$width $height" eq "$2 $3", "$where: $1 is $width x $height pixels");
+        }
         while ($text =~ m|<b class="ui">(.*?)</b>|sg) {
             expect($caption{$language}{plain($1)}, "$where: the program has no caption \"$1\"");
         }

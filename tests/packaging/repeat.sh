@@ -1,9 +1,14 @@
 #!/bin/bash
-# Packing again, elsewhere, later and for another user gives the same bytes, and the checksums are
-# those of the packages. What the programs hold of the place they were built in is looked for.
+# Packing again, from other copies of the files, elsewhere, later and for another user gives the same
+# bytes, and the checksums are those of the packages. What the programs hold of the place they were
+# built in is looked for.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
 
-(umask 077 && TZ=Asia/Tokyo LC_ALL=C "$root/packaging/build.sh" "$work/again" >/dev/null)
+# The sources in another place and with other times, but with the programs that are built already.
+mkdir "$work/copy"
+ln -s "$root"/{build,.git,CMakeLists.txt,CMakePresets.json,CHANGELOG.md} "$work/copy"
+cp -r "$root"/{LICENSE,help,packaging,res} "$work/copy"
+(umask 077 && TZ=Asia/Tokyo LC_ALL=C "$work/copy/packaging/build.sh" "$work/again" >/dev/null)
 diff -r "$packages" "$work/again" || fail "two runs differ"
 cd "$packages"
 sha256sum --check --strict --quiet SHA256SUMS

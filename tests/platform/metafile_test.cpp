@@ -10,12 +10,10 @@ void expect_middles(const std::string& name) {
     const cDIBSection picture = read_picture(data_file(name));
     ASSERT_EQ(picture.Width(), 32);
     ASSERT_EQ(picture.Height(), 16);
-    for (int quarter = 0; quarter < 4; ++quarter) {
-        const int y = quarter < 2 ? 4 : 12;
-        const std::uint8_t* pixel = picture.view().pixel(quarter % 2 ? 24 : 8, 15 - y);
-        const Colour colour{pixel[2], pixel[1], pixel[0]};
-        EXPECT_EQ(colour, kFourColours[static_cast<std::size_t>(quarter)]) << quarter;
-    }
+    for (int quarter = 0; quarter < 4; ++quarter)
+        EXPECT_EQ(pixel_at(picture, quarter % 2 == 0 ? 8 : 24, quarter < 2 ? 11 : 3),
+                  kFourColours[static_cast<std::size_t>(quarter)])
+            << quarter;
 }
 
 TEST(Metafiles, AreDrawnOnWhitePaperAtTheirNaturalSize) {

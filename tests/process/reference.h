@@ -5,6 +5,7 @@
 #include "process/rank.h"
 #include "support/every_level.h"
 #include "support/pictures.h"
+#include "support/recording_observer.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -14,23 +15,6 @@ namespace kelvane::test {
 
 inline std::uint8_t clamped(std::int64_t value) {
     return static_cast<std::uint8_t>(std::clamp<std::int64_t>(value, 0, 255));
-}
-
-inline cDIBSection convolved(const cDIBSection& picture, const FilterKernel& kernel) {
-    cDIBSection result = picture.Copy();
-    const int h = kernel.half();
-    for (int x = 3 * h; x <= 3 * picture.Width() - 3 * h - 3; x += 3)
-        for (int y = h; y < picture.Height() - h; ++y)
-            for (int channel = 0; channel < 3; ++channel) {
-                std::int64_t sum = 0;
-                for (int i = -h; i <= h; ++i)
-                    for (int j = -h; j <= h; ++j)
-                        sum += std::int64_t{picture.view().row(y + j)[x + 3 * i + channel]} *
-                               kernel.cell(i, j);
-                const std::int64_t wrapped = static_cast<std::int32_t>(sum);
-                result.view().row(y)[x + channel] = clamped(wrapped / kernel.weight());
-            }
-    return result;
 }
 
 using Bgr = std::array<int, 3>;
@@ -48,17 +32,29 @@ template <typename Rule> cDIBSection each_pixel(const cDIBSection& picture, Rule
     return result;
 }
 
+/// The same for a rule(x, y, channel).
+template <typename Rule> cDIBSection each_channel(const cDIBSection& picture, Rule rule) {
+    return each_pixel(picture, [&](int x, int y) {
+        return Bgr{rule(x, y, 0u), rule(x, y, 1u), rule(x, y, 2u)};
+    });
+}
+
+inline cDIBSection convolved(const cDIBSection& picture, const FilterKernel& kernel) {
+    const int h = kernel.half();
+    return each_channel(picture, [&](int x, int y, std::size_t c) -> int {
+        if (x < h || y < h || x >= picture.Width() - h || y >= picture.Height() - h)
+            return picture.view().pixel(x, y)[c];
+        std::int64_t sum = 0;
+        for (int i = -h; i <= h; ++i)
+            for (int j = -h; j <= h; ++j)
+                sum += std::int64_t{picture.view().pixel(x + i, y + j)[c]} * kernel.cell(i, j);
+        return clamped(std::int64_t{static_cast<std::int32_t>(sum)} / kernel.weight()); // wraps
+    });
+}
+
 /// Green against red meets every remainder of a grey, exact halves over even and odd ones included.
 inline cDIBSection greens_against_reds() {
     return each_pixel(black_picture(256, 256), [](int x, int y) { return Bgr{x ^ y, x, y}; });
-}
-
-/// The odd sizes and these.
-inline std::vector<std::pair<int, int>>
-odd_sizes_and(std::initializer_list<std::pair<int, int>> more) {
-    std::vector<std::pair<int, int>> sizes = odd_sizes();
-    sizes.insert(sizes.end(), more);
-    return sizes;
 }
 
 /// run(image, buffer) makes the expected picture of the image at every processor level.
@@ -71,6 +67,18 @@ void expect_at_every_level(const cDIBSection& original, const cDIBSection& expec
         run(image.view(), buffer.view());
         EXPECT_TRUE(same_pixels(image, expected));
     });
+}
+
+/// run(image, buffer, observer) tells this of a picture of that size.
+template <typename Operation>
+void expect_events(int width, int height, Operation run, const std::vector<long>& maxima,
+                   const std::vector<long>& positions, std::size_t completions = 1) {
+    RecordingObserver observer;
+    run(random_picture(width, height, 1).view(), random_picture(width, height, 8).view(),
+        &observer);
+    EXPECT_EQ(observer.maxima, maxima);
+    EXPECT_EQ(observer.positions, positions);
+    EXPECT_EQ(observer.times.size(), completions);
 }
 
 } // namespace kelvane::test

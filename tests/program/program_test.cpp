@@ -34,6 +34,7 @@ struct Look {
     int button = IDCANCEL;
 };
 const Look kLooksAtLogo[] = {
+    {kCmdOpenByImageMagick, "converter", IDS_MAGICK_TITLE},
     {kCmdSave, "save", kSystemsCaption},
     {kCmdSelectSource, "scanner-missing", IDS_ERROR_TITLE, IDOK},
     {kCmdCustomFilter, "custom-filter", IDS_CUSTOM_TITLE},
@@ -152,6 +153,23 @@ class Program : public testing::TestWithParam<int> {
         type_file_name(dialog, file.wstring());
         program.answer(dialog, IDOK);
     }
+    // Opens by ImageMagick itself a file of three pages, the first of them, and one that is broken.
+    void open_by_imagemagick(const DrivenProgram& program, HWND main) const {
+        const fs::path magick = fs::absolute(fs::path(KELVANE_IMAGEMAGICK) / "magick.exe");
+        write_setting(settings, settings::kConvertProgram, magick.wstring());
+        write_setting(settings, settings::kIdentifyProgram, magick.wstring());
+        for (const char* name : {"pages.tif", "broken.tif"})
+            fs::copy_file(fs::path(KELVANE_CONVERTER_PICTURES) / name, folder / name);
+        PostMessageW(main, WM_COMMAND, kCmdOpenByImageMagick, 0);
+        answer_file_dialog(program, "open-by-imagemagick", kSystemsCaption, folder / "pages.tif");
+        const HWND warning = shown(program, "several-images", IDS_SEVERAL_TITLE);
+        click(warning, IDC_SEVERAL_NOT_AGAIN);
+        program.answer(warning, IDOK);
+        program.answer(shown(program, "subimage", IDS_SUBIMAGE_TITLE), IDOK);
+        PostMessageW(main, WM_COMMAND, kCmdOpenByImageMagick, 0);
+        answer_file_dialog(program, "open-by-imagemagick", kSystemsCaption, folder / "broken.tif");
+        program.answer(shown(program, "open-error", IDS_OPEN_ERROR_TITLE), IDOK);
+    }
     // What the command line makes of the same wishes.
     std::string script_of_command_line() const {
         const fs::path script = folder / "command line.scr";
@@ -202,10 +220,13 @@ TEST_P(Program, ShowsEveryDialogAndWritesTheCommandLinesScript) {
               LoadString(IDS_PALETTE_COLOURS, {L"16"}));
     program.answer(palette, IDCANCEL);
 
+    open_by_imagemagick(program, main);
+
     PostMessageW(main, WM_COMMAND, kCmdExit, 0);
     program.answer(shown(program, "save-question", IDS_PRODUCT_NAME), IDNO);
     EXPECT_EQ(program.exit_code(), 0u);
     EXPECT_EQ(read_setting(settings, settings::kUnit), 3);
+    EXPECT_EQ(read_setting(settings, Numbered{settings::kRecentFile, 1}), folder / "pages.tif");
     EXPECT_EQ(read_setting(settings, settings::kSaveFolder), folder.wstring() + L'\\');
 }
 

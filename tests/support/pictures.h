@@ -1,4 +1,4 @@
-// Pictures for tests: random ones, flat ones, and where two of them first differ.
+// Pictures for tests: random, flat and drawn ones, and where two of them first differ.
 #pragma once
 
 #include "image/dib_section.h"
@@ -30,6 +30,17 @@ inline cDIBSection flat_picture(int width, int height, int blue, int green, int 
         for (int byte = 0; byte < 3 * width; ++byte)
             picture.view().row(y)[byte] =
                 static_cast<std::uint8_t>(colour[static_cast<std::size_t>(byte % 3)]);
+    return picture;
+}
+
+/// '#' is a black pixel, anything else white; the first line is the top row.
+inline cDIBSection drawn(const std::vector<std::string>& lines) {
+    const int height = static_cast<int>(lines.size());
+    cDIBSection picture = black_picture(static_cast<int>(lines[0].size()), height);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < picture.Width(); ++x)
+            if (lines[static_cast<std::size_t>(height - 1 - y)][static_cast<std::size_t>(x)] != '#')
+                std::memset(picture.view().pixel(x, y), 255, 3);
     return picture;
 }
 
@@ -72,9 +83,10 @@ inline testing::AssertionResult same_pixels(const cDIBSection& actual,
     return testing::AssertionSuccess();
 }
 
-/// Sizes at which the edges of vectors, strips and kernels fall differently.
-inline std::vector<std::pair<int, int>> odd_sizes() {
-    std::vector<std::pair<int, int>> sizes{{1, 17}, {17, 1}, {31, 13}, {67, 19}, {301, 11}};
+/// `more` and sizes at which the edges of vectors, strips and kernels fall differently.
+inline std::vector<std::pair<int, int>> odd_sizes(std::vector<std::pair<int, int>> more = {}) {
+    std::vector<std::pair<int, int>> sizes = std::move(more);
+    sizes.insert(sizes.end(), {{1, 17}, {17, 1}, {31, 13}, {67, 19}, {301, 11}});
     for (int width = 1; width <= 9; ++width)
         for (const int height : {1, 2, 5, 9})
             sizes.emplace_back(width, height);
