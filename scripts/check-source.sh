@@ -8,8 +8,13 @@ status=0
 folders() {
     for folder in "$@"; do [ ! -d "$folder" ] || echo "$folder"; done
 }
-mapfile -t code < <(find $(folders src res) -name '*.cpp' -o -name '*.h' -o -name '*.rc' | sort)
-mapfile -t tests < <(find tests -name '*.cpp' -o -name '*.h' | sort)
+# Whatever is written in a language for machines: programs, resources, scripts, build files.
+code_in() {
+    find "$@" -type f -regextype posix-extended \
+        -regex '.*\.(cpp|h|inl|rc|sh|pl|nsi|bash|cmake)|.*/CMakeLists.txt' | sort
+}
+mapfile -t code < <(code_in $(folders src res bench fuzz help packaging scripts cmake) ./*.sh CMakeLists.txt)
+mapfile -t tests < <(code_in tests)
 mapfile -t sources < <(find $(folders src res tests bench fuzz) -name '*.cpp' -o -name '*.h' | sort)
 
 complain() {
@@ -19,7 +24,7 @@ complain() {
 lines() { cat "$@" | grep -c '[^[:space:]]'; }
 code_lines=$(lines "${code[@]}")
 test_lines=$(lines "${tests[@]}")
-echo "tests: $test_lines lines, $((100 * test_lines / (code_lines + test_lines))) % of all; to the $code_lines of the program $((100 * test_lines / code_lines)) %"
+echo "tests: $test_lines lines to $code_lines of code ($((100 * test_lines / code_lines)) %)"
 
 # Which folders each folder of src may include, besides itself.
 check_layers() {
