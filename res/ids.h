@@ -232,6 +232,7 @@
 #define IDS_IMAGE_SAVE_FILTER            4911
 #define IDS_IMAGE_SAVE_ERROR             4912
 #define IDS_IMAGE_COMPLETE               4913
+#define IDS_IMAGE_TRY_IMAGEMAGICK        4914
 
 // Size dialog.
 #define IDS_SIZE_TITLE                   5000

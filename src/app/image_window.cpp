@@ -2,6 +2,7 @@
 
 #include "app/error_text.h"
 #include "app/picture_clipboard.h"
+#include "image/file_error.h"
 #include "settings/string_table.h"
 #include "win/gdi.h"
 #include "win/message_box.h"
@@ -37,6 +38,15 @@ std::wstring clock_text(double days) {
 // come to a monitor of another density.
 constexpr UINT kDensityChanged = 0x02E3;
 
+// Why a file did not open, and what may help.
+std::wstring cause_of(const std::exception& error) {
+    std::wstring cause = error_text(error);
+    const auto* file_error = dynamic_cast<const FileError*>(&error);
+    if (file_error != nullptr && file_error->fault() == FileFault::kUnknownFormat)
+        cause += L".\r\n\r\n" + LoadString(IDS_IMAGE_TRY_IMAGEMAGICK);
+    return cause;
+}
+
 } // namespace
 
 frmImage::frmImage(MainServices& main, HWND mdi_client)
@@ -67,7 +77,7 @@ bool frmImage::open(const std::wstring& file, const OpenAs& how) {
     try {
         opened = document_.load(file, how.limit);
     } catch (const std::exception& error) {
-        main_.show_error(IDS_IMAGE_OPEN_ERROR, error_text(error));
+        main_.show_error(IDS_IMAGE_OPEN_ERROR, cause_of(error));
     }
     if (opened) {
         if (how.name.empty())

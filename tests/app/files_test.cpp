@@ -62,6 +62,9 @@ TEST_F(Files, WhatDoesNotOpenLeavesNoWindow) {
         EXPECT_THAT(script.messages().back(),
                     StartsWith(L"An error occured trying to open this file: "));
         EXPECT_GT(script.messages().back().size(), 45u);
+        // Another format may be known to the converter, a file that is missing is not.
+        EXPECT_EQ(script.messages().back().find(L"ImageMagick") != std::wstring::npos,
+                  name == std::wstring(L"rubbish.png"));
     }
     EXPECT_TRUE(main.forms().empty());
     EXPECT_EQ(main.active_form(), nullptr);
