@@ -6,34 +6,17 @@
 # npm fetches them; the lock file in tests/convert/imagemagick pins them by their hash.
 set -euo pipefail
 here=$(dirname "$(readlink -f "$0")")
-cache=${XDG_CACHE_HOME:-${HOME:?}/.cache}/kelvane
-root=$cache/imagemagick-1
-mkdir -p "$cache"
-exec 9>"$cache/imagemagick.lock"
-flock 9
-if [ -e "$root/complete" ]; then
-    echo "$root"
-    exit 0
-fi
+. "$here/made_once.sh"
+made_once imagemagick 1 "get ImageMagick for the tests"
 
 # The packages are large, and many machines have npm from elsewhere.
 [ -n "$(type -P npm)" ] || "$here/install.sh" npm 9>&-
 
-work=$(mktemp -d "$cache/imagemagick.XXXXXX")
-finish() {
-    local status=$?
-    if [ $status -ne 0 ]; then
-        [ ! -s "$work/log" ] || tail -n 15 "$work/log" >&2
-        echo "kelvane: could not get ImageMagick for the tests" >&2
-    fi
-    rm -rf "$work"
-}
-trap finish EXIT
 echo "kelvane: fetching ImageMagick's Windows programs for the tests (once, about 12 MB)" >&2
 
 mkdir "$work/npm"
 cp "$here"/../tests/convert/imagemagick/package*.json "$work/npm"
-timeout 300 npm ci --prefix "$work/npm" --ignore-scripts --no-audit --no-fund >"$work/log" 2>&1 9>&-
+timeout 300 npm ci --prefix "$work/npm" --ignore-scripts --no-audit --no-fund >"$log" 2>&1 9>&-
 programs=$work/npm/node_modules/@hakuneko/imagemagick-binaries/bin/win32
 for world in x64:amd64 x86:i386; do
     folder=$work/root/${world%:*}

@@ -4,27 +4,8 @@
 # Debian's 32-bit Wine wants i386 as a second architecture of the whole system. Here its packages
 # are only unpacked into the user's cache: no rights needed, nothing on the system changes.
 set -euo pipefail
-cache=${XDG_CACHE_HOME:-${HOME:?}/.cache}/kelvane
-root=$cache/wine32-1
-mkdir -p "$cache"
-exec 9>"$cache/wine32.lock"
-flock 9
-if [ -e "$root/complete" ]; then
-    echo "$root"
-    exit 0
-fi
-
-work=$(mktemp -d "$cache/wine32.XXXXXX")
-log=$work/log
-finish() {
-    local status=$?
-    if [ $status -ne 0 ]; then
-        [ ! -s "$log" ] || tail -n 15 "$log" >&2
-        echo "kelvane: could not set up the 32-bit Wine" >&2
-    fi
-    rm -rf "$work"
-}
-trap finish EXIT
+. "$(dirname "$(readlink -f "$0")")/made_once.sh"
+made_once wine32 1 "set up the 32-bit Wine"
 echo "kelvane: fetching a 32-bit Wine for the tests (once, about 140 MB)" >&2
 
 # The system's own mirror, whatever it is; a machine whose package lists were dropped gets them.

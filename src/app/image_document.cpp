@@ -17,7 +17,6 @@ namespace {
 constexpr int kLightenPercent = 20;
 constexpr int kDarkenLevel = 240;
 constexpr float kSaturation = 0.5f;
-constexpr int kExportLimit = 128;
 
 cDIBSection created(int width, int height) {
     cDIBSection picture;

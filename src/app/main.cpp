@@ -2,13 +2,13 @@
 #include "app/error_text.h"
 #include "app/main_window.h"
 #include "dialogs/frmSplash.h"
+#include "platform/com_windows.h"
 #include "settings/string_table.h"
 #include "win/gdi.h"
 #include "win/message_box.h"
 
 #include <windows.h>
 
-#include <objbase.h>
 #include <shellapi.h>
 
 #include <filesystem>
@@ -16,20 +16,6 @@
 
 namespace kelvane {
 namespace {
-
-/// COM for the program's thread: the system's file dialogs and picture decoders need it.
-class Com {
-  public:
-    Com() : started_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
-    ~Com() {
-        if (started_) CoUninitialize();
-    }
-    Com(const Com&) = delete;
-    Com& operator=(const Com&) = delete;
-
-  private:
-    bool started_;
-};
 
 struct FreeLocal {
     void operator()(wchar_t** words) const { LocalFree(words); }
@@ -43,7 +29,7 @@ void open_arguments(mfrmMain& main) {
 }
 
 int run(int show) {
-    const Com com;
+    const ComScope com; // for the system's file dialogs
     const SettingsFile settings = SettingsFile::of_program();
     frmSplash splash(KELVANE_VERSION);
     mfrmMain main(settings); // sets the language

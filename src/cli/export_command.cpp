@@ -18,8 +18,6 @@
 namespace kelvane {
 namespace {
 
-// The grey up to which the export takes a pixel for dark.
-constexpr int kExportLimit = 128;
 // No board is larger; and a coordinate stays a finite number.
 constexpr double kLargestPixel = 1e9;
 

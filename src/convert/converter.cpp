@@ -14,11 +14,6 @@ namespace {
 constexpr ULONGLONG kLongestAnswer = 20000; // milliseconds; a first start after an update is slow
 constexpr int kFormatListRuns = 3;
 
-bool is_program(const std::filesystem::path& file) {
-    std::error_code ignored;
-    return file.is_absolute() && std::filesystem::is_regular_file(file, ignored);
-}
-
 std::wstring in_lower_case(std::wstring text) {
     std::ranges::transform(text, text.begin(),
                            [](wchar_t c) { return static_cast<wchar_t>(std::towlower(c)); });
@@ -44,6 +39,11 @@ bool answers(const std::filesystem::path& program, const std::wstring& params,
 }
 
 } // namespace
+
+bool is_program(const std::filesystem::path& file) {
+    std::error_code ignored;
+    return file.is_absolute() && std::filesystem::is_regular_file(file, ignored);
+}
 
 bool is_imagemagick(const std::filesystem::path& program, const KeepWaiting& keep_waiting) {
     return answers(program, L"-version", keep_waiting);

@@ -12,6 +12,9 @@
 
 namespace kelvane {
 
+/// Whether a full path names a file that is there. One without its folders could be anybody's.
+bool is_program(const std::filesystem::path& file);
+
 /// Whether a program exists and says itself that it is ImageMagick's. One that has not answered
 /// after a while, or when `keep_waiting` says no, is ended: it is something else.
 bool is_imagemagick(const std::filesystem::path& program, const KeepWaiting& keep_waiting);

@@ -1,5 +1,6 @@
 #include "dialogs/frmConfigMagick.h"
 
+#include "convert/converter.h"
 #include "dialogs/controls.h"
 #include "dialogs/field_input.h"
 #include "settings/catalogue.h"
@@ -49,11 +50,6 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_MAGICK_CANCEL},
 };
 
-bool is_file(const std::filesystem::path& path) {
-    std::error_code ignored;
-    return path.is_absolute() && std::filesystem::is_regular_file(path, ignored);
-}
-
 // Today's program in the folders where the user wants programs to be found, and in no others: the
 // current one could be anybody's. Empty when it is not there. The older Convert.exe is not looked
 // for: Windows has a program of that name that does something else.
@@ -99,10 +95,10 @@ std::wstring frmConfigMagick::path(const Program& program) const {
 void frmConfigMagick::propose_other(const Program& found) const {
     const Program& other = kPrograms[&found == &kPrograms[0] ? 1 : 0];
     const std::filesystem::path program = path(found);
-    if (!is_file(program) || is_file(path(other))) return;
+    if (!is_program(program) || is_program(path(other))) return;
     for (const wchar_t* name : {other.name, kDoesBoth}) {
         const std::filesystem::path beside = program.parent_path() / name;
-        if (is_file(beside)) return set_text(other.field, beside.wstring());
+        if (is_program(beside)) return set_text(other.field, beside.wstring());
     }
 }
 
@@ -129,7 +125,7 @@ void frmConfigMagick::browse(const Program& program) {
 // Empty for a program that will do.
 std::wstring frmConfigMagick::wrong_with(const Program& program) const {
     const std::wstring file = path(program);
-    if (!is_file(file)) return LoadString(IDS_MAGICK_NOT_FOUND, {file, program.name});
+    if (!is_program(file)) return LoadString(IDS_MAGICK_NOT_FOUND, {file, program.name});
     const HCURSOR before = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
     const bool right = !IsImageMagick || IsImageMagick(file);
     SetCursor(before);

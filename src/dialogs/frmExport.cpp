@@ -10,9 +10,6 @@
 namespace kelvane {
 namespace {
 
-// Grey values up to this one are traced.
-constexpr int kExportLimit = 128;
-
 constexpr Caption kCaptions[] = {
     {IDC_EXPORT_OPTIONS, IDS_EXPORT_OPTIONS},
     {IDC_EXPORT_LAYER_LABEL, IDS_EXPORT_LAYER},

@@ -11,6 +11,10 @@ namespace kelvane {
 /// Kinds of shapes in the script; the values are those of the export dialog and its settings.
 enum ShapeKind : std::int16_t { kShapePolygon = 0, kShapeWire = 1, kShapeRectangle = 2 };
 
+/// The grey up to which an export takes a pixel for dark: the limit of its reduction to black and
+/// white.
+inline constexpr int kExportLimit = 128;
+
 /// The export dialog's answer and the command line's.
 struct ExportOptions {
     /// True: runs are merged into outlines; false: each run is a shape of its own.
