@@ -7,8 +7,9 @@
 
 namespace kelvane {
 
-/// Where a command's results and complaints go.
+/// What a command may read, and where its results and complaints go.
 struct Console {
+    std::istream& in; ///< binary
     std::ostream& out;
     std::ostream& error;
     /// Whether `error` is a terminal that can show a progress bar.
