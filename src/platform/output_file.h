@@ -12,8 +12,8 @@ namespace kelvane {
 /// under /dev and /proc (standard output among it) but the ordinary files of /dev/shm.
 bool is_stream(const std::filesystem::path& file);
 
-/// The file that is meant by `file`, which may be a symbolic link, also one that leads to a file
-/// that does not exist yet.
+/// The full name of the file that is meant by `file`, which may be a symbolic link, on Linux also
+/// one that leads to a file that does not exist yet.
 std::filesystem::path behind_links(const std::filesystem::path& file);
 
 /// An open file. Its functions throw `std::system_error` with an error of the generic category

@@ -17,6 +17,7 @@
 #include <optional>
 #include <string>
 #include <system_error>
+#include <utility>
 
 namespace kelvane {
 namespace fs = std::filesystem;

@@ -8,12 +8,23 @@
 #include <algorithm>
 #include <string>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 namespace kelvane {
 namespace fs = std::filesystem;
 namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+constexpr DWORD kLongestName = 32768;
+
+// Not by std::filesystem, which takes the prefix of long names for a folder.
+fs::path full_name(const fs::path& file) {
+    std::wstring full(kLongestName, L'\0');
+    full.resize(GetFullPathNameW(file.c_str(), kLongestName, full.data(), nullptr));
+    return full;
+}
 
 // Errors that other systems know too are told in their words.
 [[noreturn]] void fail(DWORD number = GetLastError()) {
@@ -35,6 +46,40 @@ bool set_passing(HANDLE handle, bool passing) {
     return SetFileInformationByHandle(handle, FileDispositionInfo, &info, sizeof info) != FALSE;
 }
 
+// Empty on volumes that have none.
+std::vector<BYTE> access_list(const fs::path& file) {
+    DWORD size = 0;
+    GetFileSecurityW(file.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    std::vector<BYTE> descriptor(size);
+    if (!GetFileSecurityW(file.c_str(), DACL_SECURITY_INFORMATION, descriptor.data(), size, &size))
+        descriptor.clear();
+    return descriptor;
+}
+
+// The attributes and the access list of `from`, if there is such a file, as far as may be. Before
+// the file is passing: afterwards its name cannot be used.
+void take_over_permissions(const fs::path& to, const fs::path& from) {
+    const DWORD attributes = GetFileAttributesW(from.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return;
+    SetFileAttributesW(to.c_str(), attributes);
+    std::vector<BYTE> list = access_list(from);
+    if (!list.empty() && list != access_list(to))
+        SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION, list.data());
+}
+
+// `name` is a full one. By the handle: a file that is closed before could not vanish any more when
+// this fails.
+bool rename_open_file(HANDLE handle, const std::wstring& name) {
+    const std::size_t bytes = name.size() * sizeof(wchar_t);
+    std::vector<BYTE> buffer(sizeof(FILE_RENAME_INFO) + bytes);
+    auto* const info = reinterpret_cast<FILE_RENAME_INFO*>(buffer.data());
+    info->ReplaceIfExists = TRUE;
+    info->FileNameLength = static_cast<DWORD>(bytes);
+    std::copy(name.begin(), name.end(), info->FileName);
+    return SetFileInformationByHandle(handle, FileRenameInfo, info,
+                                      static_cast<DWORD>(buffer.size())) != FALSE;
+}
+
 void write_all(HANDLE handle, const char* bytes, DWORD size) {
     for (DWORD written = 0; size > 0; bytes += written, size -= written)
         if (!WriteFile(handle, bytes, size, &written, nullptr)) fail();
@@ -52,21 +97,18 @@ void send_all(HANDLE from, HANDLE to) {
 
 } // namespace
 
-// The names of devices (NUL, CON) become full ones of this form.
+// The full names of devices (NUL, CON) have this form.
 bool is_stream(const fs::path& file) {
-    std::wstring full(MAX_PATH, L'\0');
-    const DWORD size = GetFullPathNameW(file.c_str(), MAX_PATH, full.data(), nullptr);
-    return size < MAX_PATH && full.starts_with(L"\\\\.\\");
+    return full_name(file).native().starts_with(L"\\\\.\\");
 }
 
 fs::path behind_links(const fs::path& file) {
     const HANDLE handle = open_file(file, 0, OPEN_EXISTING);
-    if (handle == INVALID_HANDLE_VALUE) return file;
-    std::wstring real(32768, L'\0'); // the longest name there is
-    const DWORD size =
-        GetFinalPathNameByHandleW(handle, real.data(), static_cast<DWORD>(real.size()), 0);
+    if (handle == INVALID_HANDLE_VALUE) return full_name(file);
+    std::wstring real(kLongestName, L'\0');
+    const DWORD size = GetFinalPathNameByHandleW(handle, real.data(), kLongestName, 0);
     CloseHandle(handle);
-    if (size == 0 || size >= real.size()) return file; // a volume that has no such names
+    if (size == 0 || size >= kLongestName) return full_name(file); // no such names on this volume
     real.resize(size);
     return real;
 }
@@ -79,11 +121,6 @@ struct OutputFile::System {
     ~System() {
         if (ours && handle != INVALID_HANDLE_VALUE) CloseHandle(handle);
         if (!name.empty()) DeleteFileW(name.c_str()); // on a volume where it did not vanish
-    }
-    void open_temporary(DWORD creation) {
-        handle = open_file(name, GENERIC_READ | GENERIC_WRITE | DELETE, creation);
-        if (handle == INVALID_HANDLE_VALUE) fail();
-        set_passing(handle, true);
     }
 };
 
@@ -107,11 +144,14 @@ OutputFile OutputFile::stream(const fs::path& file) {
     return OutputFile(std::move(system));
 }
 
-// `replace` takes over the permissions.
-OutputFile OutputFile::temporary_in(const fs::path& folder, const fs::path&) {
+OutputFile OutputFile::temporary_in(const fs::path& folder, const fs::path& like) {
     auto system = std::make_unique<System>();
-    system->name = temporary_name(folder);
-    system->open_temporary(CREATE_NEW);
+    const fs::path name = temporary_name(folder);
+    system->handle = open_file(name, GENERIC_READ | GENERIC_WRITE | DELETE, CREATE_NEW);
+    if (system->handle == INVALID_HANDLE_VALUE) fail();
+    system->name = name;
+    take_over_permissions(name, like);
+    set_passing(system->handle, true);
     return OutputFile(std::move(system));
 }
 
@@ -124,19 +164,13 @@ std::size_t OutputFile::write(std::string_view bytes) {
     return written;
 }
 
-// ReplaceFile keeps attributes and access list of the old file and wants the new one closed; it
-// fails when there is no old one, and on some network drives.
+// Not by ReplaceFile, which leaves files of its own behind when it fails.
 void OutputFile::replace(const fs::path& target) {
     if (!FlushFileBuffers(system_->handle)) fail();
     set_passing(system_->handle, false);
-    CloseHandle(std::exchange(system_->handle, INVALID_HANDLE_VALUE));
-    constexpr DWORD kFlags = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
-    const wchar_t* name = system_->name.c_str();
-    if (ReplaceFileW(target.c_str(), name, nullptr, kFlags, nullptr, nullptr) ||
-        MoveFileExW(name, target.c_str(), MOVEFILE_REPLACE_EXISTING))
-        return system_->name.clear();
+    if (rename_open_file(system_->handle, target.native())) return system_->name.clear();
     const DWORD error = GetLastError();
-    system_->open_temporary(OPEN_EXISTING);
+    set_passing(system_->handle, true);
     fail(error);
 }
 

@@ -46,3 +46,8 @@ done
     in_completion "$(grep -oE '^[a-z-]+:?' <<<"$operation")" export --op "${operation:0:2}"
 done
 in_completion rectangle export --shape r
+# Files where files stand, operations behind them.
+touch sharp.png
+in_completion sharp.png apply --full-size --seed 5 sh
+in_completion sharp.png apply sharp.png palette : sh
+in_completion sharpen apply sharp.png -o out.bmp sh
