@@ -23,8 +23,8 @@ struct Outcome {
     std::string error;
 };
 
-Outcome run(const std::vector<std::string>& arguments, const std::string& input = {}) {
-    std::istringstream in(input);
+Outcome run(const std::vector<std::string>& arguments) {
+    std::istringstream in;
     std::ostringstream out;
     std::ostringstream error;
     const int exit_code = run_command_line(arguments, {in, out, error});
@@ -112,23 +112,19 @@ TEST_F(CommandLine, WrongUsageWritesNothing) {
 }
 
 TEST_F(CommandLine, InputsAreNeverWrittenOver) {
-    const std::string other = path("./IN.BMP.bmp"); // another name for in.bmp
-    std::filesystem::create_hard_link(folder_ / "in.bmp", folder_ / "IN.BMP.bmp");
     std::filesystem::create_hard_link(folder_ / "in.bmp", folder_ / "in.scr");
     std::filesystem::copy(folder_ / "in.bmp", folder_ / "second.bmp");
     write_text(folder_ / "palette.bmp", "1 2 3\n");
+    const std::string in = path("in.bmp"), second = path("second.bmp");
     const std::vector<std::string> commands[] = {
-        {"export", path("in.bmp")},
-        {"export", path("in.bmp"), "-o", path("./in.bmp")},
-        {"apply", path("in.bmp"), "negative", "-o", other},
-        {"apply", path("in.bmp"), "add-lightest:" + other, "-o", path("in.scr")},
-        {"apply", path("in.bmp"), "add:" + path("second.bmp") + ",1,0,0,0,1,0,0,0", "-o",
-         path("second.bmp")},
-        {"export", path("in.bmp"), "--op", "palette:" + path("palette.bmp"), "-o",
-         path("palette.bmp")}};
+        {"export", in},
+        {"apply", in, "negative", "-o", path("./in.bmp")},
+        {"apply", in, "add-lightest:" + second, "-o", second},
+        {"apply", in, "add:" + second + ",1,0,0,0,1,0,0,0", "-o", second},
+        {"export", in, "--op", "palette:" + path("palette.bmp"), "-o", path("./palette.bmp")}};
     for (const std::vector<std::string>& command : commands)
         expect_usage_error(run(command), "would replace the input ");
-    EXPECT_EQ(run({"apply", path("second.bmp"), "negative", "-o", path("new.BMP")}).error, "");
+    EXPECT_EQ(run({"apply", in, "negative", "-o", path("new.BMP")}).error, "");
 }
 
 TEST_F(CommandLine, FailuresNameFileAndCauseAndKeepTheOldScript) {
@@ -141,6 +137,8 @@ TEST_F(CommandLine, FailuresNameFileAndCauseAndKeepTheOldScript) {
         EXPECT_EQ(std::count(outcome.error.begin(), outcome.error.end(), '\n'), 1) << outcome.error;
     }
     EXPECT_EQ(file_text(folder_ / "out.scr"), "before");
+    save_bitmap(black_picture(1, 1).view(), folder_ / "in.bmp");
+    EXPECT_THAT(run({"export", path("in.bmp"), "-o", path(".")}).error, HasSubstr(": is a folder"));
 }
 
 // The program itself: its streams carry bytes, also where the system has texts of another kind.

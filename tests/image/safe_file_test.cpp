@@ -1,5 +1,4 @@
 // Files that replace others, on a real file system and under writers that are killed.
-#include "image/file_error.h"
 #include "image/safe_file.h"
 #include "support/temporary_folder.h"
 
@@ -10,45 +9,32 @@
 namespace kelvane::test {
 namespace {
 
-struct SafeFiles : testing::Test {
-    SafeFiles() { write_text(target, "before"); }
-    // The old file is as it was and alone.
-    void expect_nothing_new() const {
-        EXPECT_EQ(file_text(target), "before");
-        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
-    }
-    void write(const std::string& text) const {
-        SafeFile file(target);
-        file.write(text);
-        file.commit();
-    }
-
-    const TemporaryFolder folder;
-    const std::filesystem::path target = folder / "s.scr";
-};
-
-TEST_F(SafeFiles, ReplaceOnCommitOnly) {
-    { SafeFile(target).write("half"); }
-    expect_nothing_new();
-    write("new");
-    EXPECT_EQ(file_text(target), "new");
-    const std::ifstream reader(target); // on Windows, what is open can be written but not replaced
-    write("x");
-    EXPECT_EQ(file_text(target), "x");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+// Raises the signal before the end; 0 is none.
+void write(const std::filesystem::path& target, const std::string& text, int signal = 0) {
+    SafeFile file(target);
+    file.write(text);
+    if (signal != 0) std::raise(signal);
+    file.commit();
 }
 
-TEST_F(SafeFiles, AKilledWriterLeavesNothing) {
-    const auto killed = [](int status) { return status != 0; };
+TEST(SafeFile, LeavesOneWholeFile) {
+    const TemporaryFolder folder;
+    const std::filesystem::path target = folder / "s.scr";
+    const auto expect_only = [&](const std::string& text) {
+        EXPECT_EQ(file_text(target), text);
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+    };
+    write(target, "before");
+    { SafeFile(target).write("dropped"); }
     for (const int signal : {SIGINT, SIGTERM})
         EXPECT_EXIT(
-            {
-                SafeFile half(target);
-                half.write("half");
-                std::raise(signal);
-            },
-            killed, "");
-    expect_nothing_new();
+            write(target, "half", signal), [](int status) { return status != 0; }, "");
+    expect_only("before");
+    write(target, "new");
+    expect_only("new");
+    const std::ifstream reader(target); // Windows lets such a file be written, but not replaced
+    write(target, "x");
+    expect_only("x");
 }
 
 } // namespace

@@ -48,6 +48,4 @@ done
 in_completion rectangle export --shape r
 # Files where files stand, operations behind them.
 touch sharp.png
-in_completion sharp.png apply --full-size --seed 5 sh
-in_completion sharp.png apply sharp.png palette : sh
-in_completion sharpen apply sharp.png -o out.bmp sh
+for words in 'sharp.png apply --seed 5' 'sharp.png apply - palette :' 'sharpen apply sharp.png'; do in_completion $words sh; done
