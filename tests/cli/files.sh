@@ -23,6 +23,7 @@ for output in - /dev/stdout /dev/fd/1 /proc/self/fd/1; do
     ./program export <(cat in.png) -o $output >>log
     cmp log <(echo before; cat expected.scr)
 done
+same <(./program export <(cat in.png))
 status 1 ./program export in.png -o /dev/full; grep -q 'No space left on device' error
 
 # Links: the file behind is written, and never that of an input. Names have up to 255 bytes.
@@ -44,10 +45,10 @@ before=$(stat -c '%u %g %a' old.scr)
 # Where the folder takes no new files, the old one is written in place if it may be written at all.
 user=()
 [ "$(id -u)" -ne 0 ] || user=(setpriv --reuid=65534 --regid=65534 --clear-groups)
-mkdir closed; head -c 50000 /dev/zero | tee closed/open.scr closed/kept.scr >zeros
-chmod 666 closed/open.scr; chmod 444 closed/kept.scr; chmod 555 closed; chmod 755 .
+mkdir closed; mkdir -m 777 shared; head -c 50000 /dev/zero | tee closed/open.scr shared/kept.scr >zeros
+chmod 666 closed/open.scr; chmod 444 shared/kept.scr; chmod 555 closed; chmod 755 .
 "${user[@]}" ./program export in.png -o closed/open.scr; same closed/open.scr
-status 1 "${user[@]}" ./program export in.png -o closed/kept.scr; cmp closed/kept.scr zeros
+status 1 "${user[@]}" ./program export in.png -o shared/kept.scr; cmp shared/kept.scr zeros
 
 # A disk that is full in mid-write, noticed or fatal.
 (trap '' XFSZ; ulimit -f 8; status 1 ./program export in.png -o old.scr)
