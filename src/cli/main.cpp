@@ -6,7 +6,6 @@
 
 int main(int argc, char** argv) {
     kelvane::prepare_console();
-    return kelvane::run_command_line(
-        kelvane::utf8_arguments(argc, argv),
-        {std::cin, std::cout, std::cerr, kelvane::standard_error_is_terminal()});
+    return kelvane::run_command_line(kelvane::utf8_arguments(argc, argv),
+                                     {std::cout, std::cerr, kelvane::standard_error_is_terminal()});
 }

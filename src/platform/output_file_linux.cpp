@@ -114,11 +114,13 @@ void take_over_permissions(int to, const fs::path& from) {
     struct stat old {};
     if (stat(from.c_str(), &old) != 0) return;
     mode_t mode = old.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
-    // Only the superuser gives a file away. Another group gets no more than everybody.
-    if (fchown(to, old.st_uid, old.st_gid) != 0 && fchown(to, static_cast<uid_t>(-1), old.st_gid))
-        mode = (mode & ~static_cast<mode_t>(S_IRWXG)) | (mode & S_IRWXO) << 3;
+    // Only the superuser gives a file away.
+    const bool same_group = fchown(to, old.st_uid, old.st_gid) == 0 ||
+                            fchown(to, static_cast<uid_t>(-1), old.st_gid) == 0;
+    // Another group gets no more than everybody.
+    if (!same_group) mode = (mode & ~static_cast<mode_t>(S_IRWXG)) | (mode & S_IRWXO) << 3;
     fchmod(to, mode);
-    take_over_access_list(to, from);
+    if (same_group) take_over_access_list(to, from);
 }
 
 // Some network and user-space file systems know nothing of it.

@@ -24,10 +24,9 @@ struct Outcome {
 };
 
 Outcome run(const std::vector<std::string>& arguments) {
-    std::istringstream in;
     std::ostringstream out;
     std::ostringstream error;
-    const int exit_code = run_command_line(arguments, {in, out, error});
+    const int exit_code = run_command_line(arguments, {out, error});
     return {exit_code, out.str(), error.str()};
 }
 

@@ -42,10 +42,9 @@ class Operations : public testing::Test {
         more.insert(more.begin(), {"apply", path("in.bmp"), "-o", path(output)});
         out_.str("");
         error_.str("");
-        return run_command_line(more, {in_, out_, error_});
+        return run_command_line(more, {out_, error_});
     }
     TemporaryFolder folder_;
-    std::istringstream in_;
     std::ostringstream out_;
     std::ostringstream error_;
 };
