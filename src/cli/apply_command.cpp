@@ -6,10 +6,10 @@
 #include "cli/usage_error.h"
 #include "cli/utf8_path.h"
 #include "image/bitmap_file.h"
+#include "platform/output_file.h"
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -23,7 +23,7 @@ struct Request {
 
 void refuse_other_formats(const std::string& output) {
     if (output == kStandardStream || is_stream(utf8_path(output))) return;
-    std::string ending = output.substr(output.size() - std::min<std::size_t>(output.size(), 4));
+    std::string ending = utf8_text(utf8_path(output).extension());
     for (char& c : ending)
         if (c >= 'A' && c <= 'Z') c += 'a' - 'A';
     if (ending != ".bmp")

@@ -4,6 +4,7 @@
 #include "cli/number_argument.h"
 #include "cli/usage_error.h"
 #include "cli/utf8_path.h"
+#include "platform/output_file.h"
 
 #include <CLI/CLI.hpp>
 

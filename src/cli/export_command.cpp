@@ -37,6 +37,8 @@ ExitCode export_picture(const ExportArguments& arguments, const Console& console
     const PictureJob job(arguments.picture);
     const std::string output = output_name(arguments);
     refuse_to_overwrite(job.inputs(), output);
+    // Before the file behind standard output is replaced, if it is the same.
+    std::ostream& stats = is_standard_output(output) ? console.error : console.out;
 
     ConsoleProgress progress(console);
     cImageProcessDIB engine;
@@ -50,8 +52,7 @@ ExitCode export_picture(const ExportArguments& arguments, const Console& console
 
     if (arguments.stats)
         print_stats(picture, report, arguments.shape,
-                    std::chrono::duration<double>(Clock::now() - start).count(),
-                    is_standard_output(output) ? console.error : console.out);
+                    std::chrono::duration<double>(Clock::now() - start).count(), stats);
     if (!report.RangeOVL) return kExitDone;
     console.error << "kelvane-cli: " << shown_output(output) << ": " << kRangeWarning << '\n';
     return kExitOutOfRange;
