@@ -31,9 +31,9 @@ std::optional<cDIBSection> decoded(std::span<const std::uint8_t> bytes) {
 }
 
 std::string exported(const cDIBSection& picture, const ExportOptions& options) {
+    // In memory: on a disk each script would wait until it is there.
     static const std::filesystem::path file =
-        std::filesystem::temp_directory_path() /
-        ("kelvane-picture-fuzz-" + std::to_string(getpid()) + ".scr");
+        "/dev/shm/kelvane-picture-fuzz-" + std::to_string(getpid()) + ".scr";
     Vectorize(picture.view(), file, options);
     std::ifstream in(file, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(in), {}};

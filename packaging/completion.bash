@@ -13,15 +13,38 @@ _kelvane_cli_commands() { sed -nE '/^Subcommands:/,/^$/s/^  ([a-z]+) .*/\1/p'; }
 # Names as they are typed: "bw:" when an operation wants arguments.
 _kelvane_cli_operations() { sed -nE 's/^([a-z-]+)(:?).*/\1\2/p'; }
 
+# _kelvane_cli_before_operation: whether the word in question stands before the operations of
+# "apply", where INPUT is: no other word but options and their values has come yet. Reads $help.
+_kelvane_cli_before_operation() {
+    local i
+    for ((i = 2; i < COMP_CWORD; ++i)); do
+        case ${COMP_WORDS[i]} in
+            -o | --output) ;;
+            -?*) [ -n "$(_kelvane_cli_values "${COMP_WORDS[i]}" <<<"$help")" ] || continue ;;
+            *) return 1 ;;
+        esac
+        [ "${COMP_WORDS[i + 1]}" != = ] || ((++i)) # bash splits "--seed=5" in three
+        ((++i))
+    done
+}
+
 _kelvane_cli() {
-    local program=$1 word=$2 before=$3 command= help values= words=
+    local program=$1 word=$2 before=$3 command= help= values= words= operation=
     [ "$COMP_CWORD" -eq 1 ] || command=${COMP_WORDS[1]}
     help=$("$program" $command --help 2>/dev/null) || return
+    # So are "--unit=mm" and "palette:FILE"; the last part may still be missing.
+    case $before in
+        =) before=${COMP_WORDS[COMP_CWORD - 2]} ;;
+        :) operation=${COMP_WORDS[COMP_CWORD - 2]} ;;
+        *) [ "${COMP_WORDS[COMP_CWORD]}" != : ] || operation=$before ;;
+    esac
     case $before in
         -o | --output) ;;
         --*) values=$(_kelvane_cli_values "$before" <<<"$help") ;;
     esac
-    if [ "$before" = --op ]; then
+    if [ -n "$operation" ]; then
+        "$program" ops | grep -q "^$operation:FILE" || return
+    elif [ "$before" = --op ]; then
         words=$("$program" ops | _kelvane_cli_operations)
     elif [ -n "$values" ]; then
         words=${values%%\**}
@@ -30,11 +53,11 @@ _kelvane_cli() {
         words=$(_kelvane_cli_options <<<"$help")
     elif [ -z "$command" ]; then
         words=$(_kelvane_cli_commands <<<"$help")
-    elif [[ $command == apply && $COMP_CWORD -gt 2 && ! $before =~ ^(-o|--output|:)$ ]]; then
+    elif [[ $command == apply && ! $before =~ ^(-o|--output)$ ]] && ! _kelvane_cli_before_operation; then
         words=$("$program" ops | _kelvane_cli_operations)
     fi
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
-    if [ ${#COMPREPLY[@]} -eq 0 ]; then
+    if [ -z "$words" ]; then
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -f -- "$word")
     fi

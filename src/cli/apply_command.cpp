@@ -1,9 +1,12 @@
 #include "cli/apply_command.h"
 
 #include "cli/console_progress.h"
-#include "cli/open_picture.h"
+#include "cli/file_argument.h"
+#include "cli/picture_job.h"
+#include "cli/usage_error.h"
 #include "cli/utf8_path.h"
 #include "image/bitmap_file.h"
+#include "platform/output_file.h"
 
 #include <CLI/CLI.hpp>
 
@@ -18,12 +21,27 @@ struct Request {
     std::string output;
 };
 
+void refuse_other_formats(const std::string& output) {
+    if (output == kStandardStream || is_stream(utf8_path(output))) return;
+    std::string ending = utf8_text(utf8_path(output).extension());
+    for (char& c : ending)
+        if (c >= 'A' && c <= 'Z') c += 'a' - 'A';
+    if (ending != ".bmp")
+        throw UsageError("apply writes a Windows bitmap: the name " + output +
+                         " would have to end in .bmp");
+}
+
 void apply_operations(const Request& request, const Console& console) {
+    const PictureJob job(request.picture);
+    refuse_to_overwrite(job.inputs(), request.output);
+    refuse_other_formats(request.output);
+
     ConsoleProgress progress(console);
     cImageProcessDIB engine;
     engine.set_observer(&progress);
-    const cDIBSection picture = prepared_picture(request.picture, engine);
-    with_file_name(request.output, [&] { save_bitmap(picture.view(), utf8_path(request.output)); });
+    const cDIBSection picture = job.run(engine, console.in);
+    with_file_name(shown_output(request.output),
+                   [&] { save_bitmap(picture.view(), utf8_path(request.output)); });
 }
 
 } // namespace
@@ -33,7 +51,8 @@ void add_apply_command(CLI::App& app, const Console& console) {
     CLI::App* command = app.add_subcommand(
         "apply", "Run operations on a picture and save it as a 24-bit Windows bitmap");
     add_picture_options(*command, request->picture);
-    command->add_option("-o,--output", request->output, "the bitmap")
+    command
+        ->add_option("-o,--output", request->output, "the bitmap, NAME.bmp; - for standard output")
         ->required()
         ->type_name("FILE");
     command

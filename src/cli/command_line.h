@@ -1,18 +1,19 @@
 // kelvane-cli without its process: arguments in, texts and an exit code out.
 #pragma once
 
-#include <iosfwd>
+#include <iostream>
 #include <string>
 #include <vector>
 
 namespace kelvane {
 
-/// Where a command's results and complaints go.
+/// What a command may read, and where its results and complaints go.
 struct Console {
     std::ostream& out;
     std::ostream& error;
     /// Whether `error` is a terminal that can show a progress bar.
     bool shows_progress = false;
+    std::istream& in = std::cin; ///< binary
 };
 
 /// Runs the command that `arguments` (UTF-8, without the program's name) name and returns an

@@ -26,18 +26,25 @@ class OperationArguments {
     float decimal(std::size_t index, std::string_view name, float least, float most) const;
     const std::string& field(std::size_t index) const { return fields_.at(index); }
 
-    /// Everything after the colon as one file name.
-    std::string file() const;
-    /// Joins the first fields so that `others` remain behind them: a file name may hold commas.
-    void join_file_before(std::size_t others);
+    /// Everything after the colon as the name of a file that the operation reads.
+    std::string file();
+    /// The same for all but the last `others` fields, which become those from 1 on: a file's name
+    /// may hold commas.
+    std::string file_before(std::size_t others);
+    /// The file asked for, or nothing.
+    const std::string& input_file() const { return input_file_; }
 
     [[noreturn]] void fail(const std::string& complaint) const;
 
   private:
+    /// `name` with the operation before it.
+    std::string full_name(std::string_view name) const;
+
     std::string form_;
     std::string text_;
     bool given_;
     std::vector<std::string> fields_;
+    std::string input_file_;
 };
 
 } // namespace kelvane

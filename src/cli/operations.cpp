@@ -1,5 +1,6 @@
 #include "cli/operations.h"
 
+#include "cli/number_argument.h"
 #include "cli/operation_arguments.h"
 #include "cli/usage_error.h"
 #include "cli/utf8_path.h"
@@ -7,7 +8,6 @@
 #include "image/picture_reader.h"
 
 #include <array>
-#include <charconv>
 #include <utility>
 #include <vector>
 
@@ -198,12 +198,11 @@ Operation edges(OperationArguments& arguments) {
 // Size and combination.
 
 int side(const OperationArguments& arguments, std::string_view text) {
-    int value = 0;
-    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    constexpr int most = 1000000;
-    if (error != std::errc{} || stop != text.data() + text.size() || value < 1 || value > most)
+    constexpr int kMost = 1000000;
+    const std::optional<int> value = decimal_number<int>(text);
+    if (!value || *value < 1 || *value > kMost)
         arguments.fail("WIDTH and HEIGHT are from 1 to 1000000, with an x between them");
-    return value;
+    return *value;
 }
 
 Operation resample(OperationArguments& arguments) {
@@ -241,13 +240,13 @@ template <auto Combine> Operation select(OperationArguments& arguments) {
 
 Operation add(OperationArguments& arguments) {
     constexpr std::size_t numbers = 8;
-    arguments.join_file_before(numbers);
+    const std::string file = arguments.file_before(numbers);
     // Multipliers and offsets in the order they are written; products stay below 2^31.
     std::array<int, numbers> n{};
     for (std::size_t i = 0; i < numbers; ++i)
         n[i] = i % 4 == 0 ? arguments.integer(1 + i, "a multiplier", -1000, 1000)
                           : arguments.integer(1 + i, "an offset", -100000, 100000);
-    return [file = arguments.field(0), n](cDIBSection& picture, cImageProcessDIB& engine) {
+    return [file, n](cDIBSection& picture, cImageProcessDIB& engine) {
         require(engine.AddImages(second_picture(file, picture), picture, n[0], n[1], n[2], n[3],
                                  n[4], n[5], n[6], n[7]));
     };
@@ -311,27 +310,24 @@ std::span<const OperationInfo> operations() {
     return kOperations;
 }
 
-Operation parse_operation(std::string_view text) {
-    const std::size_t colon = std::min(text.find(':'), text.size());
-    const OperationInfo& info = find_operation(text.substr(0, colon));
-    const std::string form = std::string(info.name) + std::string(info.arguments);
-    OperationArguments arguments(form, text.substr(std::min(colon + 1, text.size())),
-                                 colon < text.size());
-    return info.parse(arguments);
+OperationList parse_operations(const std::vector<std::string>& texts) {
+    OperationList list;
+    for (const std::string& text : texts) {
+        const std::size_t colon = std::min(text.find(':'), text.size());
+        const OperationInfo& info = find_operation(std::string_view(text).substr(0, colon));
+        const std::string form = std::string(info.name) + std::string(info.arguments);
+        OperationArguments arguments(form, text.substr(std::min(colon + 1, text.size())),
+                                     colon < text.size());
+        list.operations.push_back(info.parse(arguments));
+        if (!arguments.input_file().empty()) list.files.push_back(arguments.input_file());
+    }
+    return list;
 }
 
-std::vector<Operation> parse_operations(const std::vector<std::string>& texts) {
-    std::vector<Operation> result;
-    for (const std::string& text : texts)
-        result.push_back(parse_operation(text));
-    return result;
-}
-
-void run_operations(const std::vector<Operation>& operations,
-                    const std::optional<std::uint32_t>& seed, cDIBSection& picture,
-                    cImageProcessDIB& engine) {
+void run_operations(const OperationList& list, const std::optional<std::uint32_t>& seed,
+                    cDIBSection& picture, cImageProcessDIB& engine) {
     if (seed) engine.seed_noise(*seed);
-    for (const Operation& operation : operations)
+    for (const Operation& operation : list.operations)
         operation(picture, engine);
 }
 

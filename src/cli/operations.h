@@ -30,16 +30,18 @@ struct OperationInfo {
 /// All operations in the order of their listing.
 std::span<const OperationInfo> operations();
 
-/// One operation written as NAME or NAME:ARG[,ARG...]. Throws `UsageError` that says what is
-/// accepted. Files it names are read when it runs.
-Operation parse_operation(std::string_view text);
+/// Operations and the files that they read when they run.
+struct OperationList {
+    std::vector<Operation> operations;
+    std::vector<std::string> files; // UTF-8
+};
 
-/// All of a command line's operations: every one is understood before a file is touched.
-std::vector<Operation> parse_operations(const std::vector<std::string>& texts);
+/// Operations, each written as NAME or NAME:ARG[,ARG...]. Throws `UsageError` that says what is
+/// accepted, before a file is touched.
+OperationList parse_operations(const std::vector<std::string>& texts);
 
 /// Runs them from left to right; with a seed their noise is reproducible.
-void run_operations(const std::vector<Operation>& operations,
-                    const std::optional<std::uint32_t>& seed, cDIBSection& picture,
-                    cImageProcessDIB& engine);
+void run_operations(const OperationList& list, const std::optional<std::uint32_t>& seed,
+                    cDIBSection& picture, cImageProcessDIB& engine);
 
 } // namespace kelvane

@@ -25,6 +25,11 @@ std::vector<std::uint8_t> read_file_bytes(const std::filesystem::path& file) {
     errno = 0;
     std::ifstream in(file, std::ios::binary);
     if (!in) fail_with_errno(errno);
+    return read_stream_bytes(in);
+}
+
+std::vector<std::uint8_t> read_stream_bytes(std::istream& in) {
+    errno = 0;
     // Read in blocks, not by size: a pipe or a device has none.
     std::vector<std::uint8_t> bytes;
     std::array<char, 65536> block{};

@@ -3,89 +3,91 @@
 #include "image/file_error.h"
 
 #include <cerrno>
-#include <random>
-#include <string>
+#include <fstream>
 #include <system_error>
 
 namespace kelvane {
 namespace fs = std::filesystem;
 namespace {
 
-[[noreturn]] void fail_with_errno(int error) {
-    if (error == 0) throw FileError(FileFault::kUnwritable);
-    throw FileError(std::error_code(error, std::generic_category()));
+template <typename Work> void with_file_errors(Work work) {
+    try {
+        work();
+    } catch (const std::system_error& error) {
+        throw FileError(error.code());
+    }
 }
 
-// What a link stands for is replaced, not the link.
-fs::path behind_links(const fs::path& file) {
-    std::error_code ignored;
-    const fs::path real = fs::canonical(file, ignored);
-    return real.empty() ? file : real;
+// Replacing needs only a writable folder; a write-protected file is still to be respected.
+void require_writable(const fs::path& file) {
+    errno = 0;
+    const std::ofstream probe(file, std::ios::binary | std::ios::app);
+    if (!probe) throw fs::filesystem_error("", std::error_code(errno, std::generic_category()));
 }
 
-fs::path temporary_beside(const fs::path& target) {
-    std::random_device random;
-    fs::path name = target.filename();
-    name += "." + std::to_string(random()) + ".tmp";
-    return target.parent_path() / name;
+// Whether the folder is why a file cannot be made or replaced.
+bool folder_refuses(const std::error_code& error) {
+    return error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
+           error == std::errc::read_only_file_system ||
+           error == std::errc::device_or_resource_busy || error == std::errc::cross_device_link;
 }
 
 } // namespace
 
-SafeFile::SafeFile(const fs::path& target) : target_(behind_links(target)) {
-    std::error_code ignored;
-    const fs::file_status status = fs::status(target_, ignored);
-    if (fs::is_directory(status)) throw FileError(FileFault::kIsFolder);
-    if (fs::exists(status) && !fs::is_regular_file(status)) {
-        out_.open(target_, std::ios::binary);
-        if (!out_) fail_with_errno(errno);
-        return;
+SafeFile::SafeFile(const fs::path& target) {
+    with_file_errors([&] { open(target); });
+}
+
+void SafeFile::open(const fs::path& target) {
+    if (target == kStandardOutput) {
+        file_ = OutputFile::standard_output();
+    } else if (is_stream(target)) {
+        file_ = OutputFile::stream(target);
+    } else if (fs::is_directory(target)) {
+        throw FileError(FileFault::kIsFolder);
+    } else {
+        target_ = behind_links(target);
+        open_replacement();
     }
-    // Replacing needs only a writable folder; a write-protected file is still to be respected.
-    if (fs::exists(status)) {
-        const std::ofstream probe(target_, std::ios::binary | std::ios::app);
-        if (!probe) fail_with_errno(errno);
+}
+
+void SafeFile::open_replacement() {
+    const bool exists = fs::exists(target_);
+    if (exists) require_writable(target_);
+    try {
+        file_ = OutputFile::temporary_in(target_.parent_path(), target_);
+    } catch (const std::system_error& error) {
+        if (!exists || !folder_refuses(error.code())) throw;
+        file_ = OutputFile::temporary_in(fs::temp_directory_path(), target_);
+        replaces_ = false;
     }
-    open_temporary();
-}
-
-SafeFile::~SafeFile() {
-    if (temporary_.empty()) return;
-    out_.close();
-    std::error_code ignored;
-    fs::remove(temporary_, ignored);
-}
-
-void SafeFile::open_temporary() {
-    fs::path temporary = temporary_beside(target_);
-    errno = 0;
-    out_.open(temporary, std::ios::binary);
-    if (!out_) fail_with_errno(errno);
-    temporary_ = std::move(temporary);
-    keep_permissions();
-}
-
-void SafeFile::keep_permissions() const {
-    std::error_code error;
-    const fs::file_status old = fs::status(target_, error);
-    if (fs::is_regular_file(old)) fs::permissions(temporary_, old.permissions(), error);
 }
 
 void SafeFile::write(std::string_view bytes) {
-    errno = 0;
-    if (!out_.write(bytes.data(), static_cast<std::streamsize>(bytes.size())))
-        fail_with_errno(errno);
+    with_file_errors([&] {
+        while (!bytes.empty()) {
+            const std::size_t written = file_.write(bytes);
+            if (written == 0) throw FileError(FileFault::kUnwritable);
+            bytes.remove_prefix(written);
+        }
+    });
+}
+
+void SafeFile::put_in_place() {
+    if (!replaces_) return file_.copy_over(target_);
+    try {
+        file_.replace(target_);
+    } catch (const std::system_error& error) {
+        if (!folder_refuses(error.code()) || !fs::exists(target_)) throw;
+        file_.copy_over(target_);
+    }
 }
 
 void SafeFile::commit() {
-    errno = 0;
-    out_.close();
-    if (!out_) fail_with_errno(errno);
-    if (temporary_.empty()) return;
-    std::error_code error;
-    fs::rename(temporary_, target_, error);
-    if (error) throw FileError(error);
-    temporary_.clear();
+    with_file_errors([&] {
+        if (!target_.empty()) put_in_place();
+        file_.close();
+    });
 }
 
 } // namespace kelvane

@@ -35,6 +35,7 @@ std::vector<std::string> utf8_arguments(int, char**) {
 
 void prepare_console() {
     SetConsoleOutputCP(CP_UTF8);
+    _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
 }

@@ -14,9 +14,13 @@ namespace {
 
 constexpr int kFarthest = 3 * 255;
 
-std::string_view without_trailing_blanks(std::string_view line) {
-    const std::size_t last = line.find_last_not_of(" \t\r");
-    return last == std::string_view::npos ? std::string_view{} : line.substr(0, last + 1);
+// Takes the first line off `text` and returns it without its end, CR LF or LF.
+std::string_view next_line(std::string_view& text) {
+    const std::size_t feed = text.find('\n');
+    std::string_view line = text.substr(0, feed);
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    if (feed != std::string_view::npos && line.ends_with('\r')) line.remove_suffix(1);
+    return line;
 }
 
 std::optional<std::array<std::string_view, 3>> three_fields(std::string_view line) {
@@ -50,10 +54,8 @@ cPalette::Colour colour(const std::array<std::string_view, 3>& fields, std::size
 cPalette parse_palette(std::string_view text) {
     std::vector<cPalette::Colour> colours;
     for (std::size_t line_number = 1; !text.empty(); ++line_number) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        if (const auto fields = three_fields(without_trailing_blanks(text.substr(0, end))))
+        if (const auto fields = three_fields(next_line(text)))
             colours.push_back(colour(*fields, line_number));
-        text.remove_prefix(std::min(end + 1, text.size()));
     }
     return cPalette(std::move(colours));
 }

@@ -42,9 +42,10 @@ class cPalette {
     std::vector<Colour> colours_;
 };
 
-/// A palette file's text: every line of exactly three fields between single spaces is a colour,
-/// red, green and blue from 0 to 255; other lines are skipped. Lines end with LF or CR LF, blanks
-/// before that do not count. Throws `FileError` naming the line whose fields are no colour.
+/// A palette file's text: every line that single spaces split into exactly three fields is a
+/// colour, red, green and blue from 0 to 255; other lines are skipped. A space at a line's end
+/// begins one more, empty field. Lines end with LF or CR LF. Throws `FileError` naming the line
+/// whose three fields are no colour.
 cPalette parse_palette(std::string_view text);
 
 /// The palette in `file`. Throws `FileError` with the cause.

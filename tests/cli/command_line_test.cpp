@@ -8,6 +8,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
 #include <sstream>
 
 namespace kelvane::test {
@@ -60,7 +61,7 @@ TEST_F(CommandLine, ExportWithDefaults) {
 }
 
 TEST_F(CommandLine, ExportWithEveryOption) {
-    const Outcome outcome = export_in({"--layer", "16", "--unit", "inch", "--size", ".25",
+    const Outcome outcome = export_in({"--layer", "016", "--unit", "inch", "--size", ".25",
                                        "--eagle", "3", "--trace", "lines", "--shape", "rectangle",
                                        "--op", "negative", "--op", "bw:128", "--stats"});
     EXPECT_EQ(outcome.exit_code, kExitDone) << outcome.error;
@@ -94,16 +95,35 @@ TEST_F(CommandLine, WrongUsageWritesNothing) {
     expect_usage_error(run({}), "subcommand");
     expect_usage_error(run({"expor"}), "there are export, apply, ops");
     expect_usage_error(run({"export"}), "INPUT");
-    expect_usage_error(export_in({"--layer", "0"}), "--layer");
-    expect_usage_error(export_in({"--layer", "256"}), "--layer");
+    for (const char* layer : {"0", "256", "0x15", " 21", "21 ", "+21", "21.0", ""})
+        expect_usage_error(export_in({"--layer", layer}),
+                           "--layer is a whole number from 1 to 255, not \"" + std::string(layer) +
+                               "\"");
     expect_usage_error(export_in({"--unit", "kg"}), "mil");
     expect_usage_error(export_in({"--eagle", "5"}), "--eagle");
-    for (const char* size : {"0", "-1", "nan", "inf", "0,1", "x"})
-        expect_usage_error(export_in({"--size", size}), "--size");
+    for (const char* size : {"0", "-1", "nan", "inf", "0,1", "0x1", "1mm", "1000000001"})
+        expect_usage_error(export_in({"--size", size}),
+                           "--size is a number greater than 0 and at most 1e9, not");
     expect_usage_error(export_in({"--shape", "rectangle"}), "--trace lines");
     expect_usage_error(export_in({"--op", "blurr"}), "blurr");
-    expect_usage_error(run({"export", path("in.bmp"), "-o", path("in.bmp")}), "replace");
+    expect_usage_error(run({"apply", path("in.bmp"), "-o", path("out.png"), "negative"}), ".bmp");
     EXPECT_EQ(run({"export", "--help"}).exit_code, kExitDone);
+}
+
+TEST_F(CommandLine, InputsAreNeverWrittenOver) {
+    std::filesystem::create_hard_link(folder_ / "in.bmp", folder_ / "in.scr");
+    std::filesystem::copy(folder_ / "in.bmp", folder_ / "second.bmp");
+    write_text(folder_ / "palette.bmp", "1 2 3\n");
+    const std::string in = path("in.bmp"), second = path("second.bmp");
+    const std::vector<std::string> commands[] = {
+        {"export", in},
+        {"apply", in, "negative", "-o", path("./in.bmp")},
+        {"apply", in, "add-lightest:" + second, "-o", second},
+        {"apply", in, "add:" + second + ",1,0,0,0,1,0,0,0", "-o", second},
+        {"export", in, "--op", "palette:" + path("palette.bmp"), "-o", path("./palette.bmp")}};
+    for (const std::vector<std::string>& command : commands)
+        expect_usage_error(run(command), "would replace the input ");
+    EXPECT_EQ(run({"apply", in, "negative", "-o", path("new.BMP")}).error, "");
 }
 
 TEST_F(CommandLine, FailuresNameFileAndCauseAndKeepTheOldScript) {
@@ -116,6 +136,26 @@ TEST_F(CommandLine, FailuresNameFileAndCauseAndKeepTheOldScript) {
         EXPECT_EQ(std::count(outcome.error.begin(), outcome.error.end(), '\n'), 1) << outcome.error;
     }
     EXPECT_EQ(file_text(folder_ / "out.scr"), "before");
+    save_bitmap(black_picture(1, 1).view(), folder_ / "in.bmp");
+    EXPECT_THAT(run({"export", path("in.bmp"), "-o", path(".")}).error, HasSubstr(": is a folder"));
+}
+
+// The program itself: its streams carry bytes, also where the system has texts of another kind.
+TEST_F(CommandLine, StandardStreamsOfTheProgram) {
+    save_bitmap(flat_picture(3, 2, 13, 10, 26).view(), folder_ / "in.bmp"); // CR, LF, end of text
+    run({"apply", path("in.bmp"), "-o", path("expected.bmp"), "darken:254"});
+    run({"export", path("in.bmp"), "-o", path("expected.scr")});
+    const auto program = [&](const std::string& arguments) {
+        const std::string line = KELVANE_COMMAND_LINE " " + arguments + " <" + path("in.bmp");
+        EXPECT_EQ(std::system((line + " >" + path("out") + " 2>" + path("error")).c_str()), 0)
+            << line << file_text(folder_ / "error");
+        return file_text(folder_ / "out");
+    };
+    EXPECT_EQ(program("apply - -o - darken:254"), file_text(folder_ / "expected.bmp"));
+    EXPECT_EQ(program("export - --stats"), file_text(folder_ / "expected.scr"));
+    EXPECT_THAT(file_text(folder_ / "error"), StartsWith("{\"width\": 3,"));
+    EXPECT_THAT(program("ops"), StartsWith("soften                      3 x 3 mean that favours "
+                                           "the centre\nsoften-more                 5 x 5"));
 }
 
 TEST_F(CommandLine, PathsInAnyScript) {

@@ -2,6 +2,7 @@
 
 #include "support/pictures.h"
 #include "support/recording_observer.h"
+#include "support/temporary_folder.h"
 
 #include <limits>
 
@@ -38,6 +39,15 @@ TEST(Engine, RefusesPropertyValuesAndKeepsTheOldOnes) {
     EXPECT_EQ(engine.FilterWeight(), 44);
     EXPECT_THROW(engine.FilterValue(3, 0), std::out_of_range);
     EXPECT_THROW(engine.set_FilterValue(0, -3, 1), std::out_of_range);
+    EXPECT_FALSE(engine.RangeOVL());
+}
+
+TEST(Engine, AFailedExportClearsTheRangeFlag) {
+    const TemporaryFolder folder;
+    cImageProcessDIB engine;
+    engine.Vectorize(black_picture(1, 1), folder / "s.scr", {.size = 33027});
+    EXPECT_TRUE(engine.RangeOVL());
+    EXPECT_THROW(engine.Vectorize(black_picture(1, 1), folder.path(), {}), std::runtime_error);
     EXPECT_FALSE(engine.RangeOVL());
 }
 

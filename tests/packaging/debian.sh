@@ -46,3 +46,6 @@ done
     in_completion "$(grep -oE '^[a-z-]+:?' <<<"$operation")" export --op "${operation:0:2}"
 done
 in_completion rectangle export --shape r
+# Files where files stand, operations behind them.
+touch sharp.png
+for words in 'sharp.png apply --seed 5' 'sharp.png apply - palette :' 'sharpen apply sharp.png'; do in_completion $words sh; done

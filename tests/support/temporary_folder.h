@@ -1,6 +1,7 @@
 // A folder of the test's own that vanishes with it.
 #pragma once
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -11,10 +12,9 @@ namespace kelvane::test {
 
 class TemporaryFolder {
   public:
-    /// The folder's name ends in `suffix`.
+    /// The folder's name ends in `suffix`. It is in the folder that the environment names, if any.
     explicit TemporaryFolder(const std::filesystem::path& suffix = {})
-        : path_(std::filesystem::temp_directory_path() /
-                ("kelvane-test-" + std::to_string(std::random_device{}()))) {
+        : path_(base() / ("kelvane-test-" + std::to_string(std::random_device{}()))) {
         path_ += suffix;
         std::filesystem::create_directories(path_);
     }
@@ -30,6 +30,11 @@ class TemporaryFolder {
     }
 
   private:
+    static std::filesystem::path base() {
+        const char* const folder = std::getenv("KELVANE_TEST_FOLDER");
+        return folder ? std::filesystem::absolute(folder) : std::filesystem::temp_directory_path();
+    }
+
     std::filesystem::path path_;
 };
 
