@@ -51,11 +51,11 @@ void UprightPicture::begin(int width, int height, int orientation) {
     std::memset(view.row(0), 255,
                 static_cast<std::size_t>(view.row_step) * static_cast<std::size_t>(view.height));
     columns_ = std::clamp(view.width - placement_->left, 0, width);
-    rows_ = std::clamp(view.height - placement_->top, 0, height);
+    rows_ = columns_ > 0 ? std::clamp(view.height - placement_->top, 0, height) : 0;
+    if (rows_ == 0) return;
     right_ = 3;
     down_ = -view.row_step;
-    if (columns_ > 0 && rows_ > 0)
-        origin_ = view.pixel(placement_->left, view.height - 1 - placement_->top);
+    origin_ = view.pixel(placement_->left, view.height - 1 - placement_->top);
 }
 
 void UprightPicture::create(int width, int height) {

@@ -95,9 +95,11 @@ TEST(PictureReader, PremultipliedAlpha) {
 
 TEST(PictureReader, FramesShowTheWholeCanvas) {
     expect_quarters("trimmed.gif", 32, 16, {{kWhite, kRed, kWhite, kWhite}});
-    // A frame of four quarters that reaches beyond the canvas.
-    expect_quarters(patched(data_bytes("transparent.gif"), 53, {16, 0, 8, 0}), 32, 16,
-                    {{kWhite, kWhite, kWhite, kRed}});
+    // Frames of four quarters that reach beyond the canvas and lie beyond it.
+    const FileBytes quarters = data_bytes("transparent.gif");
+    expect_quarters(patched(quarters, 53, {16, 0, 8, 0}), 32, 16, {{kWhite, kWhite, kWhite, kRed}});
+    expect_quarters(patched(quarters, 53, {33, 0, 0, 0}), 32, 16,
+                    {{kWhite, kWhite, kWhite, kWhite}});
 }
 
 TEST(PictureReader, OrientationIsHonoured) {
