@@ -6,18 +6,19 @@ namespace kelvane {
 namespace {
 
 constexpr std::size_t kFileHeader = 14;
+constexpr std::uint32_t kCoreHeader = 12;
 constexpr std::uint32_t kRle8 = 1;
 constexpr std::uint32_t kRle4 = 2;
 constexpr std::uint32_t kMasks = 3;
 constexpr std::uint32_t kMasksWithAlpha = 6;
 
 std::uint64_t palette_bytes(const DibHeader& header, std::uint32_t colours) {
-    constexpr std::uint32_t kInfoHeader = 40; // later headers hold the masks themselves
+    constexpr std::uint32_t kInfoHeader = 40; // longer headers hold the masks themselves
     if (header.bytes == kInfoHeader && header.compression == kMasks) return 12;
     if (header.bytes == kInfoHeader && header.compression == kMasksWithAlpha) return 16;
     if (header.bits > 8) return 0;
     return std::uint64_t{colours != 0 ? colours : 1U << header.bits} *
-           (header.bytes < kInfoHeader ? 3 : 4);
+           (header.bytes == kCoreHeader ? 3 : 4);
 }
 
 // Follows run-length data; rows that it leaves out at the end of the bitmap are not missing.
@@ -54,7 +55,6 @@ bool rle_is_complete(Bytes data, const DibHeader& header) {
 } // namespace
 
 std::optional<DibHeader> read_dib_header(Bytes dib) {
-    constexpr std::uint32_t kCoreHeader = 12;
     constexpr std::uint32_t kOs2Header = 16; // the shortest of the others
     DibHeader header;
     header.bytes = number_at(dib, 0, 4);

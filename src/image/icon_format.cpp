@@ -3,7 +3,7 @@
 #include "image/bitmap_format.h"
 #include "image/png_format.h"
 
-#include <tuple>
+#include <utility>
 
 namespace kelvane {
 namespace {

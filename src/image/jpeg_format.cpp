@@ -62,34 +62,33 @@ class Reader {
         frame_.progressive = segments_.marker() == 0xC2;
         huffman_coded_ = segments_.marker() <= 0xC2;
         const auto size = size_completeness(frame_.width, frame_.height);
-        return size == Completeness::kComplete ? complete_if(has_room_for_blocks()) : size;
+        return size == Completeness::kComplete ? complete_if(make_room_for_blocks()) : size;
     }
 
     bool add_component(Bytes content) {
         JpegComponent component;
         component.id = content[0];
-        component.across = content[1] >> 4;
-        component.down = content[1] & 15;
+        component.h = content[1] >> 4;
+        component.v = content[1] & 15;
         frame_.components.push_back(component);
-        return component.across >= 1 && component.across <= 4 && component.down >= 1 &&
-               component.down <= 4;
+        return component.h >= 1 && component.h <= 4 && component.v >= 1 && component.v <= 4;
     }
 
-    // A block takes a bit at least: with fewer there is no need for memory to follow them.
-    bool has_room_for_blocks() {
-        const std::int64_t units = std::int64_t{frame_.units_across()} * frame_.units_down();
-        if (huffman_coded_ && units > 8 * static_cast<std::int64_t>(file_.size())) return false;
+    // False when the file cannot hold the frame: an MCU takes a bit at least.
+    bool make_room_for_blocks() {
+        const std::int64_t mcus = std::int64_t{frame_.mcus_across()} * frame_.mcus_down();
+        if (huffman_coded_ && mcus > 8 * static_cast<std::int64_t>(file_.size())) return false;
         for (JpegComponent& component : frame_.components)
             if (frame_.progressive)
                 component.nonzero.resize(
-                    static_cast<std::size_t>(units * component.across * component.down));
+                    static_cast<std::size_t>(mcus * component.h * component.v));
         return true;
     }
 
     bool read_tables(Bytes content) {
         while (content.size() > 16) {
             const std::size_t place = content[0] & 15;
-            auto& tables = content[0] >> 4 == 0 ? mean_tables_ : coefficient_tables_;
+            auto& tables = content[0] >> 4 == 0 ? dc_tables_ : ac_tables_;
             const Bytes counts = content.subspan(1, 16);
             const auto symbols =
                 static_cast<std::size_t>(std::accumulate(counts.begin(), counts.end(), 0));
@@ -121,11 +120,10 @@ class Reader {
 
     bool add_to_scan(JpegScan& scan, Bytes content) {
         const auto component = std::ranges::find(frame_.components, content[0], &JpegComponent::id);
-        const std::size_t mean = content[1] >> 4;
-        const std::size_t coefficients = content[1] & 15;
-        if (component == frame_.components.end() || mean > 3 || coefficients > 3) return false;
-        scan.components.push_back(
-            {&*component, &mean_tables_[mean], &coefficient_tables_[coefficients]});
+        const std::size_t dc = content[1] >> 4;
+        const std::size_t ac = content[1] & 15;
+        if (component == frame_.components.end() || dc > 3 || ac > 3) return false;
+        scan.components.push_back({&*component, &dc_tables_[dc], &ac_tables_[ac]});
         return true;
     }
 
@@ -137,14 +135,14 @@ class Reader {
     }
 
     bool follow(const JpegScan& scan) {
-        const bool means = !frame_.progressive || (scan.first == 0 && !scan.refines);
-        const bool coefficients = !frame_.progressive || scan.first > 0;
+        const bool needs_dc = !frame_.progressive || (scan.first == 0 && !scan.refines);
+        const bool needs_ac = !frame_.progressive || scan.first > 0;
         const std::uint64_t brought = brought_by(scan);
         bool can_follow = huffman_coded_;
         for (const JpegScanComponent& each : scan.components) {
             each.component->complete |= brought;
-            can_follow = can_follow && (!means || each.mean->defined()) &&
-                         (!coefficients || each.coefficients->defined());
+            can_follow = can_follow && (!needs_dc || each.dc->defined()) &&
+                         (!needs_ac || each.ac->defined());
         }
         std::size_t end = segments_.end();
         if (can_follow) {
@@ -164,14 +162,14 @@ class Reader {
     }
 
     // Encoders write some ten scans; a file of very many is made to keep a decoder busy.
-    static constexpr int kMostScans = 200;
+    static constexpr int kMostScans = 100;
     static constexpr std::uint64_t kAllCoefficients = ~std::uint64_t{0};
 
     Bytes file_;
     JpegSegments segments_;
     JpegFrame frame_;
-    std::array<JpegHuffmanTable, 4> mean_tables_;
-    std::array<JpegHuffmanTable, 4> coefficient_tables_;
+    std::array<JpegHuffmanTable, 4> dc_tables_;
+    std::array<JpegHuffmanTable, 4> ac_tables_;
     int restart_interval_ = 0;
     int scans_ = 0;
     bool huffman_coded_ = false;

@@ -71,22 +71,22 @@ class Follower {
   public:
     Follower(Bytes file, std::size_t at, const JpegFrame& frame, const JpegScan& scan)
         : frame_(frame), scan_(scan), bits_(file, at), block_(kind_of_block()),
-          units_({frame.units_across(), frame.units_down()}) {}
+          mcus_({frame.mcus_across(), frame.mcus_down()}) {}
 
     std::optional<std::size_t> follow(int restart_interval) {
         const bool interleaved = scan_.components.size() > 1;
-        const Grid units = interleaved ? units_ : blocks_of(*scan_.components[0].component);
+        const Grid grid = interleaved ? mcus_ : blocks_of(*scan_.components[0].component);
         int to_restart = restart_interval;
         int restart_number = 0;
-        for (int y = 0; y < units.height; ++y)
-            for (int x = 0; x < units.width; ++x) {
+        for (int y = 0; y < grid.height; ++y)
+            for (int x = 0; x < grid.width; ++x) {
                 if (restart_interval > 0 && to_restart-- == 0) {
                     if (!bits_.restart(restart_number)) return std::nullopt;
                     restart_number = (restart_number + 1) % 8;
                     to_restart = restart_interval - 1;
-                    blocks_without_data_ = 0;
+                    eob_run_ = 0;
                 }
-                if (interleaved ? !unit(x, y) : !block(scan_.components[0], x, y))
+                if (interleaved ? !mcu(x, y) : !block(scan_.components[0], x, y))
                     return std::nullopt;
             }
         return bits_.at();
@@ -101,22 +101,21 @@ class Follower {
 
     Block kind_of_block() const {
         if (!frame_.progressive) return &Follower::sequential;
-        if (scan_.first == 0) return scan_.refines ? &Follower::mean_bit : &Follower::mean;
-        return scan_.refines ? &Follower::refinement : &Follower::coefficients;
+        if (scan_.first == 0) return scan_.refines ? &Follower::dc_refinement : &Follower::dc_first;
+        return scan_.refines ? &Follower::ac_refinement : &Follower::ac_first;
     }
 
     // Blocks of a component that lie in the picture, which is all that a scan of it alone holds.
     Grid blocks_of(const JpegComponent& component) const {
-        return {divided_up(std::int64_t{frame_.width} * component.across, 8 * frame_.most_across()),
-                divided_up(std::int64_t{frame_.height} * component.down, 8 * frame_.most_down())};
+        return {divided_up(std::int64_t{frame_.width} * component.h, 8 * frame_.largest_h()),
+                divided_up(std::int64_t{frame_.height} * component.v, 8 * frame_.largest_v())};
     }
 
-    bool unit(int x, int y) {
+    bool mcu(int x, int y) {
         for (const JpegScanComponent& each : scan_.components)
-            for (int row = 0; row < each.component->down; ++row)
-                for (int column = 0; column < each.component->across; ++column)
-                    if (!block(each, x * each.component->across + column,
-                               y * each.component->down + row))
+            for (int row = 0; row < each.component->v; ++row)
+                for (int column = 0; column < each.component->h; ++column)
+                    if (!block(each, x * each.component->h + column, y * each.component->v + row))
                         return false;
         return true;
     }
@@ -124,7 +123,7 @@ class Follower {
     bool block(const JpegScanComponent& of, int x, int y) {
         std::uint64_t none = 0;
         if (!frame_.progressive) return (this->*block_)(of, none) && !bits_.overdrawn();
-        const std::int64_t index = std::int64_t{y} * units_.width * of.component->across + x;
+        const std::int64_t index = std::int64_t{y} * mcus_.width * of.component->h + x;
         return (this->*block_)(of, of.component->nonzero[static_cast<std::size_t>(index)]) &&
                !bits_.overdrawn();
     }
@@ -137,14 +136,14 @@ class Follower {
         return code.symbol;
     }
 
-    bool mean(const JpegScanComponent& of, std::uint64_t&) {
-        const int length = symbol(*of.mean);
+    bool dc_first(const JpegScanComponent& of, std::uint64_t&) {
+        const int length = symbol(*of.dc);
         if (length < 0 || length > 16) return false;
         bits_.skip(length);
         return true;
     }
 
-    bool mean_bit(const JpegScanComponent&, std::uint64_t&) {
+    bool dc_refinement(const JpegScanComponent&, std::uint64_t&) {
         bits_.skip(1);
         return true;
     }
@@ -152,9 +151,9 @@ class Follower {
     // A symbol of coefficients is the number of zeros before the next one, times 16, plus the
     // length of its value; length 0 is 16 zeros when the number is 15, else the end of the block.
     bool sequential(const JpegScanComponent& of, std::uint64_t& nonzero) {
-        if (!mean(of, nonzero)) return false;
+        if (!dc_first(of, nonzero)) return false;
         for (int k = 1; k < 64; ++k) {
-            const int next = symbol(*of.coefficients);
+            const int next = symbol(*of.ac);
             if (next < 0) return false;
             const int length = next & 15;
             if (length == 0 && next != 0xF0) break;
@@ -165,18 +164,18 @@ class Follower {
     }
 
     // As above, except that the end may be that of up to 32767 blocks.
-    bool coefficients(const JpegScanComponent& of, std::uint64_t& nonzero) {
-        if (blocks_without_data_ > 0) {
-            --blocks_without_data_;
+    bool ac_first(const JpegScanComponent& of, std::uint64_t& nonzero) {
+        if (eob_run_ > 0) {
+            --eob_run_;
             return true;
         }
         for (int k = scan_.first; k <= scan_.last; ++k) {
-            const int next = symbol(*of.coefficients);
+            const int next = symbol(*of.ac);
             if (next < 0) return false;
             const int length = next & 15;
             if (length == 0 && next != 0xF0) {
                 end_of_blocks(next >> 4);
-                --blocks_without_data_;
+                --eob_run_;
                 break;
             }
             bits_.skip(length);
@@ -192,15 +191,15 @@ class Follower {
     }
 
     void end_of_blocks(int exponent) {
-        blocks_without_data_ = (1 << exponent) + static_cast<int>(bits_.read(exponent));
+        eob_run_ = (1 << exponent) + static_cast<int>(bits_.read(exponent));
     }
 
     // Coefficients that are not 0 get a bit each; between them stand symbols for those that become
     // so, whose zeros count only coefficients that stay 0.
-    bool refinement(const JpegScanComponent& of, std::uint64_t& nonzero) {
+    bool ac_refinement(const JpegScanComponent& of, std::uint64_t& nonzero) {
         int k = scan_.first;
-        for (; blocks_without_data_ == 0 && k <= scan_.last; ++k) {
-            const int next = symbol(*of.coefficients);
+        for (; eob_run_ == 0 && k <= scan_.last; ++k) {
+            const int next = symbol(*of.ac);
             if (next < 0) return false;
             const int length = next & 15;
             if (length == 0 && next != 0xF0) {
@@ -216,8 +215,8 @@ class Follower {
             }
             if (length > 0) mark(nonzero, k);
         }
-        if (blocks_without_data_ == 0) return true;
-        --blocks_without_data_;
+        if (eob_run_ == 0) return true;
+        --eob_run_;
         const std::uint64_t rest = k > scan_.last ? 0 : nonzero >> k << k << (63 - scan_.last);
         const int corrections = std::popcount(rest);
         bits_.skip(corrections / 2);
@@ -229,8 +228,8 @@ class Follower {
     const JpegScan& scan_;
     Bits bits_;
     Block block_;
-    Grid units_;
-    int blocks_without_data_ = 0;
+    Grid mcus_;
+    int eob_run_ = 0;
 };
 
 } // namespace
@@ -241,20 +240,20 @@ std::size_t next_jpeg_marker(Bytes file, std::size_t at) {
     return holds(file, at, 2) ? at : file.size();
 }
 
-int JpegFrame::most_across() const {
-    return std::ranges::max(components, {}, &JpegComponent::across).across;
+int JpegFrame::largest_h() const {
+    return std::ranges::max(components, {}, &JpegComponent::h).h;
 }
 
-int JpegFrame::most_down() const {
-    return std::ranges::max(components, {}, &JpegComponent::down).down;
+int JpegFrame::largest_v() const {
+    return std::ranges::max(components, {}, &JpegComponent::v).v;
 }
 
-int JpegFrame::units_across() const {
-    return divided_up(width, 8 * most_across());
+int JpegFrame::mcus_across() const {
+    return divided_up(width, 8 * largest_h());
 }
 
-int JpegFrame::units_down() const {
-    return divided_up(height, 8 * most_down());
+int JpegFrame::mcus_down() const {
+    return divided_up(height, 8 * largest_v());
 }
 
 bool JpegHuffmanTable::define(Bytes counts, Bytes symbols) {

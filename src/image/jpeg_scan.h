@@ -12,10 +12,10 @@ namespace kelvane {
 /// One component (such as luminance) of a JPEG frame.
 struct JpegComponent {
     std::uint8_t id = 0;
-    int across = 1; ///< blocks of 8 x 8 samples of an interleaved unit, 1 to 4
-    int down = 1;
-    std::uint64_t complete = 0; ///< for each of the 64 coefficients, whether scans brought all bits
-    /// Progressive frames: for each block, which of its 64 coefficients are no longer 0.
+    int h = 1; ///< sampling factors, 1 to 4: blocks of 8 x 8 samples across and down an MCU
+    int v = 1;
+    std::uint64_t complete = 0; ///< which of the 64 coefficients have all their bits
+    /// Progressive frames: which coefficients of each block are not 0 after the scans so far.
     std::vector<std::uint64_t> nonzero;
 };
 
@@ -25,12 +25,12 @@ struct JpegFrame {
     int height = 0;
     std::vector<JpegComponent> components;
 
-    /// The largest `across` and `down` of the components.
-    int most_across() const;
-    int most_down() const;
-    /// Interleaved units in a row, and rows of them.
-    int units_across() const;
-    int units_down() const;
+    /// The largest sampling factors of the components.
+    int largest_h() const;
+    int largest_v() const;
+    /// Minimum coded units (MCU) of an interleaved scan: in a row, and rows of them.
+    int mcus_across() const;
+    int mcus_down() const;
 };
 
 /// A Huffman table: which symbol a sequence of bits begins with.
@@ -63,17 +63,17 @@ class JpegHuffmanTable {
     bool defined_ = false;
 };
 
-/// A component of a scan and the tables that its blocks are written with.
+/// A component of a scan and its Huffman tables.
 struct JpegScanComponent {
     JpegComponent* component = nullptr;
-    const JpegHuffmanTable* mean = nullptr;
-    const JpegHuffmanTable* coefficients = nullptr;
+    const JpegHuffmanTable* dc = nullptr;
+    const JpegHuffmanTable* ac = nullptr;
 };
 
 struct JpegScan {
     std::vector<JpegScanComponent> components;
     // Of a progressive frame:
-    int first = 0; ///< coefficients, 0 to 63; from 1 on there is one component
+    int first = 0; ///< coefficients, 0 to 63; from 1 on (AC) there is one component
     int last = 0;
     bool refines = false;   ///< brings one more bit of coefficients that earlier scans began
     bool last_bits = false; ///< no scan brings further bits of them
@@ -85,7 +85,7 @@ std::size_t next_jpeg_marker(Bytes file, std::size_t at);
 
 /// Follows the data that begins at offset `at` of `file` through all blocks of the scan. Gives the
 /// offset behind the last of them; nothing when the data ends, or a restart mark is missing,
-/// before that. `restart_interval` is the number of units between restart marks, 0 for none. All
+/// before that. `restart_interval` is the number of MCUs between restart marks, 0 for none. All
 /// tables that the scan needs must be defined.
 std::optional<std::size_t> follow_scan(Bytes file, std::size_t at, const JpegFrame& frame,
                                        const JpegScan& scan, int restart_interval);

@@ -13,9 +13,9 @@ class UprightPicture;
 
 /// Reads the picture in `file`; transparent pixels come out as seen on white paper, a
 /// photograph's orientation mark is honoured. Of several images the first is taken, of an icon the
-/// largest, of an animation the whole canvas with its first frame. Throws `FileError` with the cause
-/// (without the file's name) when there is none to be had, as for a file that holds only a part of
-/// its picture.
+/// largest, of an animation the whole canvas with its first frame. Throws `FileError` with the
+/// cause (without the file's name) when there is none to be had, as for a file that holds only a
+/// part of its picture.
 cDIBSection read_picture(const std::filesystem::path& file);
 
 /// The same for a picture file's bytes.

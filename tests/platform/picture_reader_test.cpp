@@ -7,36 +7,9 @@
 namespace kelvane::test {
 namespace {
 
-using FileBytes = std::vector<std::uint8_t>;
-
-FileBytes bytes_of(const std::string& text) {
-    return {text.begin(), text.end()};
-}
-
-FileBytes data_bytes(const std::string& name) {
-    const std::string text = file_text(data_file(name));
-    EXPECT_FALSE(text.empty()) << name;
-    return bytes_of(text);
-}
-
 FileBytes operator+(FileBytes first, const FileBytes& second) {
     first.insert(first.end(), second.begin(), second.end());
     return first;
-}
-
-// The bytes with others at offset `at`.
-FileBytes patched(FileBytes bytes, std::size_t at, const FileBytes& others) {
-    std::ranges::copy(others, bytes.begin() + static_cast<std::ptrdiff_t>(at));
-    return bytes;
-}
-
-std::string cause_of(const FileBytes& bytes) {
-    try {
-        decode_picture(bytes);
-    } catch (const FileError& error) {
-        return error.what();
-    }
-    return "";
 }
 
 void expect_quarters(const FileBytes& bytes, int width, int height, const Quarters& expected,
@@ -68,11 +41,9 @@ TEST(PictureReader, FormatsOfEveryKindOfPixel) {
 // Four images: a small one, then of one size one of fewer bits, the one to show, one like it.
 TEST(PictureReader, IconsShowTheFirstOfTheLargestAndDeepest) {
     expect_quarters("four.ico", 2, 2, kFourColours);
-    const FileBytes png = data_bytes("deep.png");
-    const FileBytes directory{
-        0, 0, 1, 0,  1, 0, 32, 16, 0, 0, 1, 0, 48, 0, static_cast<std::uint8_t>(png.size()),
-        0, 0, 0, 22, 0, 0, 0};
-    expect_quarters(directory + png, 32, 16, kFourColours);
+    const FileBytes directory{0, 0,  1, 0,   1, 0, 32, 16, 0, 0, 1,
+                              0, 48, 0, 115, 0, 0, 0,  22, 0, 0, 0};
+    expect_quarters(directory + data_bytes("deep.png"), 32, 16, kFourColours);
 }
 
 TEST(PictureReader, TransparencyShowsWhitePaper) {
@@ -82,24 +53,22 @@ TEST(PictureReader, TransparencyShowsWhitePaper) {
 
 // Channels of 128 and alpha 128; the file says whether the channels are multiplied by it.
 TEST(PictureReader, PremultipliedAlpha) {
-    constexpr std::array<int, 3> kGray128{191, 191, 191}, kGray128Straight{159, 159, 159};
     constexpr std::size_t kExtraSamples = 138;
     const FileBytes colours = data_bytes("half.tif"), gray = data_bytes("half-gray.tif");
     expect_quarters(colours, 4, 2, {{{127, 127, 255}, {127, 255, 127}, {255, 127, 127}, kWhite}});
     expect_quarters(patched(colours, kExtraSamples, {2}), 4, 2,
                     {{{127, 127, 191}, {127, 191, 127}, {191, 127, 127}, kWhite}});
-    expect_quarters(gray, 4, 2, {{{127, 127, 127}, kGray128, kWhite, kWhite}});
+    expect_quarters(gray, 4, 2, {{{127, 127, 127}, {191, 191, 191}, kWhite, kWhite}});
     expect_quarters(patched(gray, kExtraSamples, {2}), 4, 2,
-                    {{{127, 127, 127}, kGray128Straight, {191, 191, 191}, kWhite}});
+                    {{{127, 127, 127}, {159, 159, 159}, {191, 191, 191}, kWhite}});
 }
 
 TEST(PictureReader, FramesShowTheWholeCanvas) {
     expect_quarters("trimmed.gif", 32, 16, {{kWhite, kRed, kWhite, kWhite}});
     // Frames of four quarters that reach beyond the canvas and lie beyond it.
-    const FileBytes quarters = data_bytes("transparent.gif");
-    expect_quarters(patched(quarters, 53, {16, 0, 8, 0}), 32, 16, {{kWhite, kWhite, kWhite, kRed}});
-    expect_quarters(patched(quarters, 53, {33, 0, 0, 0}), 32, 16,
-                    {{kWhite, kWhite, kWhite, kWhite}});
+    const FileBytes four = data_bytes("transparent.gif");
+    expect_quarters(patched(four, 53, {16, 0, 8, 0}), 32, 16, {{kWhite, kWhite, kWhite, kRed}});
+    expect_quarters(patched(four, 53, {33, 0, 0, 0}), 32, 16, {{kWhite, kWhite, kWhite, kWhite}});
 }
 
 TEST(PictureReader, OrientationIsHonoured) {
@@ -120,20 +89,6 @@ TEST(PictureReader, OrientationIsHonoured) {
     }
 }
 
-// Opens with `enough` bytes, which leave out only what follows the picture, and not with fewer.
-void expect_refused_when_cut(FileBytes bytes, std::size_t enough) {
-    constexpr std::size_t kLongestSignature = 44; // shorter files may count as another format
-    bytes.resize(enough);
-    EXPECT_EQ(cause_of(bytes), "");
-    while (bytes.size() > 1) {
-        bytes.pop_back();
-        const std::string cause = cause_of(bytes);
-        ASSERT_NE(cause, "") << bytes.size();
-        if (bytes.size() < kLongestSignature) continue;
-        ASSERT_EQ(cause, "the picture is damaged or cut short") << bytes.size();
-    }
-}
-
 // A JPEG file with a small one, whose end mark is not the file's, in its headers.
 FileBytes with_thumbnail(const FileBytes& jpeg) {
     const auto length = static_cast<std::uint8_t>(jpeg.size() + 2 - 256);
@@ -145,11 +100,8 @@ TEST(PictureReader, CutFilesAreRefused) {
     for (const char* name :
          {"alpha.png", "arrow.cur", "cmyk.jpg", "deep.png", "deep24.bmp", "gray.png", "half.tif",
           "interlaced.png", "mono.bmp", "palette.bmp", "palette.png", "progressive.jpg", "runs.bmp",
-          "topdown.bmp", "trimmed.gif", "turned1.jpg", "two.ico"}) {
-        SCOPED_TRACE(name);
-        const FileBytes whole = data_bytes(name);
-        expect_refused_when_cut(whole, whole.size());
-    }
+          "topdown.bmp", "trimmed.gif", "turned1.jpg", "two.ico"})
+        expect_refused_when_cut(name);
     expect_refused_when_cut(data_bytes("four.ico"), 262);
     expect_refused_when_cut(data_bytes("quads.tif"), 332);
     expect_refused_when_cut(data_bytes("transparent.gif"), 119);
@@ -166,10 +118,8 @@ int opened_with_end_mark(FileBytes jpeg) {
 }
 
 TEST(PictureReader, AnEndMarkMakesNoPictureWhole) {
-    EXPECT_EQ(opened_with_end_mark(data_bytes("turned1.jpg")), 0);
-    EXPECT_EQ(opened_with_end_mark(data_bytes("cmyk.jpg")), 0);
-    EXPECT_EQ(opened_with_end_mark(with_thumbnail(data_bytes("turned1.jpg"))), 0);
-    EXPECT_EQ(opened_with_end_mark(data_bytes("progressive.jpg")), 0);
+    for (const char* name : {"turned1.jpg", "cmyk.jpg", "progressive.jpg"})
+        EXPECT_EQ(opened_with_end_mark(data_bytes(name)), 0) << name;
     EXPECT_NE(cause_of(data_bytes("one-pass.png")), "");
     EXPECT_NE(cause_of(bytes_of("P6 32 16 255\n")), "");
 }
@@ -181,6 +131,9 @@ TEST(PictureReader, OtherBytesAreAnErrorInOneLine) {
     EXPECT_EQ(cause_of(bytes_of({"lt\0\0\x36\6\0\0", 8}) + data_bytes("deep24.bmp")),
               "not a picture that can be read");
     EXPECT_EQ(cause_of({}), "the file is empty");
+    // Seven bits a pixel: the decoder's own words, or the system's.
+    EXPECT_THAT(cause_of(patched(data_bytes("deep24.bmp"), 28, {7})),
+                ::testing::MatchesRegex("[^\n]*[^\n.]"));
 }
 
 TEST(PictureReader, SizesThatCannotBe) {
