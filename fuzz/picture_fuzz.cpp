@@ -1,10 +1,12 @@
-// The bytes of a picture file all the way to a script, which an independent reader checks.
+// The bytes of a picture file, through an operation and all the way to a script, which an
+// independent reader checks.
+#include "png_checksums.h"
+
+#include "engine/image_process.h"
 #include "export/script_reader.h"
-#include "export/vectorize.h"
 #include "image/file_error.h"
 #include "image/picture_reader.h"
 #include "image/size_limit.h"
-#include "reduce/black_white.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -18,11 +20,11 @@
 namespace kelvane {
 namespace {
 
-// Reading a script back costs far more than writing it.
-constexpr int kLargestChecked = 64;
+// Larger ones are only read: an operation and reading a script back cost far more.
+constexpr int kLargestChecked = 200;
 constexpr double kSize = .25;
 
-std::optional<cDIBSection> decoded(std::span<const std::uint8_t> bytes) {
+std::optional<cDIBSection> decoded(Bytes bytes) {
     try {
         return decode_picture(bytes);
     } catch (const FileError&) {
@@ -41,13 +43,43 @@ std::string exported(const cDIBSection& picture, const ExportOptions& options) {
     return text;
 }
 
-void check(const cDIBSection& picture, ShapeKind shape) {
+// One after the other: filters, tone, dithering, another size.
+constexpr unsigned kOperations = kReserved + 5;
+
+void operate(unsigned operation, cDIBSection& picture) {
+    cImageProcessDIB engine;
+    cDIBSection buffer = picture.Copy();
+    if (operation > 0 && operation < kReserved) {
+        engine.set_FilterType(static_cast<int>(operation));
+        engine.ProcessImage(picture, buffer);
+    }
+    if (operation == kReserved) engine.GrayScale(picture);
+    if (operation == kReserved + 1) engine.NegativeImage(picture);
+    if (operation == kReserved + 2) engine.Lighten(picture, 40);
+    if (operation == kReserved + 3) engine.Steinberg(picture, buffer);
+    if (operation == kReserved + 4) picture = picture.Resample(29, 43);
+}
+
+std::vector<test::HalfPath> outlines(const test::Script& script, std::int16_t shape) {
+    if (shape == kShapePolygon) return script.polygons;
+    if (shape == kShapeWire) return script.chains;
+    std::vector<test::HalfPath> paths;
+    for (const test::HalfPath& corners : script.rectangles) {
+        const auto [left, bottom] = corners[0];
+        const auto [right, top] = corners[1];
+        paths.push_back({{left, bottom}, {right, bottom}, {right, top}, {left, top}});
+    }
+    return paths;
+}
+
+void check(const cDIBSection& picture, unsigned way) {
     ExportOptions options;
     options.size = kSize;
-    options.optPoly = shape;
+    options.optPoly = static_cast<std::int16_t>(way % 3);
+    options.exp = way >= 3; // rectangles only line by line
     const test::Script script = test::parse_script(exported(picture, options), kSize);
-    const std::string fault = test::coverage_fault(
-        shape == kShapeWire ? script.chains : script.polygons, test::dark_cells(picture.view()));
+    const std::string fault =
+        test::coverage_fault(outlines(script, options.optPoly), test::dark_cells(picture.view()));
     if (fault.empty()) return;
     std::fputs(fault.c_str(), stderr);
     std::abort();
@@ -56,13 +88,24 @@ void check(const cDIBSection& picture, ShapeKind shape) {
 } // namespace
 } // namespace kelvane
 
+extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t most);
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
+                                               std::size_t most, unsigned) {
+    size = LLVMFuzzerMutate(data, size, most);
+    kelvane::set_png_checksums({data, size});
+    return size;
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace kelvane;
     std::optional<cDIBSection> picture = decoded({data, size});
     if (!picture || !Render2(*picture)) return 0;
-    BlackAndWhite2(picture->view(), picture->view(), 128);
+    // What is done with the picture depends on the bytes, so that a finding can be repeated.
+    const unsigned choice = crc32(0, data, static_cast<uInt>(size));
     if (picture->Width() > kLargestChecked || picture->Height() > kLargestChecked) return 0;
-    check(*picture, kShapePolygon);
-    check(*picture, kShapeWire);
+    operate(choice % kOperations, *picture);
+    BlackAndWhite2(picture->view(), picture->view(), 128);
+    check(*picture, choice / kOperations % 5);
     return 0;
 }

@@ -269,6 +269,7 @@
 #define IDS_FILE_TOO_LARGE_FOR_BITMAP    6212
 #define IDS_FILE_NO_MEMORY               6213
 #define IDS_FILE_NO_COLOUR               6214
+#define IDS_FILE_NO_PIXELS               6215
 
 // A file that could not be opened by the converter.
 #define IDS_OPEN_ERROR_TITLE             7000

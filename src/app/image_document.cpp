@@ -30,6 +30,16 @@ cDIBSection resampled(const cDIBSection& picture, int width, int height) {
     return result;
 }
 
+// Empty for a picture without pixels, which is refused without a message.
+cDIBSection picture_of_any_size(const std::filesystem::path& file) {
+    try {
+        return read_picture(file);
+    } catch (const FileError& error) {
+        if (error.fault() != FileFault::kNoPixels) throw;
+        return {};
+    }
+}
+
 } // namespace
 
 ImageDocument::ImageDocument(const SettingsFile& settings, ProgressObserver* observer)
@@ -42,7 +52,7 @@ std::wstring ImageDocument::FileTitle() const {
 }
 
 bool ImageDocument::load(const std::filesystem::path& file, SizeLimit limit) {
-    cDIBSection picture = read_picture(file);
+    cDIBSection picture = picture_of_any_size(file);
     if (picture.empty()) return false;
     if (limit == SizeLimit::Reduce && !Render2(picture)) throw std::bad_alloc();
     m_cDIBWork = created(picture.Width(), picture.Height());

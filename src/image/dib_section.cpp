@@ -8,26 +8,21 @@
 #include <limits>
 
 namespace kelvane {
-namespace {
-
-// A bitmap's size field and row length are 32-bit numbers.
-bool fits_bitmap(int width, int height) {
-    if (width < 1 || height < 1 || width > (std::numeric_limits<int>::max() - 3) / 3) return false;
-    const std::int64_t bytes =
-        std::int64_t{cDIBSection::bytes_per_scan_line(width)} * std::int64_t{height};
-    return bytes <= std::numeric_limits<std::int32_t>::max();
-}
-
-} // namespace
-
 void copy_pixels(ConstImageView from, ImageView to) {
     for (int y = 0; y < to.height; ++y)
         std::memcpy(to.row(y), from.row(y), static_cast<std::size_t>(to.width) * 3);
 }
 
+// A bitmap's size field and row length are 32-bit numbers.
+bool cDIBSection::fits(std::int64_t width, std::int64_t height) {
+    constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+    if (width < 1 || height < 1 || width > (kMost - 3) / 3 || height > kMost) return false;
+    return std::int64_t{bytes_per_scan_line(static_cast<int>(width))} * height <= kMost;
+}
+
 bool cDIBSection::Create(int lWidth, int lHeight) {
     ClearUp();
-    if (!fits_bitmap(lWidth, lHeight)) return false;
+    if (!fits(lWidth, lHeight)) return false;
     store_ =
         PixelStore::create(lWidth, lHeight, static_cast<std::size_t>(bytes_per_scan_line(lWidth)));
     if (!store_) return false;

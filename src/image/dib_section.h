@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 
 namespace kelvane {
 
@@ -14,8 +15,21 @@ namespace kelvane {
 /// succeeds. Move-only: a copy is made by name (`Copy`, `Resample`), never by accident.
 class cDIBSection {
   public:
-    /// Replaces the picture by a black one of the given size. False, and empty, when a side is
-    /// below 1, the memory would pass 2 GB, or there is none left.
+    cDIBSection() = default;
+    /// The other picture becomes empty.
+    cDIBSection(cDIBSection&& other) noexcept { *this = std::move(other); }
+    cDIBSection& operator=(cDIBSection&& other) noexcept {
+        store_ = std::move(other.store_);
+        width_ = std::exchange(other.width_, 0);
+        height_ = std::exchange(other.height_, 0);
+        return *this;
+    }
+
+    /// Whether there can be a picture of this size: both sides at least 1, less than 2 GB.
+    static bool fits(std::int64_t width, std::int64_t height);
+
+    /// Replaces the picture by a black one of the given size. False, and empty, when that
+    /// size does not fit or there is no memory left.
     bool Create(int lWidth, int lHeight);
     /// Gives the pixels back; the object is empty and can be created anew.
     void ClearUp();

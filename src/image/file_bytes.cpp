@@ -22,6 +22,8 @@ constexpr std::size_t kLargestFile = std::size_t{1} << 31;
 std::vector<std::uint8_t> read_file_bytes(const std::filesystem::path& file) {
     std::error_code ignored;
     if (std::filesystem::is_directory(file, ignored)) throw FileError(FileFault::kIsFolder);
+    const std::uintmax_t size = std::filesystem::file_size(file, ignored);
+    if (!ignored && size > kLargestFile) throw FileError(FileFault::kOver2Gb);
     errno = 0;
     std::ifstream in(file, std::ios::binary);
     if (!in) fail_with_errno(errno);

@@ -20,6 +20,7 @@ constexpr const char* kPhrases[] = {
     "the picture is damaged or cut short",
     "not a picture that can be read",
     "there is no picture in the file",
+    "the picture has no pixels",
     "the picture is too large",
     "the picture is too large for a bitmap file",
     "there is not enough memory for the picture",

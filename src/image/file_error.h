@@ -22,12 +22,13 @@ enum class FileFault {
     kDamaged,
     kUnknownFormat,
     kNoPicture,
+    kNoPixels, // the width or the height is 0
     kTooLarge,
     kTooLargeForBitmap,
     kNoMemory,
     kNoColour, // in the line that `detail` names
 };
-inline constexpr std::size_t kFileFaults = 16;
+inline constexpr std::size_t kFileFaults = 17;
 
 /// Why a file could not be read or written: `what` is an English phrase for the user that follows
 /// the file's name.

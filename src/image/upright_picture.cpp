@@ -2,7 +2,9 @@
 
 #include "image/file_error.h"
 
+#include <algorithm>
 #include <array>
+#include <cstring>
 #include <utility>
 
 namespace kelvane {
@@ -28,13 +30,45 @@ Turn turn_of(int orientation) {
     return kTurns[static_cast<std::size_t>(orientation - 1)];
 }
 
+// `shown` makes a channel of the picture from one of the file and the pixel's alpha.
+template <class Shown>
+void put_pixels(std::uint8_t* to, std::ptrdiff_t step, const std::uint8_t* from, int count,
+                const PixelLayout& layout, Shown shown) {
+    for (int x = 0; x < count; ++x, from += layout.bytes, to += step) {
+        const int alpha = layout.alpha < 0 ? 255 : from[layout.alpha];
+        to[0] = shown(from[layout.blue], alpha);
+        to[1] = shown(from[layout.green], alpha);
+        to[2] = shown(from[layout.red], alpha);
+    }
+}
+
 } // namespace
 
-UprightPicture::UprightPicture(int width, int height, int orientation) : width_(width) {
-    const Turn turn = turn_of(orientation);
-    if (!picture_.Create(turn.swap_axes ? height : width, turn.swap_axes ? width : height))
-        throw FileError(FileFault::kTooLarge);
+void UprightPicture::begin(int width, int height, int orientation) {
+    if (!placement_) return turn(width, height, orientation);
+    create(placement_->canvas_width, placement_->canvas_height);
     const ImageView view = picture_.view();
+    std::memset(view.row(0), 255,
+                static_cast<std::size_t>(view.row_step) * static_cast<std::size_t>(view.height));
+    columns_ = std::clamp(view.width - placement_->left, 0, width);
+    rows_ = columns_ > 0 ? std::clamp(view.height - placement_->top, 0, height) : 0;
+    if (rows_ == 0) return;
+    right_ = 3;
+    down_ = -view.row_step;
+    origin_ = view.pixel(placement_->left, view.height - 1 - placement_->top);
+}
+
+void UprightPicture::create(int width, int height) {
+    if (!cDIBSection::fits(width, height)) throw FileError(FileFault::kTooLarge);
+    if (!picture_.Create(width, height)) throw FileError(FileFault::kNoMemory);
+}
+
+void UprightPicture::turn(int width, int height, int orientation) {
+    const Turn turn = turn_of(orientation);
+    create(turn.swap_axes ? height : width, turn.swap_axes ? width : height);
+    const ImageView view = picture_.view();
+    columns_ = width;
+    rows_ = height;
     right_ = 3;
     down_ = -view.row_step;
     if (turn.swap_axes) std::swap(right_, down_);
@@ -50,13 +84,9 @@ UprightPicture::UprightPicture(int width, int height, int orientation) : width_(
 }
 
 void UprightPicture::put_row(int y, const std::uint8_t* pixels, const PixelLayout& layout) {
-    std::uint8_t* to = origin_ + down_ * y;
-    for (int x = 0; x < width_; ++x, pixels += layout.bytes, to += right_) {
-        const int alpha = layout.alpha < 0 ? 255 : pixels[layout.alpha];
-        to[0] = on_white(pixels[layout.blue], alpha);
-        to[1] = on_white(pixels[layout.green], alpha);
-        to[2] = on_white(pixels[layout.red], alpha);
-    }
+    if (y >= rows_) return;
+    put_pixels(origin_ + down_ * y, right_, pixels, columns_, layout,
+               layout.premultiplied ? premultiplied_on_white : on_white);
 }
 
 } // namespace kelvane

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "image/dib_section.h"
+#include "image/placement.h"
+
+#include <optional>
 
 namespace kelvane {
 
@@ -11,8 +14,9 @@ struct PixelLayout {
     int blue;
     int green;
     int red;
-    /// Straight (not premultiplied) alpha; negative when pixels have none.
-    int alpha;
+    int alpha; ///< negative when pixels have none
+    /// The other channels are multiplied by the alpha.
+    bool premultiplied = false;
 };
 
 /// What a channel of straight alpha shows on white paper, rounded to the nearest; alpha 0 gives
@@ -21,13 +25,22 @@ constexpr std::uint8_t on_white(int channel, int alpha) {
     return static_cast<std::uint8_t>((channel * alpha + 255 * (255 - alpha) + 127) / 255);
 }
 
+/// The same for a channel that is multiplied by its alpha; one above its alpha shows as white.
+constexpr std::uint8_t premultiplied_on_white(int channel, int alpha) {
+    return static_cast<std::uint8_t>(channel > alpha ? 255 : channel + 255 - alpha);
+}
+
 /// A picture that is filled with the rows of a file, top row first.
 class UprightPicture {
   public:
+    /// With a placement, the rows fill their part of a canvas that is white elsewhere.
+    explicit UprightPicture(std::optional<Placement> placement = std::nullopt)
+        : placement_(placement) {}
+
     /// `width` and `height` are the file's, before turning; `orientation` is the mark of EXIF and
-    /// TIFF, 1 to 8, anything else counts as 1 (upright). Throws `FileError` when there is no
-    /// room for the picture.
-    UprightPicture(int width, int height, int orientation);
+    /// TIFF, 1 to 8, anything else counts as 1 (upright), as it does with a placement. Throws
+    /// `FileError` when there is no room for the picture.
+    void begin(int width, int height, int orientation);
 
     /// Takes row `y` of the file, counted from the top: `width` pixels.
     void put_row(int y, const std::uint8_t* pixels, const PixelLayout& layout);
@@ -35,8 +48,14 @@ class UprightPicture {
     cDIBSection take() { return std::move(picture_); }
 
   private:
+    void create(int width, int height);
+    void turn(int width, int height, int orientation);
+
+    std::optional<Placement> placement_;
     cDIBSection picture_;
-    int width_;
+    // How much of the file's rows is shown.
+    int columns_ = 0;
+    int rows_ = 0;
     // The file's top left pixel in the picture, and the bytes to its right and lower neighbours.
     std::uint8_t* origin_ = nullptr;
     std::ptrdiff_t right_ = 0;

@@ -1,7 +1,5 @@
 #include "platform/ole_picture_windows.h"
 
-#include "image/upright_picture.h"
-
 #include <ocidl.h>
 #include <olectl.h>
 
@@ -44,19 +42,11 @@ Extent extent_of(IPicture& picture) {
     return extent;
 }
 
-// The loader derives the extent of anything made of pixels from the screen's resolution; that of
-// a metafile is its own.
-Size size_in_pixels(IPicture& picture, Extent extent) {
-    SHORT kind = PICTYPE_UNINITIALIZED;
-    throw_if_failed(picture.get_Type(&kind));
-    const bool metafile = kind == PICTYPE_METAFILE || kind == PICTYPE_ENHMETAFILE;
-    int dpi = 96;
-    if (!metafile) {
-        const Device screen(CreateCompatibleDC(nullptr));
-        if (screen) dpi = GetDeviceCaps(screen.get(), LOGPIXELSX);
-    }
-    const double width = std::abs(static_cast<double>(extent.width)) * dpi / 2540;
-    const double height = std::abs(static_cast<double>(extent.height)) * dpi / 2540;
+Size size_in_pixels(Extent extent) {
+    constexpr double kDotsPerInch = 96;
+    constexpr double kHundredthsPerInch = 2540;
+    const double width = std::abs(extent.width * kDotsPerInch / kHundredthsPerInch);
+    const double height = std::abs(extent.height * kDotsPerInch / kHundredthsPerInch);
     const double scale = std::min(1.0, kLongestSide / std::max({width, height, 1.0}));
     return {std::max(1, static_cast<int>(std::lround(width * scale))),
             std::max(1, static_cast<int>(std::lround(height * scale)))};
@@ -99,21 +89,20 @@ class Paper {
 
 } // namespace
 
-cDIBSection ole_picture(IStream& stream, LONG size) {
+void read_ole_picture(IStream& stream, LONG size, UprightPicture& to) {
     ComPtr<IPicture> picture;
     if (FAILED(OleLoadPicture(&stream, size, FALSE, IID_PPV_ARGS(&picture))) || !picture)
         throw FileError(FileFault::kUnknownFormat);
     const Extent extent = extent_of(*picture.Get());
-    const Size pixels = size_in_pixels(*picture.Get(), extent);
+    const Size pixels = size_in_pixels(extent);
     const Paper paper(pixels);
     // From the bottom up, as the picture's own coordinates run.
     throw_if_failed(picture->Render(paper.device(), 0, 0, pixels.width, pixels.height, 0,
                                     extent.height, extent.width, -extent.height, nullptr));
     GdiFlush();
-    UprightPicture result(pixels.width, pixels.height, 1);
+    to.begin(pixels.width, pixels.height, 1);
     for (int y = 0; y < pixels.height; ++y)
-        result.put_row(y, paper.row(y), kBgrx);
-    return result.take();
+        to.put_row(y, paper.row(y), kBgrx);
 }
 
 } // namespace kelvane

@@ -1,13 +1,13 @@
-// Pictures through the OLE picture loader: metafiles, cursors and other old formats.
+// Metafiles through the OLE picture loader.
 #pragma once
 
-#include "image/dib_section.h"
+#include "image/upright_picture.h"
 #include "platform/com_windows.h"
 
 namespace kelvane {
 
-/// The picture of `size` bytes that begins where `stream` stands, drawn on white paper. Metafiles
-/// come at their natural size at 96 dpi, at most 4096 pixels a side. Throws `FileError`.
-cDIBSection ole_picture(IStream& stream, LONG size);
+/// Draws the metafile of `size` bytes that begins where `stream` stands: at its natural size at 96
+/// dpi, at most 4096 pixels a side, on white paper. Throws `FileError`.
+void read_ole_picture(IStream& stream, LONG size, UprightPicture& to);
 
 } // namespace kelvane

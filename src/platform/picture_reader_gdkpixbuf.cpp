@@ -1,6 +1,6 @@
 // Pictures through gdk-pixbuf.
-#include "image/photo_marks.h"
 #include "image/picture_reader.h"
+#include "image/tiff_format.h"
 #include "image/upright_picture.h"
 
 #include <gdk-pixbuf/gdk-pixbuf.h>
@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +17,7 @@ namespace {
 
 constexpr PixelLayout kRgb = {3, 2, 1, 0, -1};
 constexpr PixelLayout kRgba = {4, 2, 1, 0, 3};
+constexpr PixelLayout kPremultipliedRgba = {4, 2, 1, 0, 3, true};
 
 struct Unref {
     void operator()(gpointer object) const { g_object_unref(object); }
@@ -45,20 +45,21 @@ std::string phrase(std::string text) {
 // What the loader tells while it reads.
 struct Progress {
     bool too_large = false;
-    // Rows that have come. Loaders leave those that a short file does not hold as they are, and
-    // report no error.
+    // Rows that have come; empty until the first one. Loaders leave those that a short file does
+    // not hold as they are, and report no error.
     std::vector<bool> rows;
 
-    bool complete() const { return std::find(rows.begin(), rows.end(), false) == rows.end(); }
+    bool complete() const {
+        return !rows.empty() && std::find(rows.begin(), rows.end(), false) == rows.end();
+    }
 };
 
-// Called with the size that the file claims, before there is memory for it. Asking for a tiny
-// picture keeps the loader from taking that memory.
+// Called with the size that the file claims, before there is memory for it. Asked for a picture of
+// no pixels, a loader takes none and gives up.
 void on_size(GdkPixbufLoader* loader, gint width, gint height, gpointer progress) {
-    const std::int64_t bytes = (std::int64_t{width} * 3 + 3) / 4 * 4 * height;
-    if (bytes <= std::numeric_limits<std::int32_t>::max()) return;
+    if (cDIBSection::fits(width, height)) return;
     static_cast<Progress*>(progress)->too_large = true;
-    gdk_pixbuf_loader_set_size(loader, 1, 1);
+    gdk_pixbuf_loader_set_size(loader, 0, 0);
 }
 
 void on_area(GdkPixbufLoader* loader, gint, gint y, gint, gint height, gpointer progress) {
@@ -72,10 +73,9 @@ void on_area(GdkPixbufLoader* loader, gint, gint y, gint, gint height, gpointer 
         rows[static_cast<std::size_t>(row)] = true;
 }
 
-bool feed(GdkPixbufLoader* loader, std::span<const std::uint8_t> bytes, const Progress& progress,
-          GError** error) {
-    // In blocks, so that a refused size stops the work after its header.
-    constexpr std::size_t kBlock = 65536;
+bool feed(GdkPixbufLoader* loader, Bytes bytes, const Progress& progress, GError** error) {
+    // The GIF loader's time grows with the number of blocks and with the size of a block.
+    constexpr std::size_t kBlock = std::size_t{1} << 20;
     while (!bytes.empty() && !progress.too_large) {
         const std::size_t size = std::min(kBlock, bytes.size());
         if (!gdk_pixbuf_loader_write(loader, bytes.data(), size, error)) return false;
@@ -84,7 +84,7 @@ bool feed(GdkPixbufLoader* loader, std::span<const std::uint8_t> bytes, const Pr
     return true;
 }
 
-Pixbuf decode(std::span<const std::uint8_t> bytes) {
+Pixbuf decode(Bytes bytes) {
     const Loader loader(gdk_pixbuf_loader_new());
     Progress progress;
     g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(on_size), &progress);
@@ -107,21 +107,36 @@ int orientation_of(GdkPixbuf* decoded) {
     return mark ? std::atoi(mark) : 1;
 }
 
+// libtiff multiplies the channels of a colour picture by its alpha, except where the file does not
+// say what its fourth channel is; it leaves gray pictures as they are.
+bool is_premultiplied(Bytes file_bytes) {
+    constexpr std::uint32_t kPhotometric = 262;
+    constexpr std::uint32_t kExtraSamples = 338;
+    constexpr std::uint32_t kBlackIsZero = 1; // 0 is white is zero, above are colours
+    enum : std::uint32_t { kUnspecified, kPremultipliedAlpha };
+    if (!is_tiff(file_bytes)) return false;
+    const TiffDirectory directory(file_bytes);
+    const std::uint32_t extra = directory.number(kExtraSamples, kUnspecified);
+    const bool gray = directory.number(kPhotometric, 0) <= kBlackIsZero;
+    return gray ? extra == kPremultipliedAlpha : extra != kUnspecified;
+}
+
+const PixelLayout& layout_of(GdkPixbuf* decoded, Bytes file_bytes) {
+    if (!gdk_pixbuf_get_has_alpha(decoded)) return kRgb;
+    return is_premultiplied(file_bytes) ? kPremultipliedRgba : kRgba;
+}
+
 } // namespace
 
-cDIBSection decode_picture(std::span<const std::uint8_t> file_bytes) {
-    if (file_bytes.empty()) throw FileError(FileFault::kEmpty);
-    if (!is_complete(file_bytes)) throw FileError(FileFault::kDamaged);
+void decode_rows(Bytes file_bytes, UprightPicture& picture) {
     const Pixbuf decoded = decode(file_bytes);
-    const int width = gdk_pixbuf_get_width(decoded.get());
     const int height = gdk_pixbuf_get_height(decoded.get());
     const std::ptrdiff_t step = gdk_pixbuf_get_rowstride(decoded.get());
     const guint8* pixels = gdk_pixbuf_read_pixels(decoded.get());
-    const PixelLayout& layout = gdk_pixbuf_get_has_alpha(decoded.get()) ? kRgba : kRgb;
-    UprightPicture picture(width, height, orientation_of(decoded.get()));
+    const PixelLayout& layout = layout_of(decoded.get(), file_bytes);
+    picture.begin(gdk_pixbuf_get_width(decoded.get()), height, orientation_of(decoded.get()));
     for (int y = 0; y < height; ++y)
         picture.put_row(y, pixels + step * y, layout);
-    return picture.take();
 }
 
 } // namespace kelvane

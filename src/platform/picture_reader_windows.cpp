@@ -1,5 +1,6 @@
-// Pictures through WIC, then through the OLE picture loader.
-#include "image/photo_marks.h"
+// Pictures through WIC, metafiles through the OLE picture loader.
+#include "image/metafile_format.h"
+#include "image/orientation.h"
 #include "image/picture_reader.h"
 #include "platform/com_windows.h"
 #include "platform/ole_picture_windows.h"
@@ -8,7 +9,7 @@
 namespace kelvane {
 namespace {
 
-ComPtr<IStream> stream_over(IWICImagingFactory& factory, std::span<const std::uint8_t> bytes) {
+ComPtr<IStream> stream_over(IWICImagingFactory& factory, Bytes bytes) {
     ComPtr<IWICStream> stream;
     throw_if_failed(factory.CreateStream(&stream));
     // The stream is only read from.
@@ -19,17 +20,16 @@ ComPtr<IStream> stream_over(IWICImagingFactory& factory, std::span<const std::ui
 
 } // namespace
 
-cDIBSection decode_picture(std::span<const std::uint8_t> file_bytes) {
-    if (file_bytes.empty()) throw FileError(FileFault::kEmpty);
-    if (!is_complete(file_bytes)) throw FileError(FileFault::kDamaged);
+void decode_rows(Bytes file_bytes, UprightPicture& picture) {
     const ComScope com;
     ComPtr<IWICImagingFactory> factory;
     throw_if_failed(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
                                      IID_PPV_ARGS(&factory)));
     const ComPtr<IStream> stream = stream_over(*factory.Get(), file_bytes);
-    const ComPtr<IWICBitmapDecoder> decoder = wic_decoder(*factory.Get(), *stream.Get());
-    if (decoder) return wic_picture(*factory.Get(), *decoder.Get(), orientation_mark(file_bytes));
-    return ole_picture(*stream.Get(), static_cast<LONG>(file_bytes.size()));
+    // Only metafiles: the loader's other decoders can crash on bytes that are no picture.
+    if (is_metafile(file_bytes))
+        return read_ole_picture(*stream.Get(), static_cast<LONG>(file_bytes.size()), picture);
+    read_wic_picture(*factory.Get(), *stream.Get(), orientation_mark(file_bytes), picture);
 }
 
 } // namespace kelvane

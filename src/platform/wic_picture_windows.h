@@ -1,19 +1,16 @@
-// Pictures through WIC: PNG, JPEG, TIFF, GIF, BMP, ICO and whatever the system has codecs for.
+// Pictures through WIC: PNG, JPEG, TIFF, GIF, BMP, icons and whatever the system has codecs for.
 #pragma once
 
-#include "image/dib_section.h"
+#include "image/upright_picture.h"
 #include "platform/com_windows.h"
 
 #include <wincodec.h>
 
 namespace kelvane {
 
-/// The decoder for the picture at the start of `stream`; null when WIC cannot begin to read
-/// it, the stream then stands at its start again.
-ComPtr<IWICBitmapDecoder> wic_decoder(IWICImagingFactory& factory, IStream& stream);
-
-/// The first picture of the file, of an icon the largest, turned by `orientation` (1 to 8) and
-/// on white paper. Throws `FileError`.
-cDIBSection wic_picture(IWICImagingFactory& factory, IWICBitmapDecoder& decoder, int orientation);
+/// Reads the first picture of the file in `stream` into `to`, which is told to turn it by
+/// `orientation` (1 to 8). Throws `FileError`.
+void read_wic_picture(IWICImagingFactory& factory, IStream& stream, int orientation,
+                      UprightPicture& to);
 
 } // namespace kelvane

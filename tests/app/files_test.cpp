@@ -66,6 +66,8 @@ TEST_F(Files, WhatDoesNotOpenLeavesNoWindow) {
         EXPECT_EQ(script.messages().back().find(L"ImageMagick") != std::wstring::npos,
                   name == std::wstring(L"rubbish.png"));
     }
+    write_text(folder / "empty.gif", {"GIF89a\0\0\1\0\0\0\0;", 14});
+    main.open_file(path(L"empty.gif")); // no columns, and no message
     EXPECT_TRUE(main.forms().empty());
     EXPECT_EQ(main.active_form(), nullptr);
     EXPECT_EQ(main.recent_files().FileCount(), 0);

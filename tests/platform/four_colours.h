@@ -1,4 +1,4 @@
-// The picture that every data file holds: four quarters of one colour each.
+// The data files, and the picture that most of them hold: four quarters of one colour each.
 #pragma once
 
 #include "image/picture_reader.h"
@@ -18,6 +18,48 @@ constexpr Quarters kFourColours{kRed, kGreen, kBlue, kWhite};
 
 inline std::filesystem::path data_file(const std::string& name) {
     return std::filesystem::path(KELVANE_TEST_DATA) / "pictures" / name;
+}
+
+using FileBytes = std::vector<std::uint8_t>;
+
+inline FileBytes bytes_of(const std::string& text) {
+    return {text.begin(), text.end()};
+}
+
+inline FileBytes data_bytes(const std::string& name) {
+    return bytes_of(file_text(data_file(name)));
+}
+
+/// The bytes with others at offset `at`.
+inline FileBytes patched(FileBytes bytes, std::size_t at, const FileBytes& others) {
+    std::ranges::copy(others, bytes.begin() + static_cast<std::ptrdiff_t>(at));
+    return bytes;
+}
+
+/// Why there is no picture; empty when there is one.
+inline std::string cause_of(const FileBytes& bytes) {
+    try {
+        decode_picture(bytes);
+    } catch (const FileError& error) {
+        return error.what();
+    }
+    return "";
+}
+
+/// Opens with `enough` bytes, which leave out only what follows the picture, and not with fewer.
+inline void expect_refused_when_cut(FileBytes bytes, std::size_t enough) {
+    bytes.resize(enough);
+    EXPECT_EQ(cause_of(bytes), "");
+    for (bytes.pop_back(); bytes.size() > 44; bytes.pop_back())
+        ASSERT_EQ(cause_of(bytes), "the picture is damaged or cut short") << bytes.size();
+    for (; !bytes.empty(); bytes.pop_back()) // may count as another format
+        ASSERT_NE(cause_of(bytes), "") << bytes.size();
+}
+
+/// The same for a data file that ends with its picture.
+inline void expect_refused_when_cut(const std::string& name) {
+    SCOPED_TRACE(name);
+    expect_refused_when_cut(data_bytes(name), data_bytes(name).size());
 }
 
 inline int largest_difference(const cDIBSection& picture, const Quarters& expected) {

@@ -1,0 +1,14 @@
+// PNG files.
+#pragma once
+
+#include "image/completeness.h"
+
+namespace kelvane {
+
+bool is_png(Bytes file_bytes);
+
+/// Whether all chunks up to the end mark are there, the checksums of those that decoding needs are
+/// right, and the compressed data holds every row of every interlace pass.
+Completeness png_completeness(Bytes file_bytes);
+
+} // namespace kelvane
