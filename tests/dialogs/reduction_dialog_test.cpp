@@ -27,7 +27,7 @@ TEST(ReductionPreviewTest, DetailIsTheReducedPictureWhereverItIs) {
     const cDIBSection picture = random_picture(97, 61, 1);
     for (const Reduction& reduction : kEvery) {
         cDIBSection whole = picture.Copy();
-        ASSERT_TRUE(reduce_picture(whole, reduction));
+        ASSERT_TRUE(cImageProcessDIB().Reduce(whole, reduction));
         ReductionPreview preview(picture, 20);
         for (const auto& [x, y] : {std::pair(10, 6), std::pair(0, 0), std::pair(19, 12),
                                    std::pair(-50, 500), std::pair(7, 9)}) {
@@ -48,7 +48,7 @@ TEST(ReductionPreviewTest, OverviewAveragesReducedPixels) {
     // 40 x 40 into 20 x 20: every row takes part, two by two.
     const cDIBSection picture = random_picture(40, 40, 2);
     cDIBSection whole = picture.Copy();
-    ASSERT_TRUE(reduce_picture(whole, kEvery[1]));
+    ASSERT_TRUE(cImageProcessDIB().Reduce(whole, kEvery[1]));
     ReductionPreview preview(picture, 20);
     preview.update(kEvery[1]);
     for (int y = 0; y < 20; ++y)
