@@ -61,7 +61,7 @@ TEST_F(ConverterDialogs, AnInstalledProgramIsProposedToStartWith) {
 TEST_F(ConverterDialogs, WhatIsNoProgramOfImageMagickIsRefused) {
     const std::wstring convert = program(L"Convert.exe");
     const std::wstring other = program(L"other.exe");
-    places.IsImageMagick = [&](const std::wstring& file) { return file != other; };
+    places.IsImageMagick = [&](const std::wstring& file, auto&) { return file != other; };
     show(places, IDCANCEL, [&](HWND window) {
         expect_refused(window);
         expect_refused(window, IDC_MAGICK_CONVERT, scratch.path().wstring());
@@ -72,6 +72,37 @@ TEST_F(ConverterDialogs, WhatIsNoProgramOfImageMagickIsRefused) {
     });
     EXPECT_THAT(script.messages().front(), testing::HasSubstr(L"select the file Convert.exe"));
     EXPECT_THAT(script.messages().back(), testing::HasSubstr(L"not part of ImageMagick: " + other));
+    EXPECT_FALSE(std::filesystem::exists(scratch.ini()));
+}
+
+void handle_messages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageW(&message);
+}
+
+TEST_F(ConverterDialogs, NothingElseHappensDuringTheCheck) {
+    const std::wstring magick = program(L"Magick.exe");
+    int checks = 0;
+    // The user presses other buttons meanwhile, gives up the first check and closes in the second.
+    places.IsImageMagick = [&](const std::wstring&, const KeepWaiting& keep_waiting) {
+        const HWND window = places.window();
+        for (const int button : {IDOK, IDC_MAGICK_CONVERT_BROWSE, IDC_MAGICK_DOWNLOAD})
+            PostMessageW(window, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED), 0);
+        if (++checks == 2) PostMessageW(window, WM_CLOSE, 0, 0);
+        handle_messages();
+        EXPECT_EQ(keep_waiting(), checks == 1);
+        return checks == 1 ? std::nullopt : std::optional(true);
+    };
+    show(places, IDCANCEL, [&](HWND window) {
+        type_text(window, IDC_MAGICK_CONVERT, magick);
+        press(window, IDOK); // no message
+        EXPECT_TRUE(IsWindowVisible(window));
+        press(window, IDOK);
+        EXPECT_FALSE(IsWindowVisible(window)) << "not closed";
+    });
+    EXPECT_EQ(checks, 2);
+    EXPECT_THAT(opened, testing::IsEmpty());
     EXPECT_FALSE(std::filesystem::exists(scratch.ini()));
 }
 

@@ -92,7 +92,8 @@ TEST(ReductionPreviewTest, PicturesOfEverySizeHaveAPreview) {
 }
 
 struct ReductionDialogTest : DialogTest {
-    const cDIBSection picture = random_picture(300, 200, 1);
+    ReductionDialogTest() { refusal_icon = L'i'; }
+    const cDIBSection picture = random_picture(300, 280, 1);
     frmSW dialog{settings, picture};
 };
 
@@ -169,9 +170,13 @@ TEST_F(ReductionDialogTest, DraggingAndArrowKeysMoveTheDetail) {
         EXPECT_EQ(GetFocus(), overview);
         EXPECT_EQ(GetNextDlgTabItem(window, GetDlgItem(window, IDOK), TRUE), overview);
         EXPECT_TRUE(SendMessageW(overview, WM_GETDLGCODE, 0, 0) & DLGC_WANTARROWS);
-        for (const int left : {27, 54, 80, 80}) {
-            SendMessageW(overview, WM_KEYDOWN, VK_RIGHT, 0);
-            EXPECT_EQ(dialog.preview().detail_area().left, left);
+        const PixelArea& area = dialog.preview().detail_area();
+        const std::array<int, 3> kSteps[] = {{VK_RIGHT, 27, 0}, {VK_DOWN, 27, 27},
+                                             {VK_DOWN, 27, 54}, {VK_DOWN, 27, 60},
+                                             {VK_LEFT, 0, 60},  {VK_UP, 0, 33}};
+        for (const auto& [key, left, top] : kSteps) {
+            SendMessageW(overview, WM_KEYDOWN, static_cast<WPARAM>(key), 0);
+            EXPECT_EQ(std::pair(area.left, area.top), std::pair(left, top)) << key;
         }
     });
 }

@@ -183,11 +183,28 @@ TEST_F(AboutBox, SaysWhenThereIsNoSystemInformation) {
     frmAbout dialog(L"1.2.3", L"no such program.exe");
     show(dialog, IDOK, [this](HWND window) {
         EXPECT_EQ(text_of(window, IDC_ABOUT_VERSION), L"Version 1.2.3");
-        script.expect_message(IDOK);
+        script.expect_message(win::window_text(window) +
+                              L" ! [OK]: The system information is not available at this time.");
         press(window, IDC_ABOUT_SYSTEM_INFO);
     });
-    EXPECT_THAT(script.messages(),
-                ElementsAre(L"The system information is not available at this time."));
+}
+
+TEST_F(AboutBox, StandsInTheMiddleOfItsOwnerButOnTheScreen) {
+    const LONG right = GetSystemMetrics(SM_CXSCREEN), bottom = GetSystemMetrics(SM_CYSCREEN);
+    for (const POINT middle : {POINT{500, 400}, POINT{10, 10}, POINT{right - 10, bottom - 10}}) {
+        const HWND owner =
+            CreateWindowW(L"STATIC", L"", WS_POPUP | WS_VISIBLE, middle.x - 50, middle.y - 50, 100,
+                          100, nullptr, nullptr, nullptr, nullptr);
+        script.expect_dialog([&](HWND window) {
+            RECT place{};
+            GetWindowRect(window, &place);
+            const LONG width = place.right - place.left, height = place.bottom - place.top;
+            EXPECT_EQ(place.left, std::clamp((2 * middle.x - width) / 2, 0L, right - width));
+            EXPECT_EQ(place.top, std::clamp((2 * middle.y - height) / 2, 0L, bottom - height));
+        });
+        frmAbout(L"1.2.3").show_modal(owner);
+        DestroyWindow(owner);
+    }
 }
 
 } // namespace
