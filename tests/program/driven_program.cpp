@@ -14,7 +14,7 @@ namespace {
 constexpr DWORD kLook = 10; // milliseconds between two looks
 // Milliseconds. Only a fault makes anybody wait so long: under load a file dialog of Wine stands
 // still for several times five seconds.
-constexpr DWORD kPatience = 120000;
+constexpr DWORD kPatience = 60000;
 
 [[noreturn]] void fail(const std::string& what) {
     throw std::runtime_error(what);

@@ -79,10 +79,10 @@ TEST_F(SettingsFileTest, ValuesOfEveryScriptSurvive) {
         EXPECT_EQ(file.ReadIniValue(L"s", L"k"), value);
     }
     for (const std::wstring& end : {L"\r"s, L"\n"s, L"\0"s}) {
-        file.WriteIniValue(L"s", L"k", L"one" + end + L"[global]\r\nlanguage=0");
-        EXPECT_EQ(file.ReadIniValue(L"s", L"k"), L"one");
+        file.WriteIniValue(L"s", L"k", L" one" + end + L"other=1");
+        EXPECT_EQ(file.ReadIniValue(L"s", L"k"), L" one");
+        EXPECT_EQ(file.ReadIniValue(L"s", L"other"), L"");
     }
-    EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
     // Empty is missing, and what is no number is 0: German.
     file.WriteIniValue(L"global", L"language", L"");
     EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
@@ -103,6 +103,7 @@ TEST_F(SettingsFileTest, AnOlderFileKeepsWhatIsNotOurs) {
     write_setting(file, settings::kSaveFolder, L"C:\\pics\\");
     EXPECT_EQ(scratch.bytes().substr(0, 6), "; mine") << "turned into UTF-16 without need";
     write_setting(file, settings::kOpenFolder, kEveryScript);
+    write_setting(file, settings::kConvertProgram, kEveryScript);
     EXPECT_EQ(scratch.bytes().substr(0, 4), std::string("\xFF\xFE;\0", 4));
     EXPECT_EQ(read_setting(file, settings::kOpenFolder), kEveryScript);
     EXPECT_EQ(read_setting(file, settings::kSaveFolder), L"C:\\pics\\");
@@ -155,6 +156,7 @@ TEST_F(SettingsFileTest, RubbishAndSizeDoNoHarm) {
         read_setting(file, settings::kOpenFolder);
         EXPECT_GE(scratch.bytes().size(), bytes.size() / 2) << "the user's file was cut down";
     }
+    EXPECT_EQ(scratch.bytes().substr(0, 9), "[section]") << "too large to be rewritten";
 }
 
 using Folders = SettingsFileTest;

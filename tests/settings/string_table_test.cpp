@@ -73,7 +73,7 @@ TEST(StringTable, LanguageSwitchesAndFieldsAreFilled) {
     EXPECT_EQ(LoadString(IDS_SUBIMAGE_NUMBER, {L"3"}), L"Image 3 of %2");
     set_language_offset(kGermanOffset);
     EXPECT_EQ(LoadString(IDS_MENU_UNDO), L"&Rückgängig");
-    for (const int offset : {5000, -1000000, 0x7FFFFFFF}) {
+    for (const int offset : {5000, -1000000, 0x10000}) {
         set_language_offset(offset);
         EXPECT_THROW(LoadString(IDS_TITLE), MissingTextError) << offset;
     }
