@@ -22,6 +22,7 @@ TEST_F(Closing, DocumentAsksOnlyWhenChanged) {
     script.expect_message(IDNO);
     choose(kCmdClose);
     EXPECT_TRUE(main.forms().empty());
+    EXPECT_EQ(status(0).substr(0, 10), L" Complete.");
     EXPECT_EQ(status(1), L" ");
 }
 

@@ -64,18 +64,15 @@ TEST_F(Document, EdgesLeaveTheFirstColumnAndTheLowestRowAsTheyWere) {
     load(drawn({"#..##", //
                 ".#..#", //
                 "#.#.#"}));
-    const auto expect_edges = [&] {
+    for (const bool fresh : {true, false}) {
+        if (!fresh) document.ProcessImage(kEmboss); // leaves other pixels in the buffer
+        if (!fresh) document.Undo();
         document.edgeDetect(100);
         EXPECT_TRUE(same_pixels(document.picture(), drawn({"##.#.", //
                                                            ".##.#", //
                                                            "#.#.#"})));
-    };
-    expect_edges();
-    document.Undo();
-    document.ProcessImage(kEmboss); // leaves other pixels in the buffer
-    document.Undo();
-    expect_edges();
-
+        document.Undo();
+    }
     load(flat_picture(8, 6, 255, 255, 255));
     document.edgeDetect(40);
     document.Vectorize(folder / "empty.scr", ExportOptions());
@@ -89,6 +86,9 @@ TEST_F(Document, UndoTakesBackItselfAndAnotherSize) {
     document.Resample(20, 10); // to its own size: only marks it changed
     EXPECT_TRUE(document.Dirty());
     EXPECT_FALSE(document.undoEnable());
+    document.Resample(20, 5);
+    expect_size(20, 5);
+    document.Undo();
     document.Resample(7, 5);
     expect_size(7, 5);
     document.Undo();
@@ -99,6 +99,15 @@ TEST_F(Document, UndoTakesBackItselfAndAnotherSize) {
     document.Undo();
     EXPECT_FALSE(same_pixels(document.picture(), before));
     EXPECT_TRUE(document.Dirty());
+}
+
+TEST_F(Document, ReductionsWithLimit0ChangeAndStoreNothing) {
+    load(flat_picture(2, 2, 1, 2, 3));
+    document.BlackAndWhite(0);
+    document.lineArt(0, 1, 1, 1);
+    document.edgeDetect(0);
+    EXPECT_TRUE(same_pixels(document.picture(), flat_picture(2, 2, 1, 2, 3)));
+    EXPECT_FALSE(document.Dirty() || document.undoEnable() || exists(folder / "kelvane.ini"));
 }
 
 TEST_F(Document, LargePicturesAreReducedWhenOpened) {

@@ -44,7 +44,7 @@ TEST_F(ConverterDialogs, ProgramsBrowsedToAreStoredAndTheOtherOneIsProposed) {
     show(places, IDOK, [&](HWND window) {
         EXPECT_EQ(text_of(window, IDC_MAGICK_CONVERT), convert);
         EXPECT_EQ(text_of(window, IDC_MAGICK_IDENTIFY), magick) << "identify.exe is gone";
-        type_text(window, IDC_MAGICK_CONVERT, L" \"" + magick + L"\" ");
+        type_text(window, IDC_MAGICK_CONVERT, L"\t\"" + magick + L"\" ");
     });
     EXPECT_EQ(stored_programs(), std::pair(magick, magick));
 }
@@ -75,21 +75,16 @@ TEST_F(ConverterDialogs, WhatIsNoProgramOfImageMagickIsRefused) {
     EXPECT_FALSE(std::filesystem::exists(scratch.ini()));
 }
 
-void handle_messages() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-        DispatchMessageW(&message);
-}
-
 TEST_F(ConverterDialogs, NothingElseHappensDuringTheCheck) {
     const std::wstring magick = program(L"Magick.exe");
     int checks = 0;
     // The user presses other buttons meanwhile, gives up the first check and closes in the second.
     places.IsImageMagick = [&](const std::wstring&, const KeepWaiting& keep_waiting) {
         const HWND window = places.window();
-        for (const int button : {IDOK, IDC_MAGICK_CONVERT_BROWSE, IDC_MAGICK_DOWNLOAD})
-            PostMessageW(window, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED), 0);
-        if (++checks == 2) PostMessageW(window, WM_CLOSE, 0, 0);
+        ++checks;
+        for (const int button : {IDC_MAGICK_CONVERT_BROWSE, IDC_MAGICK_DOWNLOAD, IDOK})
+            if (checks <= 2) PostMessageW(window, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED), 0);
+        if (checks == 2) PostMessageW(window, WM_CLOSE, 0, 0);
         handle_messages();
         EXPECT_EQ(keep_waiting(), checks == 1);
         return checks == 1 ? std::nullopt : std::optional(true);

@@ -14,6 +14,7 @@ namespace {
 using NewSizeDialog = DialogTest;
 using LanguageDialog = DialogTest;
 using AboutBox = DialogTest;
+using AnyDialog = DialogTest;
 
 std::wstring size_shown(HWND window) {
     return text_of(window, IDC_SIZE_WIDTH) + L" x " + text_of(window, IDC_SIZE_HEIGHT);
@@ -187,6 +188,35 @@ TEST_F(AboutBox, SaysWhenThereIsNoSystemInformation) {
                               L" ! [OK]: The system information is not available at this time.");
         press(window, IDC_ABOUT_SYSTEM_INFO);
     });
+}
+
+struct BareDialog : win::Dialog {
+    BareDialog() : Dialog(IDD_LANGUAGE) {}
+    void notify() const { SendMessageW(window(), WM_COMMAND, IDC_LANGUAGE, 0); }
+    void load() override { notify(); }
+    bool confirm() override { return check(); }
+    void on_command(int, int) override { ++notifications; }
+
+    std::function<bool()> check;
+    int notifications = 0;
+};
+
+TEST_F(AnyDialog, ListensToNothingWhileItLoadsAndConfirms) {
+    BareDialog dialog;
+    const auto answer = [&](std::function<bool()> check) {
+        dialog.check = std::move(check);
+        script.expect_dialog([](HWND) {});
+        return dialog.show_modal(nullptr);
+    };
+    const auto closed_meanwhile = [&] {
+        dialog.notify();
+        dialog.close();
+        return true;
+    };
+    EXPECT_FALSE(answer(closed_meanwhile));
+    EXPECT_EQ(dialog.notifications, 0);
+    EXPECT_TRUE(answer([] { return true; }));
+    EXPECT_THROW(answer([]() -> bool { throw std::bad_alloc(); }), std::bad_alloc);
 }
 
 TEST_F(AboutBox, StandsInTheMiddleOfItsOwnerButOnTheScreen) {

@@ -93,11 +93,6 @@ HWND DrivenProgram::window(const std::wstring& class_name, const std::wstring& c
     return found;
 }
 
-void DrivenProgram::perform(HWND window, unsigned command) const {
-    if (!SendMessageTimeoutW(window, WM_COMMAND, command, 0, SMTO_NORMAL, kPatience, nullptr))
-        fail("no end of command " + std::to_string(command));
-}
-
 void DrivenProgram::answer(HWND dialog, int button) const {
     const std::string what = "the end of " + testing::PrintToString(win::window_text(dialog));
     PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
@@ -114,8 +109,7 @@ DWORD DrivenProgram::exit_code() const {
 
 std::wstring text_in(HWND window) {
     wchar_t text[1024] = L"";
-    SendMessageTimeoutW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text),
-                        SMTO_NORMAL, kPatience, nullptr);
+    SendMessageW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
     return text;
 }
 

@@ -26,8 +26,6 @@ class DrivenProgram {
     void wait_for(const std::string& what, const std::function<bool()>& condition) const;
     /// The window of this class whose caption begins so, once it can be used.
     HWND window(const std::wstring& class_name, const std::wstring& caption) const;
-    /// Lets a window carry out a command that opens no dialog.
-    void perform(HWND window, unsigned command) const;
     /// Presses a button of a dialog and waits until the dialog has gone.
     void answer(HWND dialog, int button) const;
     /// The exit code, once the program has ended.
@@ -41,8 +39,7 @@ class DrivenProgram {
     DWORD id_ = 0;
 };
 
-/// The text of a control of any program, empty when it does not answer. (Captions of windows need
-/// no answer: `win::window_text`.)
+/// The text of a control of any program.
 std::wstring text_in(HWND window);
 
 } // namespace kelvane::test

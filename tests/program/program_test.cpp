@@ -85,7 +85,7 @@ TEST_F(Program, WritesTheCommandLinesScriptAndAsksBeforeItCloses) {
     PostMessageW(splash, WM_LBUTTONDOWN, 0, 0);
     program.wait_for("the end of the splash window", [&] { return !IsWindow(splash); });
     const HWND main = program.window(L"KelvaneMain", LoadString(IDS_TITLE));
-    program.perform(main, kCmdSoften);
+    SendMessageW(main, WM_COMMAND, kCmdSoften, 0);
     const std::string script = exported(program, main, folder / "logo.scr");
     EXPECT_GT(script.size(), 1000u);
     EXPECT_TRUE(script == script_of_command_line());

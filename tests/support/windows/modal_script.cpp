@@ -127,10 +127,15 @@ void ModalScript::answer(HWND dialog) {
     if (IsWindow(dialog)) SetTimer(window_, reinterpret_cast<UINT_PTR>(dialog), kStays, nullptr);
 }
 
+void handle_messages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageW(&message);
+}
+
 std::wstring message_shown(HWND box) {
     static constexpr std::pair<int, const wchar_t*> kButtons[] = {
-        {IDOK, L"OK"},       {IDYES, L"Yes"},     {IDNO, L"No"},        {IDABORT, L"Abort"},
-        {IDRETRY, L"Retry"}, {IDIGNORE, L"Skip"}, {IDCANCEL, L"Cancel"}};
+        {IDOK, L"OK"}, {IDYES, L"Yes"}, {IDNO, L"No"}, {IDCANCEL, L"Cancel"}};
     std::wstring shown = win::window_text(box) + L' ' + icon_of(box);
     for (const auto& [id, name] : kButtons) {
         const HWND button = GetDlgItem(box, id);

@@ -42,7 +42,6 @@ class ModalScript {
 
     /// Texts of the message boxes so far.
     const std::vector<std::wstring>& messages() const { return messages_; }
-    bool all_done() const { return steps_.empty(); }
 
   private:
     static LRESULT CALLBACK hook(int code, WPARAM w, LPARAM l);
@@ -58,6 +57,8 @@ class ModalScript {
     std::vector<std::wstring> messages_;
 };
 
+/// Handles the messages that wait.
+void handle_messages();
 /// All that a message box shows: title, icon (! ? i x or - for none), buttons with the default one
 /// in brackets, text. "Kelvane ? [Yes] No: Save it?"
 std::wstring message_shown(HWND box);
