@@ -102,6 +102,7 @@
 #define IDS_HELP_MISSING                 4026
 #define IDS_ERROR_TITLE                  4027
 #define IDS_CLIPBOARD_EMPTY              4028
+#define IDS_NO_SUCH_LANGUAGE             4030
 
 // About box and splash window.
 #define IDS_ABOUT_TEXT                   4200

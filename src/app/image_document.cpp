@@ -55,8 +55,13 @@ bool ImageDocument::load(const std::filesystem::path& file, SizeLimit limit) {
     cDIBSection picture = picture_of_any_size(file);
     if (picture.empty()) return false;
     if (limit == SizeLimit::Reduce && !Render2(picture)) throw std::bad_alloc();
-    m_cDIBWork = created(picture.Width(), picture.Height());
+    cDIBSection work = created(picture.Width(), picture.Height());
+    // Nothing throws from here on.
     m_cDIB = std::move(picture);
+    m_cDIBWork = std::move(work);
+    m_cDIBUndo.ClearUp();
+    m_bUndoEnable = false;
+    m_bDirty = false;
     return true;
 }
 
@@ -77,13 +82,15 @@ std::wstring ImageDocument::save_question() const {
            L"\r\n\r\n" + LoadString(IDS_IMAGE_ASK_SAVE);
 }
 
+// Marked before the operation: one that throws half way has changed the picture.
 template <class Operation> void ImageDocument::apply(Operation operation) {
-    take_snapshot();
     fit_work_buffer();
-    operation();
+    take_snapshot();
     m_bDirty = true;
+    operation();
 }
 
+// The old undo copy is given up only when the new one is there.
 void ImageDocument::take_snapshot() {
     cDIBSection copy = m_cDIB.Copy();
     if (copy.empty() && !m_cDIB.empty()) throw std::bad_alloc();
@@ -151,9 +158,10 @@ void ImageDocument::ApplyPalette(const std::filesystem::path& palette_file) {
 void ImageDocument::Resample(int new_width, int new_height) {
     if (new_width != ImageWidth() || new_height != ImageHeight()) {
         cDIBSection result = resampled(m_cDIB, new_width, new_height);
-        take_snapshot();
-        m_cDIB = std::move(result);
-        fit_work_buffer();
+        cDIBSection work = created(new_width, new_height);
+        m_cDIBUndo = std::exchange(m_cDIB, std::move(result));
+        m_cDIBWork = std::move(work);
+        m_bUndoEnable = true;
     }
     m_bDirty = true;
 }
@@ -161,7 +169,7 @@ void ImageDocument::Resample(int new_width, int new_height) {
 void ImageDocument::BlackAndWhite(int limitvalue) {
     if (limitvalue == 0) return;
     write_setting(settings_, settings::kBrightnessLimit, limitvalue);
-    apply([&] { m_cImage.BlackAndWhite(m_cDIB, m_cDIBWork, limitvalue); });
+    apply([&] { m_cImage.Reduce(m_cDIB, {ReductionKind::Brightness, limitvalue, {}}); });
 }
 
 void ImageDocument::lineArt(int limitvalue, int red, int green, int blue) {
@@ -170,15 +178,14 @@ void ImageDocument::lineArt(int limitvalue, int red, int green, int blue) {
     write_setting(settings_, settings::kUseRed, red);
     write_setting(settings_, settings::kUseGreen, green);
     write_setting(settings_, settings::kUseBlue, blue);
-    apply([&] {
-        m_cImage.LineArt2(m_cDIB, m_cDIBWork, limitvalue, {red != 0, green != 0, blue != 0});
-    });
+    const Channels channels{red == 1, green == 1, blue == 1};
+    apply([&] { m_cImage.Reduce(m_cDIB, {ReductionKind::Colours, limitvalue, channels}); });
 }
 
 void ImageDocument::edgeDetect(int limitvalue) {
     if (limitvalue == 0) return;
     write_setting(settings_, settings::kEdgeLimit, limitvalue);
-    apply([&] { m_cImage.EdgeDetect2(m_cDIB, m_cDIBWork, limitvalue); });
+    apply([&] { m_cImage.Reduce(m_cDIB, {ReductionKind::Edges, limitvalue, {}}); });
 }
 
 void ImageDocument::Undo() {

@@ -14,8 +14,9 @@
 namespace kelvane {
 
 /// One picture and its engine. Every operation first takes the undo copy and marks the document
-/// changed at its end; with too little memory for the copy it throws `std::bad_alloc` and leaves
-/// everything as it was. Operations on an empty document do nothing useful and no harm.
+/// changed, then works: an exception in the middle leaves a document that is changed and can be
+/// undone. With too little memory for the copy it throws `std::bad_alloc` and leaves everything as
+/// it was. Operations on an empty document do nothing useful and no harm.
 class ImageDocument {
   public:
     /// `settings` receives the values of reductions; `observer` the engine's events. Both outlive
@@ -27,7 +28,7 @@ class ImageDocument {
     int ImageHeight() const { return m_cDIB.Height(); }
     /// The picture differs from its file.
     bool Dirty() const { return m_bDirty; }
-    /// There is an undo copy. Never false again once it is true.
+    /// There is an undo copy. Only `load` makes it false again.
     bool undoEnable() const { return m_bUndoEnable; }
 
     /// The file's full path, or the name given to a picture without file.
@@ -43,8 +44,9 @@ class ImageDocument {
         Reduce, ///< larger ones are reduced, see `Render2` in image/size_limit.h
         Keep
     };
-    /// Takes the picture in `file`, unchanged and without undo. False for a picture without
-    /// pixels, which is not taken. Throws `FileError`; the document then keeps what it had.
+    /// Takes the picture in `file`; the document is then unchanged and has no undo copy. False for
+    /// a picture without pixels, which is not taken. Throws `FileError` and `std::bad_alloc`; the
+    /// document then keeps what it had.
     bool load(const std::filesystem::path& file, SizeLimit limit);
     /// What a save dialog proposes: the name with everything from its last dot on replaced by
     /// ".bmp", even when that dot belongs to a folder; a dot among the first two characters does

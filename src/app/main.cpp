@@ -12,7 +12,9 @@
 #include <shellapi.h>
 
 #include <filesystem>
-#include <span>
+#include <memory>
+#include <string>
+#include <system_error>
 
 namespace kelvane {
 namespace {
@@ -21,11 +23,18 @@ struct FreeLocal {
     void operator()(wchar_t** words) const { LocalFree(words); }
 };
 
+// A word that can be no path stays as it is: opening it says so.
+std::wstring full_path(const wchar_t* word) {
+    std::error_code error;
+    const std::filesystem::path path = std::filesystem::absolute(word, error);
+    return error ? word : path.wstring();
+}
+
 void open_arguments(mfrmMain& main) {
     int count = 0;
     const std::unique_ptr<wchar_t*, FreeLocal> words(CommandLineToArgvW(GetCommandLineW(), &count));
     for (int i = 1; i < count; ++i)
-        main.open_file(std::filesystem::absolute(words.get()[i]).wstring());
+        main.open_file(full_path(words.get()[i]));
 }
 
 int run(int show) {

@@ -95,8 +95,12 @@ void mfrmMain::discard(frmImage& form) {
 }
 
 void mfrmMain::open_file(const std::wstring& file) {
-    frmImage& form = new_form();
-    if (!form.OpenFile(file, false)) discard(form);
+    try {
+        frmImage& form = new_form();
+        if (!form.OpenFile(file, false)) discard(form);
+    } catch (const std::exception& error) {
+        show_failure(error);
+    }
 }
 
 void mfrmMain::open_temporary(const std::wstring& file) {
@@ -119,11 +123,7 @@ void mfrmMain::open_dropped(HDROP drop) {
     for (UINT i = 0; i < count && !refused; ++i) {
         std::wstring file(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
         file.resize(DragQueryFileW(drop, i, file.data(), static_cast<UINT>(file.size())));
-        try {
-            open_file(file);
-        } catch (const std::exception& error) {
-            show_failure(error);
-        }
+        open_file(file);
     }
     DragFinish(drop);
 }

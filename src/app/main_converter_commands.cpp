@@ -91,8 +91,13 @@ void mfrmMain::report_failures(const std::function<void()>& opening) {
 bool mfrmMain::require_converter() {
     while (!converter_.available() && !detect_converter()) {
         frmConfigMagick dialog(settings_, [this](const std::wstring& page) { ShellEx(page); });
-        dialog.IsImageMagick = [this](const std::wstring& program) {
-            return is_imagemagick(program, until_escape());
+        dialog.IsImageMagick = [this](const std::wstring& program, const KeepWaiting& wanted) {
+            bool stopped = false;
+            const bool answer = is_imagemagick(program, [&] {
+                stopped = !let_windows_paint() || !wanted();
+                return !stopped;
+            });
+            return stopped ? std::nullopt : std::optional(answer);
         };
         dialog.show_modal(window());
         if (dialog.Cancelled) return false;

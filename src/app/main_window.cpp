@@ -31,6 +31,16 @@ win::Icon program_icon(int width_metric, int height_metric) {
                    GetSystemMetrics(width_metric), GetSystemMetrics(height_metric), 0)));
 }
 
+// The settings file can be edited by hand, and without a language there are no texts.
+void set_language(const SettingsFile& settings) {
+    const int offset = read_setting(settings, settings::kLanguage);
+    const bool exists = offset == kGermanOffset || offset == kEnglishOffset;
+    set_language_offset(exists ? offset : kEnglishOffset);
+    if (!exists)
+        throw TextError(
+            LoadString(IDS_NO_SUCH_LANGUAGE, {settings.file().wstring(), std::to_wstring(offset)}));
+}
+
 bool is_input(UINT message) {
     return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
            (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) ||
@@ -41,7 +51,7 @@ bool is_input(UINT message) {
 
 mfrmMain::mfrmMain(SettingsFile settings)
     : settings_(std::move(settings)), help_(program_folder() + kHelpFile) {
-    set_language_offset(read_setting(settings_, settings::kLanguage));
+    set_language(settings_);
     open_folder_ = read_setting(settings_, settings::kOpenFolder);
     save_folder_ = read_setting(settings_, settings::kSaveFolder);
     recent_.Load(settings_);
@@ -51,7 +61,12 @@ mfrmMain::mfrmMain(SettingsFile settings)
 
 mfrmMain::~mfrmMain() {
     win::set_dialog_help({});
-    if (window() != nullptr) DestroyWindow(window()); // takes the documents along
+    if (window() == nullptr) return;
+    DestroyWindow(window()); // takes the documents along
+    // Not closed by the user: the WM_QUIT that is posted now would at once end the message box
+    // that says what has failed.
+    MSG message;
+    PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
 }
 
 void mfrmMain::create() {
@@ -231,16 +246,20 @@ void mfrmMain::show_error(int id, const std::wstring& cause) {
                      MB_OK | MB_ICONEXCLAMATION);
 }
 
-// Above the dialog that is open, if there is one.
+// The modal dialog that is open, if there is one; never the splash window, which would take a
+// message along when it goes.
+HWND mfrmMain::message_owner() const {
+    return IsWindowEnabled(window()) ? window() : GetLastActivePopup(window());
+}
+
 void mfrmMain::show_failure(const std::exception& error) {
-    win::message_box(GetLastActivePopup(window()), error_text(error), LoadString(IDS_ERROR_TITLE),
+    win::message_box(message_owner(), error_text(error), LoadString(IDS_ERROR_TITLE),
                      MB_OK | MB_ICONEXCLAMATION);
 }
 
-// The message belongs to the dialog that asked, if there is one.
 void mfrmMain::ShellEx(const std::wstring& file, const std::wstring& operation,
                        const std::wstring& parameters, const std::wstring& folder, int show) {
-    const HWND owner = GetLastActivePopup(window());
+    const HWND owner = message_owner();
     const int answer = win::shell_execute(owner, {file, operation, parameters, folder, show});
     if (const int text = shell_error_text(answer); text != 0)
         win::message_box(owner, LoadString(text), LoadString(IDS_ERROR_TITLE),

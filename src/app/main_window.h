@@ -29,8 +29,8 @@ struct MenuEntry;
 class mfrmMain : public win::Window, private MainServices {
   public:
     /// Takes language, folders and recent files from `settings` and makes the window, not shown
-    /// yet. Throws `PlatformError`, and `MissingTextError` when the settings name a language that
-    /// does not exist.
+    /// yet. Throws `PlatformError`, and `TextError` when the settings name a language that does not
+    /// exist; the program's language is then English.
     explicit mfrmMain(SettingsFile settings);
     ~mfrmMain() override;
 
@@ -85,6 +85,7 @@ class mfrmMain : public win::Window, private MainServices {
     void loadLanguage();
     bool translate(MSG& message) const;
     bool let_windows_paint();
+    HWND message_owner() const;
     void show_failure(const std::exception& error);
     void show_help(int page);
     void answer_help_key(const HELPINFO& request);

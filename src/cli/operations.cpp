@@ -167,8 +167,7 @@ Operation bw(OperationArguments& arguments) {
     arguments.expect_count(1, 1);
     const int limit = arguments.integer(0, "LIMIT", 0, 255);
     return [limit](cDIBSection& picture, cImageProcessDIB& engine) {
-        cDIBSection destination = buffer_for(picture);
-        require(engine.BlackAndWhite2(picture, destination, limit));
+        require(engine.Reduce(picture, {ReductionKind::Brightness, limit, {}}));
     };
 }
 
@@ -181,8 +180,7 @@ Operation line_art(OperationArguments& arguments) {
     if (!channels.red && !channels.green && !channels.blue)
         arguments.fail("at least one of R, G and B is 1");
     return [=](cDIBSection& picture, cImageProcessDIB& engine) {
-        cDIBSection destination = buffer_for(picture);
-        require(engine.LineArt2(picture, destination, limit, channels));
+        require(engine.Reduce(picture, {ReductionKind::Colours, limit, channels}));
     };
 }
 
@@ -190,8 +188,7 @@ Operation edges(OperationArguments& arguments) {
     arguments.expect_count(1, 1);
     const int limit = arguments.integer(0, "LIMIT", 0, 256);
     return [limit](cDIBSection& picture, cImageProcessDIB& engine) {
-        cDIBSection destination = picture.Copy();
-        require(engine.EdgeDetect2(picture, destination, limit));
+        require(engine.Reduce(picture, {ReductionKind::Edges, limit, {}}));
     };
 }
 

@@ -122,23 +122,27 @@ void frmConfigMagick::browse(const Program& program) {
     propose_other(program);
 }
 
-// Empty for a program that will do.
-std::wstring frmConfigMagick::wrong_with(const Program& program) const {
+// Empty for a program that will do; nothing when the check was stopped.
+std::optional<std::wstring> frmConfigMagick::wrong_with(const Program& program) const {
     const std::wstring file = path(program);
     if (!is_program(file)) return LoadString(IDS_MAGICK_NOT_FOUND, {file, program.name});
     const HCURSOR before = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
-    const bool right = !IsImageMagick || IsImageMagick(file);
+    const KeepWaiting keep_waiting = [this] { return !cancel_requested(); };
+    const std::optional<bool> right = IsImageMagick ? IsImageMagick(file, keep_waiting) : true;
     SetCursor(before);
-    return right ? std::wstring() : LoadString(IDS_MAGICK_OTHER_PROGRAM, {file, program.name});
+    if (!right) return std::nullopt;
+    return *right ? std::wstring() : LoadString(IDS_MAGICK_OTHER_PROGRAM, {file, program.name});
 }
 
+// Checking a program takes a while, in which the user can stop the check or cancel the dialog.
 bool frmConfigMagick::confirm() {
     for (const Program& program : kPrograms)
         propose_other(program);
     for (const Program& program : kPrograms) {
-        const std::wstring wrong = wrong_with(program);
-        if (wrong.empty()) continue;
-        refuse_field(window(), program.field, wrong);
+        const std::optional<std::wstring> wrong = wrong_with(program);
+        if (!wrong || cancel_requested()) return false;
+        if (wrong->empty()) continue;
+        refuse_field(window(), program.field, *wrong);
         return false;
     }
     for (const Program& program : kPrograms)

@@ -1,11 +1,13 @@
 // frmConfigMagick: where the converter's two programs are.
 #pragma once
 
+#include "convert/get_cmd_output.h"
 #include "dialogs/open_in_shell.h"
 #include "settings/settings_file.h"
 #include "win/dialog.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace kelvane {
@@ -19,9 +21,12 @@ class frmConfigMagick : public win::Dialog {
 
     /// True when the user gave up; nothing was stored then.
     bool Cancelled = true;
-    /// Whether a program, which exists, is ImageMagick's; asked before the dialog closes by OK.
-    /// Without it every existing file is taken.
-    std::function<bool(const std::wstring& program)> IsImageMagick;
+    /// Whether a program, which exists, is ImageMagick's; asked before the dialog closes by OK. It
+    /// may let the windows handle their messages, as long as `keep_waiting` says yes. Nothing when
+    /// the user did not want to wait for the answer: the dialog then stays open. Without this
+    /// function every existing file is taken.
+    std::function<std::optional<bool>(const std::wstring& program, const KeepWaiting& keep_waiting)>
+        IsImageMagick;
 
   protected:
     void load() override;
@@ -35,7 +40,7 @@ class frmConfigMagick : public win::Dialog {
     std::wstring path(const Program& program) const;
     void propose_other(const Program& found) const;
     void browse(const Program& program);
-    std::wstring wrong_with(const Program& program) const;
+    std::optional<std::wstring> wrong_with(const Program& program) const;
 
     const SettingsFile& settings_;
     OpenInShell open_;

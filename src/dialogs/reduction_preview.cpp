@@ -37,19 +37,6 @@ void copy_area(const cDIBSection& from, int left, int bottom, cDIBSection& to, i
 
 } // namespace
 
-bool reduce_picture(cDIBSection& picture, const Reduction& reduction) {
-    cImageProcessDIB engine;
-    switch (reduction.kind) {
-    case ReductionKind::Brightness:
-        return engine.BlackAndWhite(picture, picture, reduction.limit);
-    case ReductionKind::Colours:
-        return engine.LineArt2(picture, picture, reduction.limit, reduction.channels);
-    case ReductionKind::Edges:
-        return engine.EdgeDetect2(picture, picture, reduction.limit);
-    }
-    return false;
-}
-
 ReductionPreview::ReductionPreview(const cDIBSection& picture, int edge)
     : picture_(picture), size_(preview_size(picture.Width(), picture.Height(), edge)) {
     area_.width = std::min(edge, picture.Width());
@@ -81,7 +68,7 @@ void ReductionPreview::update(const Reduction& reduction) {
 
 void ReductionPreview::update_overview(const Reduction& reduction) {
     copy_pixels(rows_.view(), work_.view());
-    reduce_picture(work_, reduction);
+    cImageProcessDIB().Reduce(work_, reduction);
     ConstImageView reduced = work_.view();
     reduced.bits += reduced.row_step * spare_rows_;
     reduced.height -= spare_rows_;
@@ -101,7 +88,7 @@ void ReductionPreview::update_detail(const Reduction& reduction) {
         return;
     copy_area(picture_, area_.left - more_left, bottom - more_below, cut, 0, 0, cut.Width(),
               cut.Height());
-    reduce_picture(cut, reduction);
+    cImageProcessDIB().Reduce(cut, reduction);
     copy_area(cut, more_left, more_below, detail_, 0, 0, area_.width, area_.height);
 }
 

@@ -13,18 +13,6 @@
 
 namespace kelvane {
 
-/// The reductions, by the numbers that the dialog answers with.
-enum class ReductionKind { Brightness = 1, Colours = 2, Edges = 3 };
-
-struct Reduction {
-    ReductionKind kind;
-    int limit;
-    Channels channels; // for `Colours` only
-};
-
-/// Reduces `picture` in place. False, and unchanged, when no channel is chosen or it is empty.
-bool reduce_picture(cDIBSection& picture, const Reduction& reduction);
-
 /// A rectangle of pixels, y counting from the top.
 struct PixelArea {
     int left;

@@ -16,6 +16,15 @@
 
 namespace kelvane {
 
+/// The reductions to black and white, by the numbers that the reduction dialog answers with.
+enum class ReductionKind { Brightness = 1, Colours = 2, Edges = 3 };
+
+struct Reduction {
+    ReductionKind kind;
+    int limit;
+    Channels channels; // for `Colours` only
+};
+
 /// One per document. It works on the pictures handed to each call and holds only the current
 /// kernel, the receiver of its events and the state of its random numbers.
 ///
@@ -84,6 +93,10 @@ class cImageProcessDIB {
 
     // Reductions; see reduce/black_white.h. `LineArt2` without a channel is refused.
 
+    /// Reduces `cImage` in place. Windows, previews and command line all call this one, so that
+    /// they agree on the column and the row that `EdgeDetect2` leaves alone: they stay as they
+    /// were in `cImage`.
+    bool Reduce(cDIBSection& cImage, const Reduction& reduction);
     bool BlackAndWhite(cDIBSection& cSource, cDIBSection& cDestination, int limit);
     bool BlackAndWhite2(cDIBSection& cSource, cDIBSection& cDestination, int limit);
     bool LineArt2(cDIBSection& cSource, cDIBSection& cDestination, int limit, Channels channels);

@@ -63,6 +63,18 @@ bool cImageProcessDIB::Steinberg(cDIBSection& cImage, cDIBSection& cBuffer) {
     return true;
 }
 
+bool cImageProcessDIB::Reduce(cDIBSection& cImage, const Reduction& reduction) {
+    switch (reduction.kind) {
+    case ReductionKind::Brightness:
+        return BlackAndWhite(cImage, cImage, reduction.limit);
+    case ReductionKind::Colours:
+        return LineArt2(cImage, cImage, reduction.limit, reduction.channels);
+    case ReductionKind::Edges:
+        return EdgeDetect2(cImage, cImage, reduction.limit);
+    }
+    return false;
+}
+
 bool cImageProcessDIB::BlackAndWhite(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
     if (!fit(cSource, cDestination)) return false;
     kelvane::BlackAndWhite(cSource.view(), cDestination.view(), limit, observer_);

@@ -52,8 +52,7 @@ void write_setting(const SettingsFile& file, const PathSetting& setting, const s
 
 namespace settings {
 
-/// String table offset: 0 German, 10000 English. Any other number is taken as well, and then no
-/// text is found.
+/// String table offset: 0 German, 10000 English. The program does not start with any other.
 inline constexpr NumberSetting kLanguage{L"global", L"language", 10000};
 /// Where the open dialogs and where the save dialogs start.
 inline constexpr PathSetting kOpenFolder{L"global", L"lastpath"};

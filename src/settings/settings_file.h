@@ -25,6 +25,8 @@ class SettingsFile {
     /// "kelvane.ini" beside the running program.
     static SettingsFile of_program();
 
+    const std::filesystem::path& file() const { return file_; }
+
     /// One value, cut to `longest` units; empty when the key or the file is missing.
     std::wstring ReadIniValue(const std::wstring& section, const std::wstring& key,
                               std::size_t longest = kLongestValue) const;

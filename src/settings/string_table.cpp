@@ -1,16 +1,13 @@
 #include "settings/string_table.h"
 
-#include <algorithm>
-
 namespace kelvane {
 namespace {
 
 int current_offset = kEnglishOffset;
 
+// Behind its last character a text has a zero, which is no field's number.
 bool is_field(const std::wstring& text, std::size_t at, std::size_t field_count) {
-    if (text[at] != L'%' || at + 1 == text.size()) return false;
-    const wchar_t digit = text[at + 1];
-    return digit >= L'1' && digit <= L'9' && static_cast<std::size_t>(digit - L'1') < field_count;
+    return text[at] == L'%' && static_cast<std::size_t>(text[at + 1] - L'1') < field_count;
 }
 
 } // namespace
@@ -23,8 +20,7 @@ int language_offset() {
 }
 
 void set_language_offset(int offset) {
-    current_offset =
-        std::clamp(offset, -0x8000, 0x7FFF); // an edited settings file may hold anything
+    current_offset = offset;
 }
 
 std::wstring load_fixed_string(int number) {

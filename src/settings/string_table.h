@@ -17,14 +17,14 @@ namespace kelvane {
 inline constexpr int kGermanOffset = 0;
 inline constexpr int kEnglishOffset = 10000;
 
-/// A number that the string table does not have, for example because the settings file names a
-/// language that does not exist.
+/// A number that the string table does not have.
 class MissingTextError : public std::runtime_error {
   public:
     explicit MissingTextError(int number);
 };
 
-/// The program's language: English until it is set. One for the whole program.
+/// The program's language: English until it is set. One for the whole program. With an offset that
+/// is neither of the two above every text is missing.
 int language_offset();
 void set_language_offset(int offset);
 

@@ -27,7 +27,7 @@ void set_dialog_help(DialogHelp help) {
 }
 
 Dialog::~Dialog() {
-    close();
+    if (window_ != nullptr) end(false);
 }
 
 bool Dialog::show_modal(HWND owner) {
@@ -56,11 +56,10 @@ void Dialog::show_modeless(HWND owner) {
 }
 
 void Dialog::close() {
-    if (window_ == nullptr) return;
-    if (modal_)
-        EndDialog(window_, kCancelled);
-    else
-        DestroyWindow(window_);
+    if (confirming_)
+        cancel_requested_ = true;
+    else if (window_ != nullptr)
+        end(false);
 }
 
 void Dialog::end(bool confirmed) {
@@ -117,6 +116,8 @@ INT_PTR Dialog::dispatch(UINT message, WPARAM w, LPARAM l) {
 void Dialog::bind(HWND window) {
     window_ = window;
     loaded_ = false;
+    confirming_ = false;
+    cancel_requested_ = false;
     SetWindowLongPtrW(window, DWLP_USER, reinterpret_cast<LONG_PTR>(this));
 }
 
@@ -128,10 +129,14 @@ void Dialog::unbind() {
 
 void Dialog::command(int control, int notification) {
     if (!loaded_) return;
-    if (control == IDOK) {
-        if (confirm()) end(true);
+    if (confirming_) {
+        if (control == IDCANCEL) cancel_requested_ = true;
+    } else if (control == IDOK) {
+        confirming_ = true;
+        const bool confirmed = confirm(); // an exception closes the dialog
+        confirming_ = false;
+        if (confirmed || cancel_requested_) end(confirmed && !cancel_requested_);
     } else if (control == IDCANCEL) {
-        cancel();
         end(false);
     } else {
         on_command(control, notification);

@@ -22,6 +22,10 @@ void set_dialog_help(DialogHelp help);
 ///
 /// An exception that leaves a hook closes a modal dialog and comes out of `show_modal`; it never
 /// passes through the system's own calls.
+///
+/// `confirm` may show messages or let the windows handle theirs while it waits. Until it returns no
+/// `on_command` arrives and OK does nothing; Cancel, the close box and `close` take effect when it
+/// has returned, whatever it answers: the dialog is then cancelled.
 class Dialog {
   public:
     explicit Dialog(int template_id) : template_id_(template_id) {}
@@ -44,10 +48,9 @@ class Dialog {
     /// Fills the controls and sets every caption. Until it returns no `on_command` arrives. The
     /// focus then goes to the first control in tab order.
     virtual void load() {}
-    /// IDOK: reads and checks the controls, writes the settings. False keeps the dialog open.
+    /// IDOK: reads and checks the controls, writes the settings. False keeps the dialog open. One
+    /// that lets messages be handled has to look at `cancel_requested` before it writes anything.
     virtual bool confirm() { return true; }
-    /// IDCANCEL, Esc or the close box.
-    virtual void cancel() {}
     /// A notification by WM_COMMAND from any other control: its id and the notification code.
     virtual void on_command(int /*control*/, int /*notification*/) {}
     /// The dialog has come to a monitor of another density and the system has arranged the controls
@@ -68,6 +71,8 @@ class Dialog {
     void set_title(const std::wstring& title) const { SetWindowTextW(window_, title.c_str()); }
     /// Closes the dialog from within; `show_modal` returns `confirmed`.
     void end(bool confirmed);
+    /// The user has cancelled the dialog while `confirm` runs.
+    bool cancel_requested() const { return cancel_requested_; }
 
   private:
     static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
@@ -80,6 +85,8 @@ class Dialog {
     HWND window_ = nullptr;
     bool loaded_ = false;
     bool modal_ = false;
+    bool confirming_ = false; // `confirm` runs
+    bool cancel_requested_ = false;
     std::exception_ptr failure_;
 };
 

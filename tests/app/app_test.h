@@ -22,12 +22,7 @@ namespace kelvane::test {
 
 class AppTest : public testing::Test {
   protected:
-    AppTest() {
-        // The window of the test before has told this thread to end.
-        MSG message;
-        PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
-        ShowWindow(main.window(), SW_SHOWNORMAL);
-    }
+    AppTest() { ShowWindow(main.window(), SW_SHOWNORMAL); }
 
     /// The path of a bitmap file with this picture in the test's folder.
     std::wstring saved(const cDIBSection& picture, const std::wstring& name = L"picture.bmp") {
@@ -47,6 +42,8 @@ class AppTest : public testing::Test {
     }
 
     void choose(unsigned command) { SendMessageW(main.window(), WM_COMMAND, command, 0); }
+    /// The next message box tells of a failure in these words.
+    void expect_error(const std::wstring& text) { script.expect_message(L"Error ! [OK]: " + text); }
     void close(frmImage& form) { SendMessageW(form.window(), WM_CLOSE, 0, 0); }
     std::wstring path(const std::wstring& name) const { return (folder / name).wstring(); }
     std::wstring setting(const std::wstring& section, const std::wstring& key) const {

@@ -1,6 +1,7 @@
 // The document without a window.
 #include "app/image_document.h"
 #include "image/bitmap_file.h"
+#include "image/file_error.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"
 
@@ -8,6 +9,14 @@
 
 namespace kelvane::test {
 namespace {
+
+// Stands for an operation that runs out of memory half way.
+struct FailingObserver : ProgressObserver {
+    bool fails = false;
+    void Progress(long) override {
+        if (fails) throw std::bad_alloc();
+    }
+};
 
 class Document : public testing::Test {
   protected:
@@ -22,8 +31,53 @@ class Document : public testing::Test {
 
     TemporaryFolder folder;
     SettingsFile settings{folder / "kelvane.ini"};
-    ImageDocument document{settings, nullptr};
+    FailingObserver observer;
+    ImageDocument document{settings, &observer};
 };
+
+TEST_F(Document, OperationThatFailsHalfWayIsAChangeThatCanBeUndone) {
+    const cDIBSection before = random_picture(9, 5, 3);
+    load(before);
+    observer.fails = true;
+    EXPECT_THROW(document.ProcessImage(kEmboss), std::bad_alloc);
+    EXPECT_TRUE(document.Dirty());
+    document.Undo();
+    EXPECT_TRUE(same_pixels(document.picture(), before));
+}
+
+TEST_F(Document, LoadingStartsAnewOrChangesNothing) {
+    load(black_picture(4, 3));
+    document.Filename(L"name");
+    document.NegativeImage();
+    write_text(folder / "broken.bmp", "BM");
+    EXPECT_THROW(document.load(folder / "broken.bmp", ImageDocument::SizeLimit::Keep), FileError);
+    EXPECT_TRUE(document.Dirty() && document.undoEnable());
+    EXPECT_EQ(document.Filename(), L"name");
+    EXPECT_TRUE(same_pixels(document.picture(), flat_picture(4, 3, 255, 255, 255)));
+    load(black_picture(2, 2));
+    EXPECT_FALSE(document.Dirty() || document.undoEnable());
+    document.Undo();
+    expect_size(2, 2);
+}
+
+TEST_F(Document, EdgesLeaveTheFirstColumnAndTheLowestRowAsTheyWere) {
+    load(drawn({"#..##", //
+                ".#..#", //
+                "#.#.#"}));
+    for (const bool fresh : {true, false}) {
+        if (!fresh) document.ProcessImage(kEmboss); // leaves other pixels in the buffer
+        if (!fresh) document.Undo();
+        document.edgeDetect(100);
+        EXPECT_TRUE(same_pixels(document.picture(), drawn({"##.#.", //
+                                                           ".##.#", //
+                                                           "#.#.#"})));
+        document.Undo();
+    }
+    load(flat_picture(8, 6, 255, 255, 255));
+    document.edgeDetect(40);
+    document.Vectorize(folder / "empty.scr", ExportOptions());
+    EXPECT_EQ(file_text(folder / "empty.scr").find('('), std::string::npos) << "an outline";
+}
 
 TEST_F(Document, UndoTakesBackItselfAndAnotherSize) {
     const cDIBSection before = random_picture(20, 10, 7);
@@ -32,6 +86,9 @@ TEST_F(Document, UndoTakesBackItselfAndAnotherSize) {
     document.Resample(20, 10); // to its own size: only marks it changed
     EXPECT_TRUE(document.Dirty());
     EXPECT_FALSE(document.undoEnable());
+    document.Resample(20, 5);
+    expect_size(20, 5);
+    document.Undo();
     document.Resample(7, 5);
     expect_size(7, 5);
     document.Undo();
@@ -42,6 +99,15 @@ TEST_F(Document, UndoTakesBackItselfAndAnotherSize) {
     document.Undo();
     EXPECT_FALSE(same_pixels(document.picture(), before));
     EXPECT_TRUE(document.Dirty());
+}
+
+TEST_F(Document, ReductionsWithLimit0ChangeAndStoreNothing) {
+    load(flat_picture(2, 2, 1, 2, 3));
+    document.BlackAndWhite(0);
+    document.lineArt(0, 1, 1, 1);
+    document.edgeDetect(0);
+    EXPECT_TRUE(same_pixels(document.picture(), flat_picture(2, 2, 1, 2, 3)));
+    EXPECT_FALSE(document.Dirty() || document.undoEnable() || exists(folder / "kelvane.ini"));
 }
 
 TEST_F(Document, LargePicturesAreReducedWhenOpened) {

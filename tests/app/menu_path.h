@@ -3,7 +3,6 @@
 
 #include <windows.h>
 
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -24,18 +23,13 @@ inline std::vector<std::wstring> menu_texts(HMENU menu) {
 
 /// The command of the entry at a path of captions, without shortcuts: "&Edit|&Undo". 0: no entry.
 inline unsigned menu_command(HMENU menu, const std::wstring& path) {
-    std::wistringstream parts(path);
-    std::wstring part;
-    int position = -1;
-    while (std::getline(parts, part, L'|')) {
-        if (position >= 0) menu = GetSubMenu(menu, position);
-        for (position = GetMenuItemCount(menu) - 1; position >= 0; --position)
-            if (const std::wstring text = menu_text(menu, position);
-                text.substr(0, text.find(L'\t')) == part)
-                break;
-        if (position < 0) return 0;
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+        const std::wstring text = menu_text(menu, i).substr(0, menu_text(menu, i).find(L'\t'));
+        if (path == text) return GetMenuItemID(menu, i);
+        if (path.starts_with(text + L'|'))
+            return menu_command(GetSubMenu(menu, i), path.substr(text.size() + 1));
     }
-    return GetMenuItemID(menu, position);
+    return 0;
 }
 
 } // namespace kelvane::test

@@ -44,7 +44,7 @@ TEST_F(ConverterDialogs, ProgramsBrowsedToAreStoredAndTheOtherOneIsProposed) {
     show(places, IDOK, [&](HWND window) {
         EXPECT_EQ(text_of(window, IDC_MAGICK_CONVERT), convert);
         EXPECT_EQ(text_of(window, IDC_MAGICK_IDENTIFY), magick) << "identify.exe is gone";
-        type_text(window, IDC_MAGICK_CONVERT, L" \"" + magick + L"\" ");
+        type_text(window, IDC_MAGICK_CONVERT, L"\t\"" + magick + L"\" ");
     });
     EXPECT_EQ(stored_programs(), std::pair(magick, magick));
 }
@@ -61,7 +61,7 @@ TEST_F(ConverterDialogs, AnInstalledProgramIsProposedToStartWith) {
 TEST_F(ConverterDialogs, WhatIsNoProgramOfImageMagickIsRefused) {
     const std::wstring convert = program(L"Convert.exe");
     const std::wstring other = program(L"other.exe");
-    places.IsImageMagick = [&](const std::wstring& file) { return file != other; };
+    places.IsImageMagick = [&](const std::wstring& file, auto&) { return file != other; };
     show(places, IDCANCEL, [&](HWND window) {
         expect_refused(window);
         expect_refused(window, IDC_MAGICK_CONVERT, scratch.path().wstring());
@@ -72,6 +72,32 @@ TEST_F(ConverterDialogs, WhatIsNoProgramOfImageMagickIsRefused) {
     });
     EXPECT_THAT(script.messages().front(), testing::HasSubstr(L"select the file Convert.exe"));
     EXPECT_THAT(script.messages().back(), testing::HasSubstr(L"not part of ImageMagick: " + other));
+    EXPECT_FALSE(std::filesystem::exists(scratch.ini()));
+}
+
+TEST_F(ConverterDialogs, NothingElseHappensDuringTheCheck) {
+    const std::wstring magick = program(L"Magick.exe");
+    int checks = 0;
+    // The user presses other buttons meanwhile, gives up the first check and closes in the second.
+    places.IsImageMagick = [&](const std::wstring&, const KeepWaiting& keep_waiting) {
+        const HWND window = places.window();
+        ++checks;
+        for (const int button : {IDC_MAGICK_CONVERT_BROWSE, IDC_MAGICK_DOWNLOAD, IDOK})
+            if (checks <= 2) PostMessageW(window, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED), 0);
+        if (checks == 2) PostMessageW(window, WM_CLOSE, 0, 0);
+        handle_messages();
+        EXPECT_EQ(keep_waiting(), checks == 1);
+        return checks == 1 ? std::nullopt : std::optional(true);
+    };
+    show(places, IDCANCEL, [&](HWND window) {
+        type_text(window, IDC_MAGICK_CONVERT, magick);
+        press(window, IDOK); // no message
+        EXPECT_TRUE(IsWindowVisible(window));
+        press(window, IDOK);
+        EXPECT_FALSE(IsWindowVisible(window)) << "not closed";
+    });
+    EXPECT_EQ(checks, 2);
+    EXPECT_THAT(opened, testing::IsEmpty());
     EXPECT_FALSE(std::filesystem::exists(scratch.ini()));
 }
 

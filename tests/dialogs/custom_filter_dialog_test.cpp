@@ -7,6 +7,7 @@ namespace {
 constexpr int kCentreField = IDC_CUSTOM_CELL + KernelGrid::kCentre;
 
 struct CustomFilterDialogTest : DialogTest {
+    CustomFilterDialogTest() { refusal_icon = L'i'; }
     cImageProcessDIB engine;
     frmCustomFilter dialog{engine};
 };

@@ -24,6 +24,7 @@ struct DialogTest : testing::Test {
     const ScratchFolder scratch;
     const SettingsFile settings = scratch.settings();
     ModalScript script;
+    wchar_t refusal_icon = L'!';
 
     /// Shows the dialog, lets `act` act on it and presses `button`, which has to close it.
     template <typename Form>
@@ -31,16 +32,15 @@ struct DialogTest : testing::Test {
         Form& dialog, int button, const ModalScript::Step& act = [](HWND) {}) {
         script.expect_dialog(act, button);
         EXPECT_EQ(dialog.show_modal(nullptr), button == IDOK);
-        EXPECT_TRUE(script.all_done());
         if constexpr (requires { dialog.Cancelled; }) {
             EXPECT_EQ(dialog.Cancelled, button != IDOK);
         }
     }
-    /// OK brings a message and leaves the dialog open.
+    /// OK brings a message under the dialog's title and leaves the dialog open.
     void expect_refused(HWND dialog) {
-        script.expect_message(IDOK);
+        script.expect_message(
+            testing::StartsWith(win::window_text(dialog) + L' ' + refusal_icon + L" [OK]: "));
         press(dialog, IDOK);
-        EXPECT_TRUE(script.all_done());
         EXPECT_TRUE(IsWindowVisible(dialog));
     }
     void expect_refused(HWND dialog, int field, const std::wstring& text) {

@@ -64,9 +64,7 @@ TEST_F(LiveDialogs, PreviewFitsAgainAfterAChangeOfDensity) {
         GetClientRect(box, &before);
         SetWindowPos(box, nullptr, 0, 0, 111, 111, SWP_NOMOVE | SWP_NOZORDER); // by the system
         SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&before));
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-            DispatchMessageW(&message);
+        handle_messages();
         GetClientRect(box, &after);
         EXPECT_TRUE(EqualRect(&before, &after));
         EXPECT_EQ(position_of(window, IDC_HUE_SLIDER), 100);

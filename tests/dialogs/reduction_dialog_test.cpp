@@ -27,7 +27,7 @@ TEST(ReductionPreviewTest, DetailIsTheReducedPictureWhereverItIs) {
     const cDIBSection picture = random_picture(97, 61, 1);
     for (const Reduction& reduction : kEvery) {
         cDIBSection whole = picture.Copy();
-        ASSERT_TRUE(reduce_picture(whole, reduction));
+        ASSERT_TRUE(cImageProcessDIB().Reduce(whole, reduction));
         ReductionPreview preview(picture, 20);
         for (const auto& [x, y] : {std::pair(10, 6), std::pair(0, 0), std::pair(19, 12),
                                    std::pair(-50, 500), std::pair(7, 9)}) {
@@ -48,7 +48,7 @@ TEST(ReductionPreviewTest, OverviewAveragesReducedPixels) {
     // 40 x 40 into 20 x 20: every row takes part, two by two.
     const cDIBSection picture = random_picture(40, 40, 2);
     cDIBSection whole = picture.Copy();
-    ASSERT_TRUE(reduce_picture(whole, kEvery[1]));
+    ASSERT_TRUE(cImageProcessDIB().Reduce(whole, kEvery[1]));
     ReductionPreview preview(picture, 20);
     preview.update(kEvery[1]);
     for (int y = 0; y < 20; ++y)
@@ -92,7 +92,8 @@ TEST(ReductionPreviewTest, PicturesOfEverySizeHaveAPreview) {
 }
 
 struct ReductionDialogTest : DialogTest {
-    const cDIBSection picture = random_picture(300, 200, 1);
+    ReductionDialogTest() { refusal_icon = L'i'; }
+    const cDIBSection picture = random_picture(300, 280, 1);
     frmSW dialog{settings, picture};
 };
 
@@ -169,9 +170,13 @@ TEST_F(ReductionDialogTest, DraggingAndArrowKeysMoveTheDetail) {
         EXPECT_EQ(GetFocus(), overview);
         EXPECT_EQ(GetNextDlgTabItem(window, GetDlgItem(window, IDOK), TRUE), overview);
         EXPECT_TRUE(SendMessageW(overview, WM_GETDLGCODE, 0, 0) & DLGC_WANTARROWS);
-        for (const int left : {27, 54, 80, 80}) {
-            SendMessageW(overview, WM_KEYDOWN, VK_RIGHT, 0);
-            EXPECT_EQ(dialog.preview().detail_area().left, left);
+        const PixelArea& area = dialog.preview().detail_area();
+        const std::array<int, 3> kSteps[] = {{VK_RIGHT, 27, 0}, {VK_DOWN, 27, 27},
+                                             {VK_DOWN, 27, 54}, {VK_DOWN, 27, 60},
+                                             {VK_LEFT, 0, 60},  {VK_UP, 0, 33}};
+        for (const auto& [key, left, top] : kSteps) {
+            SendMessageW(overview, WM_KEYDOWN, static_cast<WPARAM>(key), 0);
+            EXPECT_EQ(std::pair(area.left, area.top), std::pair(left, top)) << key;
         }
     });
 }

@@ -5,7 +5,6 @@
 
 #include <windows.h>
 
-#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -25,32 +24,22 @@ class DrivenProgram {
 
     /// Looks until `condition` holds.
     void wait_for(const std::string& what, const std::function<bool()>& condition) const;
-    /// The visible window of this class whose caption begins so, once it is there.
+    /// The window of this class whose caption begins so, once it can be used.
     HWND window(const std::wstring& class_name, const std::wstring& caption) const;
-    /// The dialog or message box that can be answered now, once there is one.
-    HWND dialog(const std::string& what) const;
-    /// Lets a window carry out a command that opens no dialog.
-    void perform(HWND window, unsigned command) const;
     /// Presses a button of a dialog and waits until the dialog has gone.
     void answer(HWND dialog, int button) const;
     /// The exit code, once the program has ended.
     DWORD exit_code() const;
 
   private:
-    // Under load a file dialog of Wine stands still for several times five seconds.
-    static constexpr std::chrono::seconds kPatience{30};
-
     std::vector<HWND> windows() const;
-    HWND first_window(const std::function<bool(HWND)>& wanted) const;
-    std::string window_list() const;
 
     UniqueHandle job_;
     UniqueHandle process_;
     DWORD id_ = 0;
 };
 
-/// The text of a control of any program, empty when it does not answer. (Captions of windows need
-/// no answer: `win::window_text`.)
+/// The text of a control of any program.
 std::wstring text_in(HWND window);
 
 } // namespace kelvane::test

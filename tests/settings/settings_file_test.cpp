@@ -13,6 +13,8 @@
 namespace kelvane {
 namespace {
 
+using namespace std::string_literals;
+
 const std::wstring kEveryScript = L"D:\\Größe\\\x0434\x0443\x0433\x0430\\"
                                   L"\x4E2D\x6587\\\xD83D\xDE00\\logo.png";
 
@@ -21,38 +23,71 @@ struct SettingsFileTest : testing::Test {
     const SettingsFile file = scratch.settings();
 };
 
-TEST_F(SettingsFileTest, MissingKeysTakeTheirDefaults) {
+TEST_F(SettingsFileTest, EverySettingHasItsKeyDefaultAndLimits) {
     EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
-    EXPECT_EQ(read_setting(file, settings::kLayer), 20);
-    EXPECT_EQ(read_setting(file, settings::kPixelSize), L"1");
-    EXPECT_EQ(read_setting(file, settings::kFullAutotrace), std::nullopt);
-    EXPECT_EQ(read_setting(file, settings::kOpenFolder), L"");
     EXPECT_FALSE(std::filesystem::exists(scratch.ini())) << "reading made a file";
-
-    scratch.put("[global]\r\nlanguage=\r\n[imageexport]\r\nlayer=abc\r\nunit=4\r\n");
-    EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
-    EXPECT_EQ(read_setting(file, settings::kLayer), 20);
-    EXPECT_EQ(read_setting(file, settings::kUnit), 0);
-    write_setting(file, settings::kUnit, 3);
-    EXPECT_EQ(read_setting(file, settings::kUnit), 3);
-    file.WriteIniValue(L"global", L"language", L"abc");
-    EXPECT_EQ(read_setting(file, settings::kLanguage), 0) << "no number is German";
+    scratch.put("");
+    write_setting(file, settings::kLanguage, 0);
+    for (const NumberSetting& setting : {settings::kNewWidth, settings::kNewHeight}) {
+        EXPECT_EQ(read_setting(file, setting), 0);
+        write_setting(file, setting, 26754);
+        EXPECT_EQ(read_setting(file, setting), 26754);
+    }
+    const struct {
+        NumberSetting setting;
+        int missing, lowest, highest;
+    } limited[] = {
+        {settings::kBrightnessLimit, 0, 0, 255}, {settings::kColourLimit, 0, 0, 255},
+        {settings::kEdgeLimit, 0, 0, 255},       {settings::kUseRed, 0, 0, 1},
+        {settings::kUseGreen, 0, 0, 1},          {settings::kUseBlue, 0, 0, 1},
+        {settings::kLayer, 20, 1, 255},          {settings::kUnit, 0, 0, 3},
+        {settings::kVersion, 0, 0, 2},           {settings::kHideSeveralImagesWarning, 0, 0, 1}};
+    for (const auto& [setting, missing, lowest, highest] : limited) {
+        EXPECT_EQ(read_setting(file, setting), missing);
+        for (const int value : {lowest - 1, highest + 1, lowest, highest}) {
+            write_setting(file, setting, value);
+            const bool taken = value >= lowest && value <= highest;
+            EXPECT_EQ(read_setting(file, setting), taken ? value : missing) << setting.key;
+        }
+    }
+    for (const OptionalSetting& setting :
+         {settings::kFullAutotrace, settings::kAutotraceShape, settings::kLinewiseShape}) {
+        EXPECT_EQ(read_setting(file, setting), std::nullopt);
+        write_setting(file, setting, -1);
+        EXPECT_EQ(read_setting(file, setting), -1);
+    }
+    EXPECT_EQ(read_setting(file, settings::kPixelSize), L"1");
+    write_setting(file, settings::kPixelSize, 2.5);
+    for (const PathSetting& setting : {settings::kOpenFolder, settings::kSaveFolder,
+                                       settings::kConvertProgram, settings::kIdentifyProgram}) {
+        EXPECT_EQ(read_setting(file, setting), L"");
+        write_setting(file, setting, L"C:\\p");
+    }
+    EXPECT_EQ(scratch.bytes(),
+              "[global]\r\nlanguage=0\r\nlastpath=C:\\p\r\nlastpath2=C:\\p\r\n"
+              "[imageexport]\r\nresx=26754\r\nresy=26754\r\nbwval=255\r\nbwval2=255\r\n"
+              "bwval3=255\r\nbwr=1\r\nbwg=1\r\nbbb=1\r\nlayer=255\r\nunit=3\r\nversion=2\r\n"
+              "exp1=-1\r\npoly1=-1\r\npoly2=-1\r\nsize=2.5\r\n"
+              "[ImageMagick]\r\nWarning=1\r\nConvert=C:\\p\r\nIdentify=C:\\p\r\n");
 }
 
 TEST_F(SettingsFileTest, ValuesOfEveryScriptSurvive) {
-    write_setting(file, settings::kOpenFolder, kEveryScript);
-    write_setting(file, settings::kPixelSize, 1.5);
-    write_setting(file, settings::kFullAutotrace, -1);
-    EXPECT_EQ(read_setting(file, settings::kOpenFolder), kEveryScript);
-    EXPECT_EQ(read_setting(file, settings::kPixelSize), L"1.5");
-    EXPECT_EQ(read_setting(file, settings::kFullAutotrace), -1);
-    for (const wchar_t* value : {L" blanks ", L"'quoted'", L"\"quoted\"", L"'", L"a=b;c", L"[x]"}) {
-        file.WriteIniValue(L"s", L"k", value);
+    for (const std::wstring& value :
+         {kEveryScript, L" x"s, L"x "s, L"\tx"s, L"x\t"s, L"'x'"s, L"\"x\""s, L"'"s, L"\"x"s,
+          L"x\""s, L"a=b;c"s, L"[x]"s, L""s}) {
+        EXPECT_TRUE(file.WriteIniValue(L"s", L"k", value));
         EXPECT_EQ(file.ReadIniValue(L"s", L"k"), value);
     }
-    file.WriteIniValue(L"s", L"k", L"one\r\n[global]\r\nlanguage=0");
-    EXPECT_EQ(file.ReadIniValue(L"s", L"k"), L"one");
+    for (const std::wstring& end : {L"\r"s, L"\n"s, L"\0"s}) {
+        file.WriteIniValue(L"s", L"k", L" one" + end + L"other=1");
+        EXPECT_EQ(file.ReadIniValue(L"s", L"k"), L" one");
+        EXPECT_EQ(file.ReadIniValue(L"s", L"other"), L"");
+    }
+    // Empty is missing, and what is no number is 0: German.
+    file.WriteIniValue(L"global", L"language", L"");
     EXPECT_EQ(read_setting(file, settings::kLanguage), 10000);
+    file.WriteIniValue(L"global", L"language", L"abc");
+    EXPECT_EQ(read_setting(file, settings::kLanguage), 0);
 }
 
 TEST_F(SettingsFileTest, OnlyPathsAreReadBeyond254Characters) {
@@ -68,6 +103,7 @@ TEST_F(SettingsFileTest, AnOlderFileKeepsWhatIsNotOurs) {
     write_setting(file, settings::kSaveFolder, L"C:\\pics\\");
     EXPECT_EQ(scratch.bytes().substr(0, 6), "; mine") << "turned into UTF-16 without need";
     write_setting(file, settings::kOpenFolder, kEveryScript);
+    write_setting(file, settings::kConvertProgram, kEveryScript);
     EXPECT_EQ(scratch.bytes().substr(0, 4), std::string("\xFF\xFE;\0", 4));
     EXPECT_EQ(read_setting(file, settings::kOpenFolder), kEveryScript);
     EXPECT_EQ(read_setting(file, settings::kSaveFolder), L"C:\\pics\\");
@@ -78,6 +114,15 @@ TEST_F(SettingsFileTest, AnOlderFileKeepsWhatIsNotOurs) {
     EXPECT_TRUE(file.DeleteIniSection(L"global"));
     EXPECT_EQ(file.ReadIniValue(L"global", L"odd"), L"");
     EXPECT_EQ(file.ReadIniValue(L"other", L"name"), L"Größe");
+}
+
+TEST_F(SettingsFileTest, AFileWithAUtf8MarkStaysOne) {
+    scratch.put("\xEF\xBB\xBF[global]\r\nlanguage=0\r\nodd=\xC3\xB6\r\n");
+    write_setting(file, settings::kOpenFolder, kEveryScript);
+    EXPECT_EQ(scratch.bytes().substr(0, 11), "\xEF\xBB\xBF[global]");
+    EXPECT_EQ(read_setting(file, settings::kLanguage), 0);
+    EXPECT_EQ(file.ReadIniValue(L"global", L"odd"), L"\xF6");
+    EXPECT_EQ(read_setting(file, settings::kOpenFolder), kEveryScript);
 }
 
 TEST_F(SettingsFileTest, AFileThatCannotBeWrittenSwallowsWrites) {
@@ -111,6 +156,7 @@ TEST_F(SettingsFileTest, RubbishAndSizeDoNoHarm) {
         read_setting(file, settings::kOpenFolder);
         EXPECT_GE(scratch.bytes().size(), bytes.size() / 2) << "the user's file was cut down";
     }
+    EXPECT_EQ(scratch.bytes().substr(0, 9), "[section]") << "too large to be rewritten";
 }
 
 using Folders = SettingsFileTest;

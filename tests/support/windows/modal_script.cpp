@@ -7,16 +7,36 @@
 #include <dlgs.h>
 #include <gtest/gtest.h>
 
+#include <cwctype>
+#include <iterator>
+#include <utility>
+
 namespace kelvane::test {
 namespace {
 
 constexpr UINT kAnswer = WM_APP + 1;
-constexpr int kMessageText = 0xFFFF; // control id of a message box's text
+constexpr UINT kStays = 2000;        // milliseconds after which a dialog counts as left open
+constexpr int kMessageText = 0xFFFF; // controls of a message box
+constexpr int kMessageIcon = stc1;
 
 ModalScript* current = nullptr;
 
 bool is_top_level_dialog(HWND window) {
     return class_of(window) == L"#32770" && (GetWindowLongW(window, GWL_STYLE) & WS_CHILD) == 0;
+}
+
+bool is_message(HWND dialog) {
+    return GetDlgItem(dialog, kMessageText) != nullptr;
+}
+
+wchar_t icon_of(HWND box) {
+    const std::pair<const wchar_t*, wchar_t> kIcons[] = {
+        {IDI_WARNING, L'!'}, {IDI_QUESTION, L'?'}, {IDI_INFORMATION, L'i'}, {IDI_ERROR, L'x'}};
+    const auto shown =
+        reinterpret_cast<HICON>(SendDlgItemMessageW(box, kMessageIcon, STM_GETICON, 0, 0));
+    for (const auto& [icon, sign] : kIcons)
+        if (shown == LoadIconW(nullptr, icon)) return sign;
+    return L'-';
 }
 
 } // namespace
@@ -42,10 +62,12 @@ ModalScript::~ModalScript() {
     EXPECT_TRUE(steps_.empty()) << steps_.size() << " dialog(s) did not come";
 }
 
-void ModalScript::expect_message(int button) {
-    expect([this, button](HWND box) {
+void ModalScript::expect_message(testing::Matcher<const std::wstring&> shown, int button) {
+    expect([this, shown = std::move(shown), button](HWND box) {
+        EXPECT_TRUE(is_message(box)) << testing::PrintToString(win::window_text(box));
+        EXPECT_THAT(message_shown(box), shown);
         messages_.push_back(text_of(box, kMessageText));
-        EndDialog(box, button);
+        press(box, button);
     });
 }
 
@@ -67,7 +89,8 @@ void ModalScript::expect_file_dialog(std::wstring path) {
 LRESULT CALLBACK ModalScript::hook(int code, WPARAM w, LPARAM l) {
     const HWND window = reinterpret_cast<HWND>(w);
     if (code == HCBT_ACTIVATE && is_top_level_dialog(window)) current->opened(window);
-    if (code == HCBT_DESTROYWND) current->met_.erase(window);
+    if (code == HCBT_DESTROYWND && current->met_.erase(window) != 0)
+        KillTimer(current->window_, reinterpret_cast<UINT_PTR>(window));
     return CallNextHookEx(nullptr, code, w, l);
 }
 
@@ -78,25 +101,59 @@ void ModalScript::opened(HWND dialog) {
 }
 
 LRESULT CALLBACK ModalScript::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
-    if (message != kAnswer) return DefWindowProcW(window, message, w, l);
-    current->answer(reinterpret_cast<HWND>(w));
+    const auto dialog = reinterpret_cast<HWND>(w);
+    if (message == kAnswer)
+        current->answer(dialog);
+    else if (message == WM_TIMER)
+        fail_and_end(dialog, "a dialog stays open");
+    else
+        return DefWindowProcW(window, message, w, l);
     return 0;
+}
+
+void ModalScript::fail_and_end(HWND dialog, const char* what) {
+    ADD_FAILURE() << what << ": " << testing::PrintToString(message_shown(dialog));
+    EndDialog(dialog, IDCANCEL);
 }
 
 void ModalScript::answer(HWND dialog) {
     if (!IsWindow(dialog)) return;
     ShowWindow(dialog, SW_SHOW); // the system puts that off until there are no messages left
-    if (steps_.empty()) {
-        ADD_FAILURE() << "unexpected dialog";
-        EndDialog(dialog, IDCANCEL);
-        return;
-    }
+    if (steps_.empty()) return fail_and_end(dialog, "unexpected dialog");
     const Step step = std::move(steps_.front());
     steps_.pop_front();
     step(dialog);
+    // The timer's turn comes when no other message is left. It ends with the dialog.
+    if (IsWindow(dialog)) SetTimer(window_, reinterpret_cast<UINT_PTR>(dialog), kStays, nullptr);
+}
+
+void handle_messages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageW(&message);
+}
+
+std::wstring message_shown(HWND box) {
+    static constexpr std::pair<int, const wchar_t*> kButtons[] = {
+        {IDOK, L"OK"}, {IDYES, L"Yes"}, {IDNO, L"No"}, {IDCANCEL, L"Cancel"}};
+    std::wstring shown = win::window_text(box) + L' ' + icon_of(box);
+    for (const auto& [id, name] : kButtons) {
+        const HWND button = GetDlgItem(box, id);
+        if (button == nullptr) continue;
+        const LONG kind = GetWindowLongW(button, GWL_STYLE) & BS_TYPEMASK;
+        shown += (kind == BS_DEFPUSHBUTTON ? L" [" : L" ") + std::wstring(name) +
+                 (kind == BS_DEFPUSHBUTTON ? L"]" : L"");
+    }
+    return shown + L": " + text_of(box, kMessageText);
 }
 
 void press(HWND dialog, int button) {
+    const bool needs_button = is_message(dialog) || button != IDCANCEL;
+    if (needs_button && GetDlgItem(dialog, button) == nullptr) {
+        ADD_FAILURE() << "no button " << button << ": "
+                      << testing::PrintToString(message_shown(dialog));
+        return;
+    }
     SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
 }
@@ -128,6 +185,18 @@ void choose_in_list(HWND dialog, int list, int entry) {
 
 std::wstring text_of(HWND dialog, int control) {
     return win::window_text(GetDlgItem(dialog, control));
+}
+
+std::wstring repeated_keys(const std::vector<std::wstring>& captions) {
+    std::set<wchar_t> taken;
+    std::wstring repeated;
+    for (const std::wstring& caption : captions)
+        for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+            if (caption[i] != L'&') continue;
+            const auto key = static_cast<wchar_t>(std::towupper(caption[++i]));
+            if (key != L'&' && !taken.insert(key).second) repeated += key;
+        }
+    return repeated;
 }
 
 std::wstring class_of(HWND window) {

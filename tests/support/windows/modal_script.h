@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <gmock/gmock.h>
+
 #include <deque>
 #include <functional>
 #include <set>
@@ -13,8 +15,8 @@ namespace kelvane::test {
 
 /// While it lives every dialog and message box that opens in this thread is met by the next step
 /// in line, once it is filled and shown; the step has to close it. A dialog that no step waits for
-/// fails the test and is closed; so does a step that no dialog came for, at the latest in the
-/// destructor. A step may itself open dialogs: the next steps are theirs.
+/// fails the test and is closed, and so is one that its step leaves open; a step that no dialog
+/// came for fails it in the destructor. A step may itself open dialogs: the next steps are theirs.
 class ModalScript {
   public:
     using Step = std::function<void(HWND dialog)>;
@@ -25,8 +27,14 @@ class ModalScript {
     ModalScript& operator=(const ModalScript&) = delete;
 
     void expect(Step step) { steps_.push_back(std::move(step)); }
-    /// The next one is a message box: its text is recorded and `button` (IDOK, IDYES, ...) pressed.
-    void expect_message(int button);
+    /// The next one is a message box that shows this (see `message_shown`); `button` (IDOK, IDYES,
+    /// ...), which it has to have, is pressed.
+    void expect_message(testing::Matcher<const std::wstring&> shown, int button = IDOK);
+    void expect_message(const std::wstring& shown, int button = IDOK) {
+        expect_message(testing::Eq(shown), button);
+    }
+    /// The same for a message box of any kind, whose text is recorded.
+    void expect_message(int button) { expect_message(testing::_, button); }
     /// The next one is answered by `button` after `fill`.
     void expect_dialog(Step fill, int button = IDOK);
     /// The next one is an open or save dialog, which gets this path; an empty one cancels it.
@@ -34,13 +42,13 @@ class ModalScript {
 
     /// Texts of the message boxes so far.
     const std::vector<std::wstring>& messages() const { return messages_; }
-    bool all_done() const { return steps_.empty(); }
 
   private:
     static LRESULT CALLBACK hook(int code, WPARAM w, LPARAM l);
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
     void opened(HWND dialog);
     void answer(HWND dialog);
+    static void fail_and_end(HWND dialog, const char* what);
 
     HHOOK hook_ = nullptr;
     HWND window_ = nullptr;
@@ -49,7 +57,13 @@ class ModalScript {
     std::vector<std::wstring> messages_;
 };
 
-/// Presses a button of a dialog as a click does.
+/// Handles the messages that wait.
+void handle_messages();
+/// All that a message box shows: title, icon (! ? i x or - for none), buttons with the default one
+/// in brackets, text. "Kelvane ? [Yes] No: Save it?"
+std::wstring message_shown(HWND box);
+/// Presses a button of a dialog as a click does. IDCANCEL stands for Esc and the close box as well,
+/// where there is no message box; any other button has to exist.
 void press(HWND dialog, int button);
 /// Clicks a check box or an option button.
 void click(HWND dialog, int button);
@@ -63,5 +77,7 @@ void type_file_name(HWND dialog, const std::wstring& path);
 void choose_in_list(HWND dialog, int list, int entry);
 std::wstring text_of(HWND dialog, int control);
 std::wstring class_of(HWND window);
+/// The access keys that more than one of these captions has.
+std::wstring repeated_keys(const std::vector<std::wstring>& captions);
 
 } // namespace kelvane::test

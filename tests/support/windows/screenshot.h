@@ -13,19 +13,6 @@
 
 namespace kelvane::test {
 
-/// A window with its frame as it is on the screen now.
-inline cDIBSection picture_of_window(HWND window) {
-    RECT area{};
-    GetWindowRect(window, &area);
-    cDIBSection picture = black_picture(area.right - area.left, area.bottom - area.top);
-    const HDC context = GetWindowDC(window);
-    EXPECT_TRUE(BitBlt(static_cast<HDC>(picture.hdc()), 0, 0, picture.Width(), picture.Height(),
-                       context, 0, 0, SRCCOPY));
-    ReleaseDC(window, context);
-    GdiFlush();
-    return picture;
-}
-
 /// Red to the right, blue upwards, and green hills.
 inline cDIBSection colourful_picture(int width, int height) {
     cDIBSection picture = black_picture(width, height);
@@ -39,8 +26,18 @@ inline cDIBSection colourful_picture(int width, int height) {
     return picture;
 }
 
-inline void save_screenshot(const cDIBSection& picture, const std::filesystem::path& folder,
+/// A window with its frame as it is on the screen.
+inline void save_screenshot(HWND window, const std::filesystem::path& folder,
                             const std::string& name) {
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    RECT area{};
+    GetWindowRect(window, &area);
+    cDIBSection picture = black_picture(area.right - area.left, area.bottom - area.top);
+    const HDC context = GetWindowDC(window);
+    EXPECT_TRUE(BitBlt(static_cast<HDC>(picture.hdc()), 0, 0, picture.Width(), picture.Height(),
+                       context, 0, 0, SRCCOPY));
+    ReleaseDC(window, context);
+    GdiFlush();
     std::filesystem::create_directories(folder);
     save_bitmap(picture.view(), folder / (name + ".bmp"));
 }
