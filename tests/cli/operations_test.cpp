@@ -101,6 +101,8 @@ std::vector<std::pair<std::string, Call>> Operations::calls() const {
         {"edges:150", // spares the first row and column
          [](Work w) { w.engine.EdgeDetect2(w.picture, w.picture, 150); }},
         {"resample:8x5", [](Work w) { w.picture = w.picture.Resample(5, 8); }},
+        {"lightest:" + other, [](Work w) { w.engine.AddDarkest(w.other, w.picture); }},
+        {"darkest:" + other, [](Work w) { w.engine.AddLightest(w.other, w.picture); }},
         {"add-lightest:" + other, [](Work w) { w.engine.AddLightest(w.other, w.picture); }},
         {"add-darkest:" + other, [](Work w) { w.engine.AddDarkest(w.other, w.picture); }},
         {"add:" + other + ",-1,2,3,4,2,-5,6,7",
