@@ -95,6 +95,23 @@ TEST_F(CustomFilterDialogTest, FieldsTakeDigitsAndControlKeysOnly) {
     });
 }
 
+TEST_F(CustomFilterDialogTest, GridIsOneTabStopAndArrowKeysGoFromCellToCell) {
+    show(dialog, IDCANCEL, [](HWND window) {
+        type_text(window, kCentreField, L"12");
+        SendDlgItemMessageW(window, kCentreField, EM_SETSEL, 1, 1); // between the digits
+        const std::pair<WPARAM, int> kSteps[] = {{VK_LEFT, 24},  {VK_LEFT, 23},  {VK_UP, 16},
+                                                 {VK_RIGHT, 17}, {VK_RIGHT, 18}, {VK_RIGHT, 19},
+                                                 {VK_RIGHT, 20}, {VK_RIGHT, 20}, {VK_DOWN, 27}};
+        for (const auto& [key, cell] : kSteps) {
+            SendMessageW(GetFocus(), WM_KEYDOWN, key, 1);
+            EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDC_CUSTOM_CELL + cell);
+        }
+        const HWND base = GetDlgItem(window, IDC_CUSTOM_BASE);
+        EXPECT_EQ(GetNextDlgTabItem(window, GetFocus(), FALSE), base);
+        EXPECT_EQ(GetNextDlgTabItem(window, base, TRUE), GetFocus());
+    });
+}
+
 TEST_F(CustomFilterDialogTest, CellsWithoutPartAreGrey) {
     show(dialog, IDCANCEL, [](HWND window) {
         const COLORREF grey = GetSysColor(COLOR_BTNFACE);
