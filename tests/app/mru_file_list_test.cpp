@@ -83,6 +83,21 @@ TEST(RecentFiles, SurviveTheSettingsFile) {
     EXPECT_EQ(scratch.settings().ReadIniValue(L"ImageMRU", L"MaxCount"), L"4");
 }
 
+TEST(RecentFiles, TwoProgramsAtOnceKeepEachOthersFiles) {
+    const ScratchFolder scratch;
+    scratch.put("[ImageMRU]\r\nCount=2\r\nFile1=1\r\nFile2=2\r\n");
+    cMRUFileList one, other;
+    one.Load(scratch.settings());
+    other.Load(scratch.settings());
+    one.AddFile(L"a", true);
+    other.AddFile(L"2", false);
+    one.Merge(scratch.settings());
+    one.Save(scratch.settings());
+    other.Merge(scratch.settings());
+    EXPECT_THAT(files(other), ElementsAre(L"2", L"a", L"1"));
+    EXPECT_TRUE(other.fileflag(2));
+}
+
 TEST(RecentFiles, CountBeyondTheCapacityStays) {
     const ScratchFolder scratch;
     scratch.put("[ImageMRU]\r\nMaxCount=2\r\nCount=3\r\nFile1=a\r\nFileFlag1=1\r\nFile3=c\r\n");
