@@ -47,6 +47,15 @@ int help_page_of(int caption, HMENU parent) {
     }
 }
 
+// The menu would take an "&" in the file's name for the mark of an access key. The first one, of
+// the entry's number, is meant.
+std::wstring recent_caption(const std::wstring& caption) {
+    std::wstring shown = caption.substr(0, 1);
+    for (const wchar_t c : caption.substr(1))
+        shown.append(c == L'&' ? 2 : 1, c);
+    return shown;
+}
+
 void set_caption(HMENU menu, unsigned item, bool by_position, std::wstring caption) {
     MENUITEMINFOW info{};
     info.cbSize = sizeof info;
@@ -106,7 +115,8 @@ void MainMenu::show_recent(const cMRUFileList& files) {
     for (int i = 1; i <= std::min(files.FileCount(), kRecentFiles); ++i) {
         if (!files.FileExists(i)) continue;
         InsertMenuW(bar_, kCmdClose, MF_BYCOMMAND | MF_STRING,
-                    static_cast<UINT_PTR>(kCmdRecent1 + i - 1), files.MenuCaption(i).c_str());
+                    static_cast<UINT_PTR>(kCmdRecent1 + i - 1),
+                    recent_caption(files.MenuCaption(i)).c_str());
         any = true;
     }
     if (any) InsertMenuW(bar_, kCmdClose, MF_BYCOMMAND | MF_SEPARATOR, kRecentSeparator, nullptr);

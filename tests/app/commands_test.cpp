@@ -64,6 +64,7 @@ TEST_F(Commands, EveryPlainEntryDoesWhatItSaysAndCanBeTakenBack) {
         EXPECT_TRUE(form.document().Dirty());
         EXPECT_EQ(status(0).substr(0, 27), L" Complete.  Required Time =");
         choose(kCmdUndo);
+        EXPECT_EQ(status(0), L" ");
         // Emphasize is two operations: the undo copy is the picture after the first, which leaves
         // it alone.
         EXPECT_TRUE(same_pixels(picture_of(form), before));
@@ -94,14 +95,16 @@ TEST_F(Commands, MenuShowsCaptionsAndShortcutsInBothLanguages) {
                             L"&Export to EAGLE Script\tCtrl+E", L"&Import (Twain)", L"",
                             L"&Close active Image\tCtrl+F4", L"E&xit"));
     frmImage& form = opened(black_picture(2, 2));
+    choose(kCmdNegative);
     script.expect_dialog([](HWND dialog) { choose_in_list(dialog, IDC_LANGUAGE, 1); });
     choose(kCmdLanguage);
     EXPECT_EQ(setting(L"global", L"language"), L"0");
     EXPECT_EQ(menu_text(bar, 0), L"&Datei");
     EXPECT_EQ(menu_text(GetSubMenu(bar, 0), 0), L"Ö&ffnen\tStrg+O");
     EXPECT_EQ(win::window_text(main.window()), LoadString(IDS_TITLE) + KELVANE_VERSION);
-    EXPECT_EQ(caption(form), LoadString(IDS_IMAGE_CAPTION) + path(L"picture.bmp"));
-    EXPECT_NE(LoadString(IDS_IMAGE_CAPTION), L"Image: ");
+    EXPECT_EQ(caption(form), L"Bild: " + path(L"picture.bmp"));
+    EXPECT_EQ(menu_text(GetSubMenu(bar, 4), 5), L"&1 Bild: " + path(L"picture.bmp"));
+    EXPECT_EQ(status(0).substr(0, 26), L" Fertig.  Benötigte Zeit =");
 }
 
 TEST_F(Commands, UndoIsGreyedUntilThereIsSomethingToUndo) {

@@ -230,6 +230,18 @@ TEST_P(Program, ShowsEveryDialogAndWritesTheCommandLinesScript) {
     EXPECT_EQ(read_setting(settings, settings::kSaveFolder), folder.wstring() + L'\\');
 }
 
+TEST(SplashWindow, ComesBeforeTheMainWindowAndGoesByItself) {
+    const TemporaryFolder folder;
+    fs::copy_file(KELVANE_PROGRAM, folder / "started.exe");
+    const DrivenProgram program(folder / "started.exe", {});
+    const HWND splash = program.window(L"#32770", L"Kelvane");
+    RECT place{};
+    GetWindowRect(splash, &place);
+    EXPECT_NEAR(place.left + place.right, GetSystemMetrics(SM_CXSCREEN), 1)
+        << "in the middle of the main window, not of the screen";
+    program.wait_for("its end", [&] { return !IsWindow(splash); });
+}
+
 INSTANTIATE_TEST_SUITE_P(BothLanguages, Program, testing::Values(kEnglishOffset, kGermanOffset));
 
 } // namespace
