@@ -140,6 +140,7 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_INITMENUPOPUP: {
         const frmImage* form = active_form();
         menu_->enable(kCmdUndo, form != nullptr && form->document().undoEnable());
+        menu_->escape_documents(mdi_client_);
         break;
     }
     case WM_DROPFILES:

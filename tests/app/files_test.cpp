@@ -122,6 +122,9 @@ TEST_F(Files, RecentFilesOpenFromTheMenu) {
     const HMENU file_menu = GetSubMenu(GetMenu(main.window()), 0);
     EXPECT_EQ(GetMenuItemCount(file_menu), 14); // 9, four files, a separator
     EXPECT_EQ(menu_text(file_menu, 7), L"&1)  ...\\A && B, long enough for dots.bmp");
+    SendMessageW(main.window(), WM_INITMENUPOPUP, 0, 4);
+    EXPECT_THAT(menu_texts(GetSubMenu(GetMenu(main.window()), 4)).back(),
+                testing::EndsWith(L"\\A && B, long enough for dots.bmp"));
     choose(kCmdRecent4);
     EXPECT_EQ(main.active_form()->document().FileTitle(), L"2.bmp");
     EXPECT_EQ(main.recent_files().file(1), path(L"2.bmp"));
