@@ -145,6 +145,11 @@ class mfrmMain : public win::Window, private MainServices {
     void about();
     void language();
 
+    struct Completion {
+        const frmImage* form;
+        std::wstring time;
+    };
+
     SettingsFile settings_;
     std::wstring open_folder_;
     std::wstring save_folder_;
@@ -156,16 +161,11 @@ class mfrmMain : public win::Window, private MainServices {
     Help help_;
     HWND mdi_client_ = nullptr;
     std::vector<std::unique_ptr<frmImage>> forms_;
+    std::optional<Completion> completion_; // what the message field tells, if it is that
     int image_index_ = 0;
     cImageProcessDIB custom_filter_; // only carries the kernel typed in last
     bool busy_ = false;              // an operation runs
-    /// The operation whose end the message field tells.
-    struct Completion {
-        const frmImage* form;
-        std::wstring time;
-    };
-    std::optional<Completion> completion_;
-    DWORD last_paint_ = 0; // tick count
+    DWORD last_paint_ = 0;           // tick count
 };
 
 } // namespace kelvane
