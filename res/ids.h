@@ -131,6 +131,7 @@
 #define IDS_HUE_OK                       4403
 #define IDS_HUE_CANCEL                   4404
 #define IDS_HUE_INVALID                  4405
+#define IDS_HUE_MEANING                  4406
 
 // Palette dialog.
 #define IDS_PALETTE_TITLE                4410
@@ -353,6 +354,7 @@
 #define IDC_HUE_SLIDER                   1443
 #define IDC_HUE_PREVIEW_LABEL            1444
 #define IDC_HUE_PREVIEW                  1445
+#define IDC_HUE_MEANING                  1446
 
 #define IDD_PALETTE                      207
 #define IDC_PALETTE_FILE_LABEL           1460

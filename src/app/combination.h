@@ -9,6 +9,7 @@ namespace kelvane {
 
 /// The combination dialog's answer, with the pictures that it chose among.
 struct Combination {
+    /// By the engine's operation: `kLightest` is `AddLightest`, which keeps the darker pixel.
     enum Type { kAdd = 1, kLightest = 2, kDarkest = 3 };
     /// One picture's part in a weighted sum: a byte counts (byte + offset) x multiplier.
     struct Part {

@@ -4,6 +4,7 @@
 #include "app/picture_clipboard.h"
 #include "image/file_error.h"
 #include "settings/string_table.h"
+#include "win/dpi.h"
 #include "win/gdi.h"
 #include "win/message_box.h"
 #include "win/platform_error.h"
@@ -50,16 +51,18 @@ std::wstring cause_of(const std::exception& error) {
 } // namespace
 
 frmImage::frmImage(MainServices& main, HWND mdi_client)
-    : main_(main), document_(main.settings(), this) {
+    : main_(main), mdi_client_(mdi_client), document_(main.settings(), this) {}
+
+void frmImage::create() {
     WNDCLASSEXW window_class{};
     window_class.lpszClassName = kClassName;
     window_class.hIcon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE));
     window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     register_class(window_class);
     expect_window();
-    if (CreateMDIWindowW(kClassName, L"", WS_HSCROLL | WS_VSCROLL, CW_USEDEFAULT, CW_USEDEFAULT,
-                         CW_USEDEFAULT, CW_USEDEFAULT, mdi_client, GetModuleHandleW(nullptr),
-                         0) == nullptr)
+    if (CreateMDIWindowW(kClassName, caption().c_str(), WS_HSCROLL | WS_VSCROLL, CW_USEDEFAULT,
+                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, mdi_client_,
+                         GetModuleHandleW(nullptr), 0) == nullptr)
         throw PlatformError(GetLastError());
 }
 
@@ -77,7 +80,8 @@ bool frmImage::open(const std::wstring& file, const OpenAs& how) {
     try {
         opened = document_.load(file, how.limit);
     } catch (const std::exception& error) {
-        main_.show_error(IDS_IMAGE_OPEN_ERROR, cause_of(error));
+        const std::wstring file_name = how.name.empty() ? L"" : how.name + L": ";
+        main_.show_error(IDS_IMAGE_OPEN_ERROR, file_name + cause_of(error));
     }
     if (opened) {
         if (how.name.empty())
@@ -97,33 +101,50 @@ void frmImage::show_new() {
 
 void frmImage::show_as(const std::wstring& name) {
     document_.Filename(name);
-    loadLanguage();
-    fit_window();
-    Render();
-    main_.form_activated(*this); // the name is new
+    create();
 }
 
-// As large as the picture, as far as the main window has room for it.
+// As large as the picture with the bars that it needs, and as wide as its title, as far as the main
+// window has room.
 void frmImage::fit_window() {
     if (IsZoomed(window()) || IsIconic(window())) return;
-    RECT frame{0, 0, document_.ImageWidth(), document_.ImageHeight()};
-    const auto style = static_cast<DWORD>(GetWindowLongW(window(), GWL_STYLE));
-    const auto extended = static_cast<DWORD>(GetWindowLongW(window(), GWL_EXSTYLE));
-    AdjustWindowRectEx(&frame, style & ~static_cast<DWORD>(WS_HSCROLL | WS_VSCROLL), FALSE,
-                       extended);
-    const HWND client = GetParent(window());
     RECT own{}, room{};
     GetWindowRect(window(), &own);
-    MapWindowPoints(nullptr, client, reinterpret_cast<POINT*>(&own), 2);
-    GetClientRect(client, &room);
-    const LONG width = std::min(frame.right - frame.left, room.right - own.left);
-    const LONG height = std::min(frame.bottom - frame.top, room.bottom - own.top);
-    SetWindowPos(window(), nullptr, 0, 0, width, height,
+    MapWindowPoints(nullptr, mdi_client_, reinterpret_cast<POINT*>(&own), 2);
+    GetClientRect(mdi_client_, &room);
+    const SIZE view = view_size();
+    const LONG frame_width = own.right - own.left - view.cx;
+    const LONG frame_height = own.bottom - own.top - view.cy;
+    const SIZE whole =
+        size_with_bars({room.right - own.left - frame_width, room.bottom - own.top - frame_height});
+    const LONG width = std::max(whole.cx, title_width()) + frame_width;
+    const LONG height = whole.cy + frame_height;
+    SetWindowPos(window(), nullptr, 0, 0, std::min(width, room.right - own.left),
+                 std::min(height, room.bottom - own.top),
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// The window's title with its icon and three buttons, in pixels.
+LONG frmImage::title_width() const {
+    const win::Font font = win::caption_font(window());
+    const win::WindowContext context(window());
+    const win::Selected selected(context.get(), font.get());
+    const std::wstring text = caption();
+    SIZE size{};
+    GetTextExtentPoint32W(context.get(), text.c_str(), static_cast<int>(text.size()), &size);
+    constexpr int kGaps = 12; // at 96 dots per inch: around the icon and the text
+    return size.cx + win::system_metric(window(), SM_CXSMICON) +
+           3 * win::system_metric(window(), SM_CXSIZE) + win::scaled(window(), kGaps);
+}
+
+std::wstring frmImage::caption() const {
+    return LoadString(IDS_IMAGE_CAPTION) + document_.Filename();
+}
+
+// MDI's list of windows is made of captions, but not by itself when one changes.
 void frmImage::loadLanguage() {
-    SetWindowTextW(window(), (LoadString(IDS_IMAGE_CAPTION) + document_.Filename()).c_str());
+    SetWindowTextW(window(), caption().c_str());
+    SendMessageW(mdi_client_, WM_MDIREFRESHMENU, 0, 0);
 }
 
 std::wstring frmImage::size_text() const {
@@ -142,6 +163,7 @@ bool frmImage::SaveFile() {
             main_.AddMRUFile(*file, false);
             loadLanguage();
             main_.form_activated(*this); // its title has changed
+            main_.SetStatus(L"", L"#", L"#");
         }
     } catch (const std::exception& error) {
         main_.show_error(IDS_IMAGE_SAVE_ERROR, error_text(error));
@@ -150,6 +172,7 @@ bool frmImage::SaveFile() {
 }
 
 bool frmImage::QuerySave() {
+    bring_to_front();
     switch (win::message_box(main_.frame(), document_.save_question(), kApplicationTitle,
                              MB_YESNOCANCEL | MB_ICONQUESTION)) {
     case IDYES:
@@ -159,6 +182,13 @@ bool frmImage::QuerySave() {
     default:
         return false;
     }
+}
+
+// The question speaks of a picture that the user sees.
+void frmImage::bring_to_front() {
+    if (IsIconic(main_.frame())) ShowWindow(main_.frame(), SW_RESTORE);
+    SendMessageW(mdi_client_, IsIconic(window()) ? WM_MDIRESTORE : WM_MDIACTIVATE,
+                 reinterpret_cast<WPARAM>(window()), 0);
 }
 
 void frmImage::CopyImage() {
@@ -182,7 +212,7 @@ void frmImage::Progress(long lPosition) {
 
 void frmImage::Complete(double lTimeMs) {
     main_.ShowProgress(false);
-    main_.SetStatus(LoadString(IDS_IMAGE_COMPLETE) + clock_text(lTimeMs), L"#", L"#");
+    main_.operation_complete(*this, clock_text(lTimeMs));
 }
 
 LRESULT frmImage::default_procedure(UINT message, WPARAM w, LPARAM l) {
@@ -191,6 +221,9 @@ LRESULT frmImage::default_procedure(UINT message, WPARAM w, LPARAM l) {
 
 LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
     switch (message) {
+    case WM_CREATE:
+        fit_window(); // not shown yet
+        break;
     case WM_PAINT:
         paint();
         return 0;
@@ -217,6 +250,7 @@ LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
         break;
     case WM_MDIACTIVATE:
         if (reinterpret_cast<HWND>(l) == window()) main_.form_activated(*this);
+        if (reinterpret_cast<HWND>(w) == window()) main_.form_deactivated(*this);
         break;
     case WM_CLOSE:
         if (main_.refuse_while_busy() || (document_.Dirty() && !QuerySave())) return 0;

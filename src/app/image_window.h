@@ -17,8 +17,9 @@ namespace kelvane {
 /// document needs to open, save and close. It relays the engine's events to the main window.
 class frmImage : public win::Window, private ProgressObserver {
   public:
-    /// Makes an empty window inside the MDI client; `main` outlives the form. Throws
-    /// `PlatformError`.
+    /// Without a window until the document has its picture, by `OpenFile`, `OpenFile2` or
+    /// `show_new`, which show it inside the MDI client and throw `PlatformError` when there can be
+    /// no window. `main` outlives the form.
     frmImage(MainServices& main, HWND mdi_client);
 
     ImageDocument& document() { return document_; }
@@ -26,7 +27,8 @@ class frmImage : public win::Window, private ProgressObserver {
 
     /// Loads a picture file, reduced when it is very large. `bNew`: the file is a temporary one;
     /// the document is named "Image" and a number and the recent files stay as they are. False
-    /// with a message when the file cannot be read, without one for a picture without pixels.
+    /// with a message when the file cannot be read, which names it unless it is temporary; without
+    /// one for a picture without pixels.
     bool OpenFile(const std::wstring& file, bool bNew);
     /// Loads a picture file at its full size under another file's name.
     bool OpenFile2(const std::wstring& file, const std::wstring& name);
@@ -35,8 +37,8 @@ class frmImage : public win::Window, private ProgressObserver {
     /// Asks for a bitmap file and writes it; failures are shown. False even after success:
     /// `QuerySave` has always stopped the closing then.
     bool SaveFile();
-    /// Asks whether to save. True: the document may be closed. Yes saves and gives false, so that
-    /// the user closes a document that is saved.
+    /// Brings the picture to the front and asks whether to save it. True: the document may be
+    /// closed. Yes saves and gives false, so that the user closes a document that is saved.
     bool QuerySave();
     void CopyImage();
     /// Shows the picture as it is now, whatever its size.
@@ -59,8 +61,12 @@ class frmImage : public win::Window, private ProgressObserver {
         bool recent;
     };
     bool open(const std::wstring& file, const OpenAs& how);
-    void fit_window();
     void show_as(const std::wstring& name);
+    void create();
+    void fit_window();
+    LONG title_width() const;
+    std::wstring caption() const;
+    void bring_to_front();
 
     void InitProgress(long lMax) override;
     void Progress(long lPosition) override;
@@ -74,10 +80,17 @@ class frmImage : public win::Window, private ProgressObserver {
     bool key(WPARAM key);
     int position(int bar) const;
     SIZE view_size() const;
+    struct Bars {
+        bool across;
+        bool down;
+    };
+    Bars bars_within(SIZE view) const;
+    SIZE size_with_bars(SIZE view) const;
 
     void paint();
 
     MainServices& main_;
+    HWND mdi_client_;
     ImageDocument document_;
     std::array<int, 2> wheel_rest_{}; // turns too small for a step yet
     bool laying_out_ = false;

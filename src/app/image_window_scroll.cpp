@@ -40,19 +40,31 @@ SIZE frmImage::view_size() const {
     return size;
 }
 
+// Which bars the picture needs in a client area of this size; a bar takes room from the other side.
+frmImage::Bars frmImage::bars_within(SIZE view) const {
+    const int width = document_.ImageWidth();
+    const int height = document_.ImageHeight();
+    const bool across = width > view.cx;
+    const bool down = height > view.cy - (across ? win::system_metric(window(), SM_CYHSCROLL) : 0);
+    return {width > view.cx - (down ? win::system_metric(window(), SM_CXVSCROLL) : 0), down};
+}
+
+// The picture's size with the bars that it needs in a client area of this size.
+SIZE frmImage::size_with_bars(SIZE view) const {
+    const auto [across, down] = bars_within(view);
+    return {document_.ImageWidth() + (down ? win::system_metric(window(), SM_CXVSCROLL) : 0),
+            document_.ImageHeight() + (across ? win::system_metric(window(), SM_CYHSCROLL) : 0)};
+}
+
 void frmImage::layout() {
     if (laying_out_ || IsIconic(window())) return; // showing a bar changes the size again
     laying_out_ = true;
     SIZE view = view_size();
-    const int width = document_.ImageWidth();
-    const int height = document_.ImageHeight();
-    bool across = width > view.cx;
-    const bool down = height > view.cy - (across ? win::system_metric(window(), SM_CYHSCROLL) : 0);
+    const auto [across, down] = bars_within(view);
     if (down) view.cx -= win::system_metric(window(), SM_CXVSCROLL);
-    across = width > view.cx;
     if (across) view.cy -= win::system_metric(window(), SM_CYHSCROLL);
 
-    const std::array<int, 2> picture{width, height};
+    const std::array<int, 2> picture{document_.ImageWidth(), document_.ImageHeight()};
     const std::array<LONG, 2> seen{view.cx, view.cy};
     const std::array<bool, 2> shown{across, down};
     for (std::size_t bar = 0; bar < kBars.size(); ++bar) {

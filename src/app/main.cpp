@@ -41,9 +41,10 @@ int run(int show) {
     const ComScope com; // for the system's file dialogs
     const SettingsFile settings = SettingsFile::of_program();
     frmSplash splash(KELVANE_VERSION);
-    mfrmMain main(settings); // sets the language
+    mfrmMain main(settings);             // sets the language
+    splash.show_modeless(main.window()); // is seen first
     ShowWindow(main.window(), show);
-    splash.show_modeless(main.window()); // owned, it stays before the window
+    BringWindowToTop(splash.window()); // owned, it then stays before the window
     UpdateWindow(main.window());
     {
         const win::WindowContext screen(nullptr);

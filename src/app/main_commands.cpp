@@ -74,38 +74,47 @@ frmImage* mfrmMain::GetActiveform() {
 }
 
 void mfrmMain::process(frmImage& form, const std::function<void(ImageDocument&)>& operation) {
-    try {
-        const Busy busy(busy_);
-        operation(form.document());
-    } catch (const std::exception& error) {
-        show_error(IDS_IMAGE_PROCESS_ERROR, error_text(error));
-    }
-    ShowProgress(false);
+    operate(form, operation);
     form.Render();
     form_activated(form); // the size may have changed
 }
 
-frmImage& mfrmMain::new_form() {
-    MainServices& services = *this;
-    return *forms_.emplace_back(std::make_unique<frmImage>(services, mdi_client_));
+// Not every operation tells its end, so what the last one told goes first. False with a message
+// when the operation failed.
+bool mfrmMain::operate(frmImage& form, const std::function<void(ImageDocument&)>& operation) {
+    SetStatus(L"", L"#", L"#");
+    bool done = false;
+    try {
+        const Busy busy(busy_);
+        operation(form.document());
+        done = true;
+    } catch (const std::exception& error) {
+        show_error(IDS_IMAGE_PROCESS_ERROR, error_text(error));
+    }
+    ShowProgress(false);
+    return done;
 }
 
-void mfrmMain::discard(frmImage& form) {
-    SendMessageW(mdi_client_, WM_MDIDESTROY, reinterpret_cast<WPARAM>(form.window()), 0);
+// A form shows its window when `fill` has given it a picture; without one it is gone again, and the
+// answer is false.
+bool mfrmMain::new_form(const std::function<bool(frmImage&)>& fill) {
+    MainServices& services = *this;
+    auto form = std::make_unique<frmImage>(services, mdi_client_);
+    if (!fill(*form)) return false;
+    forms_.push_back(std::move(form));
+    return true;
 }
 
 void mfrmMain::open_file(const std::wstring& file) {
     try {
-        frmImage& form = new_form();
-        if (!form.OpenFile(file, false)) discard(form);
+        new_form([&](frmImage& form) { return form.OpenFile(file, false); });
     } catch (const std::exception& error) {
         show_failure(error);
     }
 }
 
 void mfrmMain::open_temporary(const std::wstring& file) {
-    frmImage& form = new_form();
-    if (!form.OpenFile(file, true)) discard(form);
+    new_form([&](frmImage& form) { return form.OpenFile(file, true); });
 }
 
 void mfrmMain::open_recent(int i) {
@@ -131,8 +140,14 @@ void mfrmMain::open_dropped(HDROP drop) {
 bool mfrmMain::QueryUnload() {
     for (const auto& form : forms_)
         if (form->document().Dirty() && !form->QuerySave()) return false;
-    recent_.Save(settings_);
+    save_recent();
     return true;
+}
+
+// Another running program may have saved its files in the meantime.
+void mfrmMain::save_recent() {
+    recent_.Merge(settings_);
+    recent_.Save(settings_);
 }
 
 // File menu.
@@ -167,6 +182,7 @@ void mfrmMain::export_script(frmImage& form) {
 void mfrmMain::write_script(frmImage& form, const std::wstring& file,
                             const ExportOptions& options) {
     ExportReport report;
+    SetStatus(L"", L"#", L"#");
     try {
         const Busy busy(busy_);
         report = form.document().Vectorize(file, options);

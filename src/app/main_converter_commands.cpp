@@ -174,11 +174,9 @@ void mfrmMain::open_image(const Conversion& conversion, const std::wstring& name
         if (dialog.Cancelled) return;
         chosen = static_cast<std::size_t>(dialog.Index);
     }
-    frmImage& form = new_form();
-    if (form.OpenFile2(conversion.images().at(chosen).picture.wstring(), name))
+    const std::wstring picture = conversion.images().at(chosen).picture.wstring();
+    if (new_form([&](frmImage& form) { return form.OpenFile2(picture, name); }))
         AddMRUFile(name, true);
-    else
-        discard(form);
 }
 
 KeepWaiting mfrmMain::until_escape() {

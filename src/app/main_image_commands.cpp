@@ -49,10 +49,14 @@ void mfrmMain::resample(frmImage& form) {
             [&](ImageDocument& document) { document.Resample(dialog.NewWidth, dialog.NewHeight); });
 }
 
-void mfrmMain::combine(frmImage&) {
-    std::vector<CombinationSource> sources;
+// The active picture is proposed first.
+void mfrmMain::combine(frmImage& active) {
+    const auto source = [](frmImage& form) {
+        return CombinationSource{form.document().FileTitle(), &form.document().picture()};
+    };
+    std::vector<CombinationSource> sources{source(active)};
     for (const auto& form : forms_)
-        sources.push_back({form->document().FileTitle(), &form->document().picture()});
+        if (form.get() != &active) sources.push_back(source(*form));
     frmCombination dialog(sources);
     dialog.show_modal(window());
     if (dialog.Cancelled) return;
@@ -65,12 +69,12 @@ void mfrmMain::combine(frmImage&) {
         combination.sources[i] = sources[static_cast<std::size_t>(dialog.ImageSource[i])].picture;
         combination.parts[i] = part_of(dialog, i);
     }
-    frmImage& combined = new_form();
-    process(combined, [&](ImageDocument& document) { document.Combine(combination); });
-    if (combined.document().picture().empty())
-        discard(combined); // it failed, and the message has said so
-    else
-        combined.show_new();
+    new_form([&](frmImage& combined) {
+        const bool done =
+            operate(combined, [&](ImageDocument& document) { document.Combine(combination); });
+        if (done) combined.show_new();
+        return done;
+    });
 }
 
 void mfrmMain::colourise(frmImage& form) {
@@ -91,6 +95,7 @@ void mfrmMain::reduce(frmImage& form) {
     enum { kBrightness = 1, kColours, kEdges };
     frmSW dialog(settings_, form.document().picture());
     dialog.show_modal(window());
+    if (dialog.result == 0) return;
     process(form, [&](ImageDocument& document) {
         switch (dialog.result) {
         case kBrightness:
@@ -99,8 +104,6 @@ void mfrmMain::reduce(frmImage& form) {
             return document.lineArt(dialog.limitvalue, dialog.red, dialog.green, dialog.blue);
         case kEdges:
             return document.edgeDetect(dialog.limitvalue);
-        default:
-            return;
         }
     });
 }

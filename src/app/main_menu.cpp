@@ -2,6 +2,7 @@
 
 #include "app/command_table.h"
 #include "settings/string_table.h"
+#include "win/dialog.h"
 
 #include "ids.h"
 
@@ -45,6 +46,23 @@ int help_page_of(int caption, HMENU parent) {
     default:
         return static_cast<int>(GetMenuContextHelpId(parent));
     }
+}
+
+// For names in a menu, which would take an "&" for the mark of an access key.
+std::wstring escaped(const std::wstring& name) {
+    std::wstring text;
+    for (const wchar_t c : name)
+        text.append(c == L'&' ? 2 : 1, c);
+    return text;
+}
+
+std::wstring caption_in(HMENU menu, int position) {
+    const auto place = static_cast<UINT>(position);
+    const int length = GetMenuStringW(menu, place, nullptr, 0, MF_BYPOSITION);
+    std::wstring caption(static_cast<std::size_t>(length) + 1, L'\0');
+    GetMenuStringW(menu, place, caption.data(), length + 1, MF_BYPOSITION);
+    caption.pop_back();
+    return caption;
 }
 
 void set_caption(HMENU menu, unsigned item, bool by_position, std::wstring caption) {
@@ -105,11 +123,27 @@ void MainMenu::show_recent(const cMRUFileList& files) {
     bool any = false;
     for (int i = 1; i <= std::min(files.FileCount(), kRecentFiles); ++i) {
         if (!files.FileExists(i)) continue;
+        const std::wstring caption = files.MenuCaption(i); // "&" and the number come first
         InsertMenuW(bar_, kCmdClose, MF_BYCOMMAND | MF_STRING,
-                    static_cast<UINT_PTR>(kCmdRecent1 + i - 1), files.MenuCaption(i).c_str());
+                    static_cast<UINT_PTR>(kCmdRecent1 + i - 1),
+                    (caption.substr(0, 1) + escaped(caption.substr(1))).c_str());
         any = true;
     }
     if (any) InsertMenuW(bar_, kCmdClose, MF_BYCOMMAND | MF_SEPARATOR, kRecentSeparator, nullptr);
+}
+
+// Entries bear the numbers of the documents' windows; a list of many ends with another entry.
+void MainMenu::escape_documents(HWND mdi_client) const {
+    const HMENU menu = window_menu();
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+        const auto id = static_cast<int>(GetMenuItemID(menu, i));
+        if (id < static_cast<int>(kFirstChildId)) continue;
+        const std::wstring title = win::window_text(GetDlgItem(mdi_client, id));
+        const std::wstring caption = caption_in(menu, i);
+        if (!title.empty() && caption.ends_with(title))
+            set_caption(menu, static_cast<unsigned>(i), true,
+                        caption.substr(0, caption.size() - title.size()) + escaped(title));
+    }
 }
 
 void MainMenu::enable(unsigned command, bool on) {

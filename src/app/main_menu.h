@@ -24,9 +24,11 @@ class MainMenu {
 
     /// Sets every caption in the program's language. The bar has to be drawn again.
     void loadLanguage();
-    /// Shows the recent files and a separator behind them; neither while there are none. A file
-    /// that the converter opens is greyed.
+    /// Shows the recent files and a separator behind them; neither while there are none.
     void show_recent(const cMRUFileList& files);
+    /// Doubles the "&" in the captions of the documents that MDI has appended to the Window menu;
+    /// before it is shown, for MDI makes them anew with every change.
+    void escape_documents(HWND mdi_client) const;
     void enable(unsigned command, bool on);
     /// The help page of a menu in which F1 was pressed: for the bar, of its highlighted entry.
     int help_page(HMENU menu) const;

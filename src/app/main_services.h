@@ -45,7 +45,13 @@ class MainServices {
     /// True while an operation runs; tells the user that nothing else can be done meanwhile.
     virtual bool refuse_while_busy() = 0;
 
+    /// Tells in the message field that an operation on the form's picture is complete and what time
+    /// it took, until there is another message or another picture in front.
+    virtual void operation_complete(const frmImage& form, const std::wstring& time) = 0;
+
     virtual void form_activated(frmImage& form) = 0;
+    /// Another form is in front now.
+    virtual void form_deactivated(const frmImage& form) = 0;
     /// The form's window is gone and the form may be deleted.
     virtual void form_closed(frmImage& form) = 0;
 };

@@ -109,9 +109,12 @@ void mfrmMain::loadLanguage() {
     const std::wstring title = LoadString(IDS_TITLE) + KELVANE_VERSION;
     SetWindowTextW(window(), title.c_str());
     menu_->loadLanguage();
-    DrawMenuBar(window());
     for (const auto& form : forms_)
         form->loadLanguage();
+    DrawMenuBar(window());
+    status_bar_.SetStatus(completion_ ? LoadString(IDS_IMAGE_COMPLETE) + completion_->time
+                                      : std::wstring(),
+                          L"#", L"#");
 }
 
 void mfrmMain::layout() {
@@ -152,6 +155,7 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_INITMENUPOPUP: {
         const frmImage* form = active_form();
         menu_->enable(kCmdUndo, form != nullptr && form->document().undoEnable());
+        menu_->escape_documents(mdi_client_);
         break;
     }
     case WM_DROPFILES:
@@ -164,7 +168,7 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_QUERYENDSESSION:
         return TRUE; // no questions while the system shuts down
     case WM_ENDSESSION:
-        if (w) recent_.Save(settings_);
+        if (w) save_recent();
         return 0;
     case WM_CLOSE:
         if (refuse_while_busy() || !QueryUnload()) return 0;
@@ -219,11 +223,23 @@ bool mfrmMain::let_windows_paint() {
     return go_on;
 }
 
+// A dialog, which disables the window, is seen without a message.
 bool mfrmMain::refuse_while_busy() {
-    if (!busy_ && IsWindowEnabled(window())) return false; // a dialog disables the window
+    if (!busy_ && IsWindowEnabled(window())) return false;
     MessageBeep(MB_ICONEXCLAMATION);
-    SetStatus(LoadString(IDS_IMAGE_BUSY), L"#", L"#");
+    if (busy_) SetStatus(LoadString(IDS_IMAGE_BUSY), L"#", L"#");
     return true;
+}
+
+void mfrmMain::SetStatus(const std::wstring& message, const std::wstring& title,
+                         const std::wstring& size) {
+    if (message != L"#") completion_.reset();
+    status_bar_.SetStatus(message, title, size);
+}
+
+void mfrmMain::operation_complete(const frmImage& form, const std::wstring& time) {
+    completion_ = Completion{&form, time};
+    status_bar_.SetStatus(LoadString(IDS_IMAGE_COMPLETE) + time, L"#", L"#");
 }
 
 void mfrmMain::AddMRUFile(const std::wstring& file, bool flag) {
@@ -284,7 +300,12 @@ void mfrmMain::form_activated(frmImage& form) {
     SetStatus(L"#", form.document().FileTitle(), form.size_text());
 }
 
+void mfrmMain::form_deactivated(const frmImage& form) {
+    if (completion_ && completion_->form == &form) SetStatus(L"", L"#", L"#");
+}
+
 void mfrmMain::form_closed(frmImage& form) {
+    form_deactivated(form);
     std::erase_if(forms_, [&](const auto& each) { return each.get() == &form; });
     if (forms_.empty()) SetStatus(L"#", L"", L"");
 }

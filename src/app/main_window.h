@@ -16,6 +16,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -64,9 +65,7 @@ class mfrmMain : public win::Window, private MainServices {
     HWND frame() const override { return window(); }
     const SettingsFile& settings() const override { return settings_; }
     void SetStatus(const std::wstring& message, const std::wstring& title,
-                   const std::wstring& size) override {
-        status_bar_.SetStatus(message, title, size);
-    }
+                   const std::wstring& size) override;
     void ProgressMax(long maximum) override { status_bar_.ProgressMax(maximum); }
     void ProgressValue(long position) override;
     void ShowProgress(bool show) override { status_bar_.ShowProgress(show); }
@@ -75,7 +74,9 @@ class mfrmMain : public win::Window, private MainServices {
     std::optional<std::wstring> ask_save_file(win::FileQuestion question) override;
     void show_error(int id, const std::wstring& cause) override;
     bool refuse_while_busy() override;
+    void operation_complete(const frmImage& form, const std::wstring& time) override;
     void form_activated(frmImage& form) override;
+    void form_deactivated(const frmImage& form) override;
     void form_closed(frmImage& form) override;
 
     // The window.
@@ -95,12 +96,13 @@ class mfrmMain : public win::Window, private MainServices {
     void perform(const MenuEntry& entry);
     frmImage* GetActiveform();
     void process(frmImage& form, const std::function<void(ImageDocument&)>& operation);
-    frmImage& new_form();
-    void discard(frmImage& form);
+    bool operate(frmImage& form, const std::function<void(ImageDocument&)>& operation);
+    bool new_form(const std::function<bool(frmImage&)>& fill);
     void open_recent(int i);
     void open_dropped(HDROP drop);
     void open_temporary(const std::wstring& file);
     bool QueryUnload();
+    void save_recent();
 
     // Opening by the converter.
     void OpenByConverter(const std::wstring& file);
@@ -144,6 +146,11 @@ class mfrmMain : public win::Window, private MainServices {
     void about();
     void language();
 
+    struct Completion {
+        const frmImage* form;
+        std::wstring time;
+    };
+
     SettingsFile settings_;
     std::wstring open_folder_;
     std::wstring save_folder_;
@@ -155,6 +162,7 @@ class mfrmMain : public win::Window, private MainServices {
     Help help_;
     HWND mdi_client_ = nullptr;
     std::vector<std::unique_ptr<frmImage>> forms_;
+    std::optional<Completion> completion_; // what the message field tells, if it is that
     int image_index_ = 0;
     cImageProcessDIB custom_filter_; // only carries the kernel typed in last
     bool busy_ = false;              // an operation runs

@@ -41,6 +41,7 @@ void cMRUFileList::MaxFileCount(int capacity) {
     if (capacity < 1 || capacity == capacity_) return;
     capacity_ = capacity;
     if (FileCount() > capacity) entries_.resize(static_cast<std::size_t>(capacity));
+    added_ = std::min(added_, entries_.size());
 }
 
 std::wstring cMRUFileList::file(int i) const {
@@ -59,11 +60,13 @@ void cMRUFileList::AddFile(const std::wstring& file, bool flag) {
     const auto known = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
         return same_file(entry.file, file);
     });
+    const bool added_before = known < entries_.begin() + static_cast<std::ptrdiff_t>(added_);
     if (known != entries_.end())
         entries_.erase(known);
     else if (FileCount() >= capacity_)
         entries_.pop_back();
     entries_.insert(entries_.begin(), Entry{file, flag});
+    if (!added_before) added_ = std::min(added_ + 1, entries_.size());
 }
 
 void cMRUFileList::Save(const SettingsFile& file) const {
@@ -82,11 +85,21 @@ void cMRUFileList::Load(const SettingsFile& file) {
     const auto count = read_setting(file, settings::kRecentCount);
     if (!count) return;
     entries_.resize(static_cast<std::size_t>(std::clamp(*count, 0, kMostLoaded)));
+    added_ = 0;
     for (int i = 1; i <= FileCount(); ++i) {
         Entry& entry = entries_[static_cast<std::size_t>(i - 1)];
         entry.file = read_setting(file, Numbered{settings::kRecentFile, i});
         entry.flag = read_setting(file, Numbered{settings::kRecentFlag, i}) != 0;
     }
+}
+
+void cMRUFileList::Merge(const SettingsFile& file) {
+    cMRUFileList merged;
+    merged.MaxFileCount(capacity_);
+    merged.Load(file);
+    for (std::size_t i = added_; i-- > 0;)
+        merged.AddFile(entries_[i].file, entries_[i].flag);
+    *this = std::move(merged);
 }
 
 } // namespace kelvane

@@ -36,6 +36,9 @@ class cMRUFileList {
     void Save(const SettingsFile& file) const;
     /// Takes capacity and entries from the settings file, as far as it holds them.
     void Load(const SettingsFile& file);
+    /// Loads anew and adds on top what was added since the first `Load`: what another running
+    /// program has saved in the meantime is kept. For the moment before `Save`.
+    void Merge(const SettingsFile& file);
 
   private:
     struct Entry {
@@ -46,6 +49,7 @@ class cMRUFileList {
 
     int capacity_ = 4;
     std::vector<Entry> entries_;
+    std::size_t added_ = 0; // entries at the top that were not loaded
 };
 
 } // namespace kelvane

@@ -280,10 +280,13 @@ constexpr OperationInfo kOperations[] = {
      "black where the mean of the channels marked 1 is at most LIMIT (0 to 255)", line_art},
     {"edges", ":LIMIT", "black where the colour changes to the right (0 to 256)", edges},
     {"resample", ":WIDTHxHEIGHT", "another size, bilinear", resample},
-    {"add-lightest", ":FILE", "combine with FILE, pixel by pixel; both of one size",
-     select<&cImageProcessDIB::AddLightest>},
-    {"add-darkest", ":FILE", "the opposite choice of add-lightest",
+    // The engine's names say which pixel is dropped.
+    {"lightest", ":FILE", "the lighter pixel of both, by green and blue; both of one size",
      select<&cImageProcessDIB::AddDarkest>},
+    {"darkest", ":FILE", "the darker pixel of both, by green and blue; both of one size",
+     select<&cImageProcessDIB::AddLightest>},
+    {"add-lightest", ":FILE", "the same as darkest", select<&cImageProcessDIB::AddLightest>},
+    {"add-darkest", ":FILE", "the same as lightest", select<&cImageProcessDIB::AddDarkest>},
     {"add", ":FILE,FROMMULT,FROMOFF_R,FROMOFF_G,FROMOFF_B,TOMULT,TOOFF_R,TOOFF_G,TOOFF_B",
      "(FILE + FROMOFF) x FROMMULT + (picture + TOOFF) x TOMULT; both of one size", add},
 };

@@ -24,6 +24,12 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_COMBINE_CANCEL},
 };
 
+// The types by the engine's operation, whose names mean the opposite of what users read:
+// AddLightest leaves the darker one of two pixels, AddDarkest the lighter one.
+constexpr int kSum = 1;
+constexpr int kAddLightest = 2;
+constexpr int kAddDarkest = 3;
+
 // Enough to turn any byte into any other.
 constexpr int kLargestNumber = 255;
 
@@ -72,8 +78,8 @@ const cDIBSection* frmCombination::chosen_picture(int list) const {
 }
 
 int frmCombination::chosen_type() const {
-    if (checked(IDC_COMBINE_LIGHTEST)) return 2;
-    return checked(IDC_COMBINE_DARKEST) ? 3 : 1;
+    if (checked(IDC_COMBINE_LIGHTEST)) return kAddDarkest;
+    return checked(IDC_COMBINE_DARKEST) ? kAddLightest : kSum;
 }
 
 void frmCombination::show_size() {
@@ -93,8 +99,8 @@ void frmCombination::show_size() {
 // Only the weighted sum has numbers.
 void frmCombination::show_type() {
     for (const Row& row : kRows) {
-        enable(row.multiplier, chosen_type() == 1);
-        enable(row.offset, chosen_type() == 1);
+        enable(row.multiplier, chosen_type() == kSum);
+        enable(row.offset, chosen_type() == kSum);
     }
 }
 
@@ -113,7 +119,7 @@ void frmCombination::density_changed() {
 
 // Numbers that are being typed and are none yet leave the preview as it is.
 void frmCombination::show_preview() {
-    if (chosen_type() == 1 && read_numbers() != 0) return;
+    if (chosen_type() == kSum && read_numbers() != 0) return;
     preview_.show(control(IDC_COMBINE_PREVIEW), [this](cDIBSection& first) { combine(first); });
 }
 
@@ -121,10 +127,10 @@ void frmCombination::combine(cDIBSection& first) {
     if (first.empty() || second_.empty()) return;
     cDIBSection target = second_.Copy();
     switch (chosen_type()) {
-    case 2:
+    case kAddLightest:
         engine_.AddLightest(first, target);
         break;
-    case 3:
+    case kAddDarkest:
         engine_.AddDarkest(first, target);
         break;
     default:
@@ -175,7 +181,7 @@ bool frmCombination::confirm() {
         }
     }
     CombinationType = chosen_type();
-    const int wrong = CombinationType == 1 ? read_numbers() : 0;
+    const int wrong = CombinationType == kSum ? read_numbers() : 0;
     if (wrong != 0) {
         refuse_field(window(), wrong,
                      LoadString(IDS_COMBINE_INVALID, {std::to_wstring(-kLargestNumber),

@@ -29,7 +29,8 @@ class frmCombination : public win::Dialog {
 
     // The rest is valid unless `Cancelled`. Arrays go by picture: 0 first, 1 second.
 
-    /// 1 weighted sum, 2 lightest pixels, 3 darkest pixels.
+    /// 1 weighted sum, 2 `AddLightest`, which keeps the darker pixel, 3 `AddDarkest`, which keeps
+    /// the lighter one.
     int CombinationType = 1;
     /// Positions among the sources; one picture may be combined with itself.
     std::array<int, 2> ImageSource{};

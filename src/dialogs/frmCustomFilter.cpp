@@ -2,6 +2,7 @@
 
 #include "dialogs/controls.h"
 #include "dialogs/field_input.h"
+#include "win/arrow_keys.h"
 #include "win/key_filter.h"
 
 #include "ids.h"
@@ -59,6 +60,7 @@ frmCustomFilter::frmCustomFilter(cImageProcessDIB& engine)
 
 void frmCustomFilter::load() {
     Cancelled = true;
+    tab_stop_ = KernelGrid::kCentre;
     set_title(LoadString(IDS_CUSTOM_TITLE));
     set_captions(window(), kCaptions);
     for (const Base& base : kBases)
@@ -73,6 +75,7 @@ void frmCustomFilter::prepare_fields() const {
         const HWND field = control(IDC_CUSTOM_CELL + cell);
         SendMessageW(field, EM_LIMITTEXT, kCellLength, 0);
         win::filter_keys(field, in_whole_numbers);
+        win::pass_on_arrow_keys(field);
     }
     SendMessageW(control(IDC_CUSTOM_WEIGHT), EM_LIMITTEXT, kWeightLength, 0);
     win::filter_keys(control(IDC_CUSTOM_WEIGHT), in_whole_numbers);
@@ -99,9 +102,32 @@ void frmCustomFilter::show_grid(const KernelGrid& grid) {
 
 void frmCustomFilter::on_command(int id, int notification) {
     if (is_cell(id) && notification == EN_CHANGE) cell_changed(id - IDC_CUSTOM_CELL);
-    if (is_cell(id) && notification == EN_SETFOCUS) SendMessageW(control(id), EM_SETSEL, 0, -1);
+    if (is_cell(id) && notification == EN_SETFOCUS) cell_entered(id - IDC_CUSTOM_CELL);
     if (id == IDC_CUSTOM_BASE && notification == CBN_SELCHANGE) base_chosen();
     if (id == IDC_CUSTOM_AUTO && checked(IDC_CUSTOM_AUTO)) calculate_weight();
+}
+
+// Tab leaves the grid from here and comes back to here.
+void frmCustomFilter::cell_entered(int cell) {
+    const auto stop = [this](int at, bool on) {
+        const HWND field = control(IDC_CUSTOM_CELL + at);
+        const LONG style = GetWindowLongW(field, GWL_STYLE);
+        SetWindowLongW(field, GWL_STYLE, on ? style | WS_TABSTOP : style & ~WS_TABSTOP);
+    };
+    stop(tab_stop_, false);
+    stop(cell, true);
+    tab_stop_ = cell;
+    SendMessageW(control(IDC_CUSTOM_CELL + cell), EM_SETSEL, 0, -1);
+}
+
+// From the cell with the focus, which is the tab stop, to its neighbour; not beyond the border.
+void frmCustomFilter::move_focus(WPARAM key) const {
+    constexpr int kLast = KernelGrid::kSide - 1;
+    const int row = tab_stop_ / KernelGrid::kSide + (key == VK_DOWN) - (key == VK_UP);
+    const int column = tab_stop_ % KernelGrid::kSide + (key == VK_RIGHT) - (key == VK_LEFT);
+    if (row < 0 || row > kLast || column < 0 || column > kLast) return;
+    const HWND next = control(IDC_CUSTOM_CELL + row * KernelGrid::kSide + column);
+    SendMessageW(window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
 }
 
 void frmCustomFilter::cell_changed(int cell) {
@@ -161,6 +187,10 @@ void frmCustomFilter::hand_over(const FilterKernel& kernel) {
 }
 
 INT_PTR frmCustomFilter::on_message(UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_KEYDOWN) { // an arrow key of a cell
+        move_focus(w);
+        return TRUE;
+    }
     if (message != WM_CTLCOLOREDIT) return FALSE;
     const int id = GetDlgCtrlID(reinterpret_cast<HWND>(l));
     return is_cell(id) ? cell_brush(reinterpret_cast<HDC>(w), id - IDC_CUSTOM_CELL) : FALSE;

@@ -29,6 +29,8 @@ class frmCustomFilter : public win::Dialog {
     void prepare_fields() const;
     void show_start();
     void show_grid(const KernelGrid& grid);
+    void cell_entered(int cell);
+    void move_focus(WPARAM key) const;
     void cell_changed(int cell);
     void base_chosen();
     void calculate_weight() const;
@@ -40,6 +42,8 @@ class frmCustomFilter : public win::Dialog {
     KernelGrid grid_;
     /// Cells shown as having no part in the filter.
     std::bitset<KernelGrid::kCells> grey_;
+    /// The grid's only cell that Tab reaches: the one that had the focus last.
+    int tab_stop_ = KernelGrid::kCentre;
 };
 
 } // namespace kelvane

@@ -17,6 +17,7 @@ namespace {
 
 constexpr Caption kCaptions[] = {
     {IDC_HUE_VALUE_LABEL, IDS_HUE_VALUE},
+    {IDC_HUE_MEANING, IDS_HUE_MEANING},
     {IDC_HUE_PREVIEW_LABEL, IDS_HUE_PREVIEW},
     {IDOK, IDS_HUE_OK},
     {IDCANCEL, IDS_HUE_CANCEL},

@@ -34,11 +34,9 @@ constexpr std::int64_t kMostBytes = std::numeric_limits<std::int32_t>::max();
 static_assert(square_bytes(frmNewSize::kLongestSide) <= kMostBytes);
 static_assert(square_bytes(frmNewSize::kLongestSide + 1) > kMostBytes);
 
-// The side that goes with `side` where `of` goes with `own`, rounded.
-int in_ratio(int side, int own, int of) {
-    const double exact = static_cast<double>(side) * of / own;
-    return static_cast<int>(
-        std::clamp(std::nearbyint(exact), 1.0, static_cast<double>(frmNewSize::kLongestSide)));
+// The side that goes with `side` where `of` goes with `own`, rounded; at least 1.
+double in_ratio(int side, int own, int of) {
+    return std::max(std::nearbyint(static_cast<double>(side) * of / own), 1.0);
 }
 
 std::optional<int> side_in(const std::wstring& text) {
@@ -90,20 +88,28 @@ bool frmNewSize::confirm() {
 void frmNewSize::on_command(int control, int notification) {
     if (following_ || !checked(IDC_SIZE_KEEP_RATIO)) return;
     following_ = true;
-    if (control == IDC_SIZE_WIDTH && notification == EN_CHANGE) follow_width();
-    if (control == IDC_SIZE_HEIGHT && notification == EN_CHANGE) follow_height();
-    if (control == IDC_SIZE_KEEP_RATIO && notification == BN_CLICKED) follow_width();
+    const Side width{IDC_SIZE_WIDTH, width_};
+    const Side height{IDC_SIZE_HEIGHT, height_};
+    if (control == IDC_SIZE_WIDTH && notification == EN_CHANGE) follow(width, height);
+    if (control == IDC_SIZE_HEIGHT && notification == EN_CHANGE) follow(height, width);
+    if (control == IDC_SIZE_KEEP_RATIO && notification == BN_CLICKED) follow(width, height);
     following_ = false;
 }
 
-void frmNewSize::follow_width() {
-    if (const auto width = side_in(text(IDC_SIZE_WIDTH)))
-        set_text(IDC_SIZE_HEIGHT, std::to_wstring(in_ratio(*width, width_, height_)));
-}
-
-void frmNewSize::follow_height() {
-    if (const auto height = side_in(text(IDC_SIZE_HEIGHT)))
-        set_text(IDC_SIZE_WIDTH, std::to_wstring(in_ratio(*height, height_, width_)));
+// Where the other side would be longer than the limit, both stop at the largest size of this ratio.
+void frmNewSize::follow(const Side& typed, const Side& other) {
+    const std::optional<int> side = side_in(text(typed.field));
+    if (!side) return;
+    const double exact = in_ratio(*side, typed.own, other.own);
+    const int following = static_cast<int>(std::min<double>(exact, kLongestSide));
+    set_text(other.field, std::to_wstring(following));
+    if (exact <= kLongestSide) return;
+    const auto largest = static_cast<int>(in_ratio(following, other.own, typed.own));
+    const std::wstring digits = std::to_wstring(largest);
+    set_text(typed.field, digits);
+    // The caret stays behind what has been typed.
+    SendMessageW(control(typed.field), EM_SETSEL, digits.size(),
+                 static_cast<LPARAM>(digits.size()));
 }
 
 } // namespace kelvane

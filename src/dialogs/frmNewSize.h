@@ -7,7 +7,8 @@
 namespace kelvane {
 
 /// Starts with the size that was confirmed last, or with the picture's own when there was none.
-/// Width and height follow each other as long as the picture's ratio is to be kept.
+/// Width and height follow each other as long as the picture's ratio is to be kept, up to the
+/// largest size of that ratio.
 class frmNewSize : public win::Dialog {
   public:
     /// Two sides of this length, in pixels, are the largest square that a picture buffer holds;
@@ -29,8 +30,11 @@ class frmNewSize : public win::Dialog {
 
   private:
     void show_size(int width, int height);
-    void follow_width();
-    void follow_height();
+    struct Side {
+        int field;
+        int own; // the picture's, in pixels
+    };
+    void follow(const Side& typed, const Side& other);
 
     const SettingsFile& settings_;
     int width_;

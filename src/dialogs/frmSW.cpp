@@ -10,6 +10,8 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
+
 namespace kelvane {
 namespace {
 
@@ -97,8 +99,13 @@ void frmSW::restore() {
         const int stored = read_setting(settings_, each.setting);
         prepare_slider(control(each.id), stored == 0 ? kDesignedLimit : stored);
     }
+    // A channel whose key is missing beside another's is unticked. While no key is there at all,
+    // the reduction has never been made: without a channel it could not be, so all are ticked.
+    const bool stored = std::ranges::any_of(kChannelBoxes, [this](const ChannelBox& box) {
+        return !settings_.ReadIniValue(box.setting.section, box.setting.key).empty();
+    });
     for (const ChannelBox& box : kChannelBoxes)
-        check(box.id, read_setting(settings_, box.setting) != 0);
+        check(box.id, !stored || read_setting(settings_, box.setting) != 0);
     check_radio(IDC_REDUCE_BRIGHTNESS, IDC_REDUCE_EDGES, IDC_REDUCE_BRIGHTNESS);
 }
 

@@ -9,8 +9,9 @@ namespace kelvane {
 
 class frmSW : public win::Dialog {
   public:
-    /// Sliders and check boxes start as the settings have them; the settings are written by who
-    /// carries the reduction out. `picture` is only read, and must live as long as the dialog.
+    /// Sliders and check boxes start as the settings have them, all channels ticked while none is
+    /// stored; the settings are written by who carries the reduction out. `picture` is only read,
+    /// and must live as long as the dialog.
     frmSW(const SettingsFile& settings, const cDIBSection& picture);
 
     /// 0 when cancelled, else the reduction: 1 brightness, 2 colour limit, 3 edges.

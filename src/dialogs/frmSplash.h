@@ -8,8 +8,9 @@
 
 namespace kelvane {
 
-/// Shown with `show_modeless`, before the main window that owns it; goes by itself, after a moment
-/// or when it is clicked, as long as messages are dispatched.
+/// Shown with `show_modeless` before its owner, the main window, is: then it is in the middle of
+/// the screen and the main window appears behind it. Goes by itself, after a moment or when it is
+/// clicked, as long as messages are dispatched.
 class frmSplash : public win::Dialog {
   public:
     /// How long it stays, in milliseconds.

@@ -1,4 +1,5 @@
-// Arrow keys for controls that have no use for keys of their own, such as picture boxes.
+// Arrow keys that a control's dialog handles: of picture boxes, which have no use for keys of their
+// own, and of fields in a grid.
 #pragma once
 
 #include <windows.h>
@@ -9,5 +10,10 @@ namespace kelvane::win {
 /// WM_KEYDOWN for them. It is painted anew when it gets or loses the focus, which it can get when
 /// it has WS_TABSTOP. Ends with the control.
 void take_arrow_keys(HWND control);
+
+/// From now on an arrow key that has nowhere to go in the text of this one-line field is sent to
+/// its dialog as WM_KEYDOWN: Left from the text's or the selection's beginning, Right from its end,
+/// Up and Down always. Together with Shift or Ctrl keys stay the field's own. Ends with the field.
+void pass_on_arrow_keys(HWND edit);
 
 } // namespace kelvane::win

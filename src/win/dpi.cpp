@@ -9,6 +9,17 @@ template <class Function> Function user32(const char* name) {
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32"), name)));
 }
 
+Font system_font(HWND window, LOGFONTW NONCLIENTMETRICSW::*kind) {
+    static const auto for_dpi =
+        user32<BOOL(WINAPI*)(UINT, UINT, void*, UINT, UINT)>("SystemParametersInfoForDpi");
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    const auto dpi = static_cast<UINT>(dots_per_inch(window));
+    if (for_dpi == nullptr || !for_dpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi))
+        SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    return Font(CreateFontIndirectW(&(metrics.*kind)));
+}
+
 } // namespace
 
 int dots_per_inch(HWND window) {
@@ -30,14 +41,11 @@ int system_metric(HWND window, int index) {
 }
 
 Font message_font(HWND window) {
-    static const auto for_dpi =
-        user32<BOOL(WINAPI*)(UINT, UINT, void*, UINT, UINT)>("SystemParametersInfoForDpi");
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
-    const auto dpi = static_cast<UINT>(dots_per_inch(window));
-    if (for_dpi == nullptr || !for_dpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi))
-        SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    return Font(CreateFontIndirectW(&metrics.lfStatusFont));
+    return system_font(window, &NONCLIENTMETRICSW::lfStatusFont);
+}
+
+Font caption_font(HWND window) {
+    return system_font(window, &NONCLIENTMETRICSW::lfCaptionFont);
 }
 
 } // namespace kelvane::win

@@ -14,7 +14,8 @@ int scaled(HWND window, int length);
 /// What GetSystemMetrics says, for the window's monitor.
 int system_metric(HWND window, int index);
 
-/// The font of messages and status lines for the window's monitor.
+/// The fonts of messages and status lines, and of windows' captions, for the window's monitor.
 Font message_font(HWND window);
+Font caption_font(HWND window);
 
 } // namespace kelvane::win

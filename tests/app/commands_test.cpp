@@ -55,6 +55,7 @@ TEST_F(Commands, EveryPlainEntryDoesWhatItSaysAndCanBeTakenBack) {
         EXPECT_TRUE(form.document().Dirty());
         EXPECT_EQ(status(0).substr(0, 27), L" Complete.  Required Time =");
         choose(kCmdUndo);
+        EXPECT_EQ(status(0), L" ");
         // Emphasize is two operations: the undo copy is the picture after the first, which leaves
         // it alone.
         EXPECT_TRUE(same_pixels(picture_of(form), before));
@@ -90,7 +91,8 @@ TEST_F(Commands, MenuShowsCaptionsAndShortcutsInBothLanguages) {
                 ElementsAre(L"&Open\tCtrl+O", L"O&pen by ImageMagick", L"&Save\tCtrl+S", L"",
                             L"&Export to EAGLE Script\tCtrl+E", L"&Import (Twain)", L"",
                             L"&Close active Image\tCtrl+F4", L"E&xit"));
-    const frmImage& form = opened(colourful_picture(320, 240));
+    frmImage& form = opened(colourful_picture(320, 240));
+    choose(kCmdNegative);
     save_screenshot(main.window(), KELVANE_SCREENSHOTS, "main-en");
     EXPECT_EQ(repeated_in(bar), L"CPHA") << "the English captions are fixed";
     script.expect_dialog([](HWND dialog) { choose_in_list(dialog, IDC_LANGUAGE, 1); });
@@ -103,6 +105,8 @@ TEST_F(Commands, MenuShowsCaptionsAndShortcutsInBothLanguages) {
     EXPECT_EQ(win::window_text(main.window()),
               std::wstring(L"Kelvane - Bildbearbeitung für EAGLE - Version ") + KELVANE_VERSION);
     EXPECT_EQ(caption(form), L"Bild: " + path(L"picture.bmp"));
+    EXPECT_EQ(menu_text(GetSubMenu(bar, 4), 5), L"&1 Bild: " + path(L"picture.bmp"));
+    EXPECT_EQ(status(0).substr(0, 26), L" Fertig.  Benötigte Zeit =");
 }
 
 TEST_F(Commands, UndoIsGreyedUntilThereIsSomethingToUndo) {

@@ -74,8 +74,7 @@ TEST_F(Export, ReductionDialogChoosesAmongThree) {
     for (const auto& each : cases) {
         script.expect_dialog([&](HWND dialog) {
             click(dialog, each.button);
-            CheckDlgButton(dialog, IDC_REDUCE_GREEN, BST_CHECKED);
-            CheckDlgButton(dialog, IDC_REDUCE_BLUE, BST_CHECKED);
+            CheckDlgButton(dialog, IDC_REDUCE_RED, BST_UNCHECKED);
             slide(dialog, each.slider, each.limit);
         });
         choose(kCmdReduce);
@@ -87,16 +86,17 @@ TEST_F(Export, ReductionDialogChoosesAmongThree) {
         EXPECT_EQ(setting(L"imageexport", key), stored);
 }
 
-TEST_F(Export, CombinationIsANewDocument) {
-    opened(flat_picture(4, 4, 10, 20, 30), L"1.bmp");
+TEST_F(Export, CombinationIsANewDocumentAndStartsWithTheActivePicture) {
     opened(flat_picture(8, 2, 100, 50, 5), L"2.bmp"); // becomes as large as the first
+    const HWND first = opened(flat_picture(4, 4, 10, 20, 30), L"1.bmp").window();
     const struct {
         int button;
         std::array<int, 3> colour;
     } cases[] = {{IDC_COMBINE_ADD, {122, 92, 67}},
-                 {IDC_COMBINE_ADD + 1, {10, 20, 30}},
-                 {IDC_COMBINE_ADD + 2, {100, 50, 5}}};
+                 {IDC_COMBINE_LIGHTEST, {100, 50, 5}},
+                 {IDC_COMBINE_DARKEST, {10, 20, 30}}};
     for (const auto& [button, colour] : cases) {
+        SendMessageW(GetParent(first), WM_MDIACTIVATE, reinterpret_cast<WPARAM>(first), 0);
         script.expect_dialog([&](HWND dialog) {
             type_text(dialog, IDC_COMBINE_MULTIPLIER_1, L"2");
             type_text(dialog, IDC_COMBINE_OFFSET_1, L"1");

@@ -56,18 +56,25 @@ TEST_F(Files, OpenDialogRemembersItsFolder) {
 
 TEST_F(Files, WhatDoesNotOpenLeavesNoWindow) {
     write_text(folder / "rubbish.png", "no picture");
-    const std::wstring error = L"An error occured trying to open this file: ";
-    expect_error(error + L"not a picture that can be read.\r\n\r\nOther formats open with 'Open by "
-                         L"ImageMagick' in the menu File.");
-    main.open_file(path(L"rubbish.png"));
-    for (const std::wstring& missing : {path(L"missing.bmp"), std::wstring()}) {
-        expect_error(error + L"No such file or directory");
-        main.open_file(missing);
+    const std::pair<std::wstring, std::wstring> kCauses[] = {
+        {path(L"rubbish.png"), path(L"rubbish.png") +
+                                   L": not a picture that can be read.\r\n\r\nOther formats open "
+                                   L"with 'Open by ImageMagick' in the menu File."},
+        {path(L"missing.bmp"), path(L"missing.bmp") + L": No such file or directory"},
+        {L"", L"No such file or directory"}};
+    for (const auto& [file, cause] : kCauses) {
+        script.expect([&, cause = cause](HWND box) {
+            EXPECT_EQ(main.active_form(), nullptr) << "behind the message";
+            EXPECT_EQ(message_shown(box),
+                      L"Error ! [OK]: An error occured trying to open this file: " + cause);
+            press(box, IDOK);
+        });
+        main.open_file(file);
+    }
     }
     write_text(folder / "empty.gif", {"GIF89a\0\0\1\0\0\0\0;", 14});
     main.open_file(path(L"empty.gif")); // no columns, and no message
     EXPECT_TRUE(main.forms().empty());
-    EXPECT_EQ(main.active_form(), nullptr);
     EXPECT_EQ(main.recent_files().FileCount(), 0);
 }
 
@@ -87,7 +94,7 @@ TEST_F(Files, SavedPictureIsTheShownOneAndNoLongerChanged) {
     choose(kCmdSave);
     EXPECT_FALSE(form.document().Dirty());
     EXPECT_EQ(caption(form), L"Image: " + path(L"new name.bmp"));
-    EXPECT_EQ(status(1), L" new name.bmp");
+    EXPECT_EQ(status(0) + status(1), L"  new name.bmp");
     EXPECT_TRUE(same_pixels(read_picture(path(L"new name.bmp")), picture_of(form)));
     EXPECT_EQ(main.recent_files().file(1), path(L"new name.bmp"));
     EXPECT_THAT(path(L"new name.bmp"), StartsWith(setting(L"global", L"lastpath2")));
@@ -112,11 +119,14 @@ TEST_F(Files, FailedSaveKeepsTheFileAndTheChange) {
 TEST_F(Files, RecentFilesOpenFromTheMenu) {
     const std::wstring first = saved(black_picture(2, 2), L"1.bmp");
     main.open_file(first);
-    for (const wchar_t* name : {L"2.bmp", L"3.bmp", L"4.bmp", L"5.bmp"})
+    for (const wchar_t* name : {L"2.bmp", L"3.bmp", L"4.bmp", L"A & B, long enough for dots.bmp"})
         main.open_file(saved(black_picture(3, 3), name));
     const HMENU file_menu = GetSubMenu(GetMenu(main.window()), 0);
     EXPECT_EQ(GetMenuItemCount(file_menu), 14); // 9, four files, a separator
-    EXPECT_EQ(menu_text(file_menu, 7), main.recent_files().MenuCaption(1));
+    EXPECT_EQ(menu_text(file_menu, 7), L"&1)  ...\\A && B, long enough for dots.bmp");
+    SendMessageW(main.window(), WM_INITMENUPOPUP, 0, 4);
+    EXPECT_THAT(menu_texts(GetSubMenu(GetMenu(main.window()), 4)).back(),
+                testing::EndsWith(L"\\A && B, long enough for dots.bmp"));
     choose(kCmdRecent4);
     EXPECT_EQ(main.active_form()->document().FileTitle(), L"2.bmp");
     EXPECT_EQ(main.recent_files().file(1), path(L"2.bmp"));

@@ -72,8 +72,18 @@ TEST_F(ImageWindow, MainWindowGoesWhereAMonitorOfAnotherDensityWantsIt) {
     EXPECT_EQ(bar.right, inside.right);
 }
 
+TEST_F(ImageWindow, FitsItsPictureWithBothBarsAndItsTitle) {
+    const frmImage& wide = opened(black_picture(3000, 100));
+    EXPECT_TRUE(has_bar(wide, WS_HSCROLL) && !has_bar(wide, WS_VSCROLL));
+    const frmImage& high = opened(black_picture(900, 2000));
+    EXPECT_TRUE(!has_bar(high, WS_HSCROLL) && has_bar(high, WS_VSCROLL));
+    RECT tiny{};
+    GetClientRect(opened(black_picture(2, 2), std::wstring(60, L'W') + L".bmp").window(), &tiny);
+    EXPECT_GT(tiny.right, 60 * 7);
+}
+
 TEST_F(ImageWindow, BarsShowOnlyWhatDoesNotFit) {
-    frmImage& form = opened(black_picture(300, 200));
+    frmImage& form = opened(black_picture(900, 200)); // wider than its title
     EXPECT_FALSE(has_bar(form, WS_HSCROLL) || has_bar(form, WS_VSCROLL)) << "sized to the picture";
     RECT window{};
     GetWindowRect(form.window(), &window);
@@ -87,7 +97,7 @@ TEST_F(ImageWindow, BarsShowOnlyWhatDoesNotFit) {
     resize(form, width, height);
     EXPECT_FALSE(has_bar(form, WS_HSCROLL) || has_bar(form, WS_VSCROLL));
     EXPECT_EQ(position(form, SB_HORZ), 0);
-    EXPECT_EQ(shown(form, 299, 199), (std::array<int, 3>{0, 0, 0}));
+    EXPECT_EQ(shown(form, 899, 199), (std::array<int, 3>{0, 0, 0}));
 }
 
 TEST_F(ImageWindow, NothingElseStartsDuringAnOperation) {

@@ -83,6 +83,18 @@ TEST(RecentFiles, SurviveTheSettingsFile) {
     EXPECT_EQ(scratch.settings().ReadIniValue(L"ImageMRU", L"MaxCount"), L"4");
 }
 
+TEST(RecentFiles, WhatAnotherProgramHasSavedMeanwhileIsKept) {
+    const ScratchFolder scratch;
+    scratch.put("[ImageMRU]\r\nCount=2\r\nFile1=1\r\nFile2=2\r\n");
+    cMRUFileList list;
+    list.Load(scratch.settings());
+    list.AddFile(L"2", false);
+    scratch.put("[ImageMRU]\r\nCount=2\r\nFile1=a\r\nFileFlag1=1\r\nFile2=1\r\n");
+    list.Merge(scratch.settings());
+    EXPECT_THAT(files(list), ElementsAre(L"2", L"a", L"1"));
+    EXPECT_TRUE(list.fileflag(2));
+}
+
 TEST(RecentFiles, CountBeyondTheCapacityStays) {
     const ScratchFolder scratch;
     scratch.put("[ImageMRU]\r\nMaxCount=2\r\nCount=3\r\nFile1=a\r\nFileFlag1=1\r\nFile3=c\r\n");

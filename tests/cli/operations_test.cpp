@@ -60,8 +60,9 @@ TEST_F(Operations, WholeResults) {
         "colourise:-0.25 3043902824 noise:40 2263963528 noise:40,random 2602822840 "
         "negative 938775341 steinberg 1794431812 palette:@two,colours.pal 3398383955 "
         "bw:99 1670203702 line-art:99,0,1,1 2272413949 edges:150 3695897448 "
-        "resample:8x5 2979628735 add-lightest:@other.bmp 764339113 "
-        "add-darkest:@other.bmp 2621198250 add:@other.bmp,-1,2,3,4,2,-5,6,7 1286798325");
+        "resample:8x5 2979628735 lightest:@other.bmp 2621198250 add-darkest:@other.bmp 2621198250 "
+        "darkest:@other.bmp 764339113 add-lightest:@other.bmp 764339113 "
+        "add:@other.bmp,-1,2,3,4,2,-5,6,7 1286798325");
     std::set<std::string_view> untried;
     for (const OperationInfo& info : operations())
         untried.insert(info.name);

@@ -96,16 +96,16 @@ TEST_F(LiveDialogs, WeightedSumReturnsItsNumbers) {
     EXPECT_EQ(dialog.NewImageHeight, 480);
 }
 
-TEST_F(LiveDialogs, SelectionNeedsNoNumbers) {
+TEST_F(LiveDialogs, SelectionKeepsWhatItsNameSaysAndNeedsNoNumbers) {
     frmCombination dialog({logo, second});
-    for (const int type : {2, 3}) {
-        show(dialog, IDOK, [type](HWND window) {
+    const std::tuple<int, int, COLORREF> kCases[] = {{IDC_COMBINE_LIGHTEST, 3, RGB(100, 100, 100)},
+                                                     {IDC_COMBINE_DARKEST, 2, RGB(30, 30, 30)}};
+    for (const auto& [button, type, kept] : kCases) {
+        show(dialog, IDOK, [button = button, kept = kept](HWND window) {
             type_text(window, IDC_COMBINE_OFFSET_2, L"rubbish");
-            click(window, IDC_COMBINE_ADD + type - 1);
+            click(window, button);
             EXPECT_FALSE(IsWindowEnabled(GetDlgItem(window, IDC_COMBINE_OFFSET_2)));
-            const COLORREF kept = type == 2 ? RGB(30, 30, 30) : RGB(100, 100, 100);
-            EXPECT_THAT(shown_in(window, IDC_COMBINE_PREVIEW), ElementsAre(kept))
-                << "lightest keeps the smaller measure";
+            EXPECT_THAT(shown_in(window, IDC_COMBINE_PREVIEW), ElementsAre(kept));
         });
         EXPECT_EQ(dialog.CombinationType, type);
         EXPECT_THAT(dialog.ImageSource, ElementsAre(0, 1));

@@ -114,6 +114,7 @@ TEST_F(ReductionDialogTest, StartsWhereTheLastReductionsWere) {
 }
 
 TEST_F(ReductionDialogTest, EachReductionHasItsOwnControls) {
+    scratch.put("[imageexport]\r\nbwr=0\r\n");
     const std::string before = scratch.bytes();
     show(dialog, IDOK, [this](HWND window) {
         click(window, IDC_REDUCE_EDGES);
@@ -140,6 +141,9 @@ TEST_F(ReductionDialogTest, EachReductionHasItsOwnControls) {
 }
 
 TEST_F(ReductionDialogTest, ColourLimitNeedsAChannel) {
+    show(dialog, IDOK, [](HWND window) { click(window, IDC_REDUCE_COLOURS); });
+    EXPECT_EQ(std::tuple(dialog.red, dialog.green, dialog.blue), std::tuple(1, 1, 1));
+    scratch.put("[imageexport]\r\nbbb=0\r\n"); // the others are missing
     show(dialog, IDOK, [this](HWND window) {
         click(window, IDC_REDUCE_COLOURS);
         expect_refused(window);

@@ -123,5 +123,15 @@ TEST_F(Program, SaysHowToMendALanguageThatDoesNotExist) {
     EXPECT_EQ(program.exit_code(), 1u);
 }
 
+TEST_F(Program, SplashWindowComesBeforeTheMainWindowAndGoesByItself) {
+    const DrivenProgram program(program_file, {});
+    const HWND splash = dialog(program, IDS_PRODUCT_NAME);
+    RECT place{};
+    GetWindowRect(splash, &place);
+    // In the middle of the screen, where no main window was seen yet.
+    EXPECT_NEAR(place.left + place.right, GetSystemMetrics(SM_CXSCREEN), 1);
+    program.wait_for("its end", [&] { return !IsWindow(splash); });
+}
+
 } // namespace
 } // namespace kelvane::test
