@@ -1,4 +1,5 @@
-// Which page of the help opens where, with a library of our own in the place of the system's.
+// Which page of the help opens where, with a library of our own in the place of the system's: the
+// Wine prefix belongs to the tests.
 #include "app_test.h"
 
 #include "ids.h"
@@ -10,6 +11,15 @@ namespace {
 
 class HelpPages : public AppTest {
   protected:
+    static void SetUpTestSuite() {
+        if (!exists(systems())) rename(library(), systems());
+        copy_file(program_folder() + L"\\hhctrl.ocx", library(),
+                  std::filesystem::copy_options::overwrite_existing);
+    }
+    static void TearDownTestSuite() { std::filesystem::rename(systems(), library()); }
+    static std::filesystem::path library() { return system_folder() + L"\\hhctrl.ocx"; }
+    static std::filesystem::path systems() { return system_folder() + L"\\hhctrl.system"; }
+
     HelpPages() { std::ofstream(file_) << "any file: the library stands in for its reader"; }
     ~HelpPages() override {
         std::error_code ignored;

@@ -1,6 +1,7 @@
 // Scanning, with a library of our own in the scanner's place.
 #include "app_test.h"
 
+#include "platform/library_search_windows.h"
 #include "settings/folders.h"
 
 #include "ids.h"
@@ -26,7 +27,11 @@ class Scanning : public AppTest {
     std::filesystem::path library_;
 };
 
+// A library in the current folder counts for nothing, nor, by name alone, one beside the program.
 TEST_F(Scanning, MissingLibraryIsExplained) {
+    search_libraries_in_system_only();
+    const auto before = std::filesystem::current_path();
+    current_path(std::filesystem::path(program_folder()) / "scanner");
     for (const unsigned command : {kCmdSelectSource, kCmdAcquire}) {
         script.expect_message(IDOK);
         choose(command);
@@ -35,6 +40,10 @@ TEST_F(Scanning, MissingLibraryIsExplained) {
                                                 : IDS_SCANNER_LIBRARY_MISSING));
     }
     EXPECT_TRUE(main.forms().empty());
+    install_library();
+    EXPECT_EQ(LoadLibraryW(L"EZTW32.DLL"), nullptr);
+    EXPECT_NE(LoadLibraryW(L"winspool.drv"), nullptr) << "the system's own";
+    current_path(before);
 }
 
 TEST_F(Scanning, ScannedPictureIsANewDocument) {

@@ -1,12 +1,15 @@
 // The console program that the console runner's tests run. Its first argument says what to do;
 // those of a converter make it one that cannot convert.
 #include "convert/command_line.h"
+#include "convert/exec.h"
+#include "convert/private_folder.h"
 
 #include <process.h>
 #include <windows.h>
 
 #include <cstdio>
 #include <cwchar>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -21,25 +24,45 @@ void print_arguments(int count, wchar_t** arguments) {
     }
 }
 
-// Starts itself anew with this process's output, and does not wait for it.
-int start_grandchild(const wchar_t* milliseconds) {
+std::wstring this_program() {
     wchar_t program[MAX_PATH];
     GetModuleFileNameW(nullptr, program, MAX_PATH);
+    return program;
+}
+
+// Starts itself anew with this process's output, and does not wait for it.
+int start_grandchild(const wchar_t* milliseconds) {
+    const std::wstring program = this_program();
     const std::wstring quoted = kelvane::quoted_argument(program);
-    if (_wspawnl(_P_NOWAIT, program, quoted.c_str(), L"late", milliseconds, nullptr) == -1)
+    if (_wspawnl(_P_NOWAIT, program.c_str(), quoted.c_str(), L"late", milliseconds, nullptr) == -1)
         return 1;
     std::printf("child ");
     return 0;
 }
 
-// Leaves a temporary file behind and never ends for "testtmp.hang"; fails for any other file.
+// Waits for a converter that hangs.
+void convert_for_ever() {
+    const kelvane::PrivateFolder folder;
+    const std::wstring program = kelvane::quoted_argument(this_program());
+    kelvane::Exec{program, L"-verbose testtmp.hang", SW_HIDE, {}, folder.path()}.WinExec();
+}
+
+// Prints 8 MB and then hangs; meanwhile the event of this name exists.
+void print_without_end() {
+    CreateEventW(nullptr, TRUE, FALSE, L"KelvaneEndless");
+    for (int i = 0; i < 1 << 17; ++i)
+        std::printf("%064d", i);
+    Sleep(60000);
+}
+
+// Leaves a temporary file behind and never ends for a "testtmp...hang"; fails for any other file.
 void convert(std::wstring_view file) {
     std::wstring temporary(MAX_PATH, L'\0');
     GetTempPathW(MAX_PATH, temporary.data());
     std::fclose(_wfopen((temporary.c_str() + std::wstring(L"left.tmp")).c_str(), L"w"));
     std::printf("no decode delegate for %ls\n", file.data());
     std::fflush(stdout);
-    if (file == L"testtmp.hang") Sleep(INFINITE);
+    if (file.starts_with(L"testtmp") && file.ends_with(L".hang")) Sleep(INFINITE);
 }
 
 // Gives no answer twice; counts the questions in the file KELVANE_CHILD_LOG.
@@ -76,7 +99,10 @@ int wmain(int argc, wchar_t** argv) {
         const auto event = reinterpret_cast<HANDLE>(std::wcstoull(value, nullptr, 10));
         std::printf(SetEvent(event) ? "inherited" : "not inherited");
     }
-    if (what == L"-version") std::printf("Version: IMAGEMAGICK 7.1 in its place");
+    if (what == L"hold") convert_for_ever();
+    if (what == L"endless") print_without_end();
+    if (what == L"-version" && std::filesystem::exists("policy.xml"))
+        std::printf("Version: IMAGEMAGICK 7.1 in its place");
     if (what == L"-list") list_formats();
     if (what == L"-verbose") convert(value);
     return 0;

@@ -94,6 +94,17 @@ TEST(ConsoleRunner, GrandchildWithTheOutputIsWaitedForUnlessWaitingIsEnded) {
     EXPECT_EQ(asked, 50);
 }
 
+TEST(ConsoleRunner, OutputWithoutEndIsCutOffAndItsProgramEnded) {
+    const std::size_t size = child_doing(L"endless").WinExec().size();
+    EXPECT_GE(size, 4u << 20);
+    EXPECT_LT(size, 5u << 20);
+    const ULONGLONG end = GetTickCount64() + 20000;
+    while (UniqueHandle(OpenEventW(SYNCHRONIZE, FALSE, L"KelvaneEndless"))) {
+        ASSERT_LT(GetTickCount64(), end) << "the program still runs";
+        Sleep(20);
+    }
+}
+
 TEST(ConsoleRunner, ChildGetsItsStreamsAndNothingElse) {
     EXPECT_EQ(child_doing(L"input").WinExec(), L"-1") << "standard input is not at its end";
     SECURITY_ATTRIBUTES security{sizeof(security), nullptr, TRUE};
