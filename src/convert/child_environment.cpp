@@ -37,9 +37,10 @@ std::vector<std::wstring> own_variables() {
     return variables;
 }
 
-// The user's own folders follow.
-void put_before_configuration(std::vector<std::wstring>& variables, const std::wstring& folder) {
-    std::wstring value = folder;
+// The folder in which the child runs comes first. It is "." because ImageMagick 7.0 reads its
+// variables in the 8-bit code page, which the full path may not fit.
+void configure_from_current_folder(std::vector<std::wstring>& variables) {
+    std::wstring value = L".";
     for (const std::wstring& variable : variables)
         if (names(variable, kConfiguration))
             value += L';' + variable.substr(variable.find(L'=') + 1);
@@ -54,7 +55,7 @@ std::wstring environment_for(const std::wstring& folder) {
     std::erase_if(variables, tells_temporary);
     for (const wchar_t* name : kTemporary)
         variables.push_back(name + (L'=' + folder));
-    put_before_configuration(variables, folder);
+    configure_from_current_folder(variables);
     // The platform asks for this order.
     std::ranges::sort(variables, [](const std::wstring& a, const std::wstring& b) {
         return compare(a, b) == CSTR_LESS_THAN;

@@ -53,6 +53,9 @@ class HelpPages : public AppTest {
 TEST_F(HelpPages, MainWindowAndItsMenus) {
     choose(kCmdHelp);
     EXPECT_EQ(page(), IDH_START + kEnglishOffset);
+    wchar_t loaded[MAX_PATH] = L"";
+    GetModuleFileNameW(GetModuleHandleW(L"hhctrl.ocx"), loaded, MAX_PATH);
+    EXPECT_TRUE(equivalent(std::filesystem::path(loaded), library())) << "not the system's";
     press_f1(main.window());
     EXPECT_EQ(page(), IDH_START + kEnglishOffset);
     press_f1(opened(black_picture(2, 2)).window());

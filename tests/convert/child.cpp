@@ -47,6 +47,16 @@ void convert_for_ever() {
     kelvane::Exec{program, L"-verbose testtmp.hang", SW_HIDE, {}, folder.path()}.WinExec();
 }
 
+// Starts itself anew without this process's output.
+void start_apart(const wchar_t* event) {
+    std::wstring line = kelvane::quoted_argument(this_program()) + L" later " + event;
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION started{};
+    CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                   &started);
+}
+
 // Prints 8 MB and then hangs; meanwhile the event of this name exists.
 void print_without_end() {
     CreateEventW(nullptr, TRUE, FALSE, L"KelvaneEndless");
@@ -98,6 +108,11 @@ int wmain(int argc, wchar_t** argv) {
     if (what == L"event") { // whether one of the parent's came along
         const auto event = reinterpret_cast<HANDLE>(std::wcstoull(value, nullptr, 10));
         std::printf(SetEvent(event) ? "inherited" : "not inherited");
+    }
+    if (what == L"apart") start_apart(value);
+    if (what == L"later") {
+        Sleep(500);
+        SetEvent(OpenEventW(EVENT_MODIFY_STATE, FALSE, value));
     }
     if (what == L"hold") convert_for_ever();
     if (what == L"endless") print_without_end();

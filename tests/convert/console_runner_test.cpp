@@ -94,6 +94,12 @@ TEST(ConsoleRunner, GrandchildWithTheOutputIsWaitedForUnlessWaitingIsEnded) {
     EXPECT_EQ(asked, 50);
 }
 
+TEST(ConsoleRunner, GrandchildWithoutTheOutputGoesOnByItself) {
+    const UniqueHandle event(CreateEventW(nullptr, TRUE, FALSE, L"KelvaneApart"));
+    EXPECT_EQ(child_doing(L"apart KelvaneApart").WinExec(), L"");
+    EXPECT_EQ(WaitForSingleObject(event.get(), 20000), WAIT_OBJECT_0) << "ended with its parent";
+}
+
 TEST(ConsoleRunner, OutputWithoutEndIsCutOffAndItsProgramEnded) {
     const std::size_t size = child_doing(L"endless").WinExec().size();
     EXPECT_GE(size, 4u << 20);

@@ -174,10 +174,17 @@ TEST_F(Conversions, PictureReachesNothingBeyondItself) {
         write_text(folder / "a.msvg", drawing_with(name));
         EXPECT_TRUE(denied(L"a.msvg")) << name;
     }
-    for (const wchar_t* name : {L"a.html", L"a.dot"}) {
+    for (const wchar_t* name : {L"a.html", L"a.dot", L"a.docx"}) {
         write_text(folder / name, "text");
         EXPECT_TRUE(denied(name)) << path(name);
     }
+    create_directory(folder / "users"); // rules of the user's own hold as well
+    write_text(folder / "users/policy.xml", "<policymap><policy domain='coder' rights='none' "
+                                            "pattern='XC'/></policymap>");
+    SetEnvironmentVariableW(L"MAGICK_CONFIGURE_PATH", L"users");
+    EXPECT_TRUE(denied(L"xc:red"));
+    SetEnvironmentVariableW(L"MAGICK_CONFIGURE_PATH", nullptr);
+    EXPECT_FALSE(denied(L"xc:red"));
 }
 
 // Whether the folder for temporary files holds one in which a converter has begun.
