@@ -73,7 +73,7 @@ std::wstring Converter::convert(const std::wstring& params, const ConverterFolde
                                 const KeepWaiting& keep_waiting) const {
     bool cancelled = false;
     const auto ask = [&] {
-        cancelled = cancelled || (keep_waiting && !keep_waiting());
+        cancelled = keep_waiting && !keep_waiting();
         return !cancelled;
     };
     const Exec run{quoted_argument(convert_.wstring()), params, SW_HIDE, ask,

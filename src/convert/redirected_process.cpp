@@ -81,8 +81,9 @@ UniqueHandle make_job() {
 
 } // namespace
 
+// Closing the job ends the others.
 RedirectedProcess::~RedirectedProcess() {
-    if (process_) terminate();
+    if (process_) TerminateProcess(process_.get(), 1);
 }
 
 bool RedirectedProcess::start(const std::wstring& command_line, bool capture_std_out,
@@ -115,7 +116,7 @@ bool RedirectedProcess::start(const std::wstring& command_line, bool capture_std
     const UniqueHandle thread(information.hThread);
     read_end_ = std::move(pipe.read_end);
     // In the job before it can start anything. Windows 7 refuses that to the child of a process
-    // that is in a job itself; then `terminate` reaches the child alone.
+    // that is in a job itself; then only the child is ended, not what it has started.
     job_ = make_job();
     if (job_ && !AssignProcessToJobObject(job_.get(), process_.get())) job_.reset();
     ResumeThread(thread.get());
@@ -125,10 +126,6 @@ bool RedirectedProcess::start(const std::wstring& command_line, bool capture_std
 void RedirectedProcess::release() {
     if (job_) set_limits(job_.get(), 0);
     process_.reset();
-}
-
-void RedirectedProcess::terminate() const {
-    if (!job_ || !TerminateJobObject(job_.get(), 1)) TerminateProcess(process_.get(), 1);
 }
 
 } // namespace kelvane

@@ -31,8 +31,6 @@ class RedirectedProcess {
     void release();
 
   private:
-    void terminate() const;
-
     UniqueHandle read_end_;
     UniqueHandle process_;
     UniqueHandle job_; // the process and its descendants

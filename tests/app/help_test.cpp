@@ -1,5 +1,4 @@
-// Which page of the help opens where, with a library of our own in the place of the system's: the
-// Wine prefix belongs to the tests.
+// Which page of the help opens where, with a library of our own in the place of Wine's.
 #include "app_test.h"
 
 #include "ids.h"
@@ -36,7 +35,6 @@ class HelpPages : public AppTest {
         EXPECT_EQ(text.substr(text.find(L' ', 3) + 1), file_.wstring());
         return std::stoi(text.substr(3));
     }
-    void press_shortcut() { SendMessageW(main.window(), WM_COMMAND, MAKEWPARAM(kCmdHelp, 1), 0); }
     // `menu`: the open menu with the highlighted entry, if any.
     static void press_f1(HWND focus, HANDLE menu = nullptr) {
         HELPINFO request{};
@@ -53,15 +51,11 @@ class HelpPages : public AppTest {
 TEST_F(HelpPages, MainWindowAndItsMenus) {
     choose(kCmdHelp);
     EXPECT_EQ(page(), IDH_START + kEnglishOffset);
-    wchar_t loaded[MAX_PATH] = L"";
-    GetModuleFileNameW(GetModuleHandleW(L"hhctrl.ocx"), loaded, MAX_PATH);
-    EXPECT_TRUE(equivalent(std::filesystem::path(loaded), library())) << "not the system's";
+    EXPECT_NE(GetModuleHandleW(library().c_str()), nullptr) << "one beside the program";
     press_f1(main.window());
     EXPECT_EQ(page(), IDH_START + kEnglishOffset);
     press_f1(opened(black_picture(2, 2)).window());
     EXPECT_EQ(page(), IDH_MAIN_WINDOW + kEnglishOffset);
-    choose(kCmdHelp);
-    EXPECT_EQ(page(), IDH_START + kEnglishOffset);
 
     const HMENU bar = GetMenu(main.window());
     const auto page_in = [&](HMENU menu) {
