@@ -18,6 +18,13 @@ if(WIN32)
   target_compile_definitions(kelvane_flags INTERFACE
     UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX WINVER=0x0601 _WIN32_WINNT=0x0601)
 endif()
+if(NOT WIN32)
+  # Hardening: an overrun buffer or a wrong pointer ends the program rather than steers it.
+  target_compile_options(kelvane_flags INTERFACE
+    "$<$<CONFIG:Release>:-fPIE;-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+  target_link_options(kelvane_flags INTERFACE
+    "$<$<CONFIG:Release>:-pie;-Wl,-z,relro,-z,now>")
+endif()
 if(KELVANE_SANITIZE)
   target_compile_options(kelvane_flags INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -52,6 +59,19 @@ function(kelvane_test name)
     # The programs of one Wine share a desktop: clipboard, focus and the table of window handles.
     set_tests_properties(${KELVANE_WORLD}.${name} PROPERTIES RESOURCE_LOCK ${KELVANE_WORLD})
   endif()
+endfunction()
+
+# kelvane_program_resources(NAME program description [resource.rc...])
+# An object library (no symbol asks for resources) with what a Windows program carries: manifest and
+# version information, which name the `program` (without ".exe") and the holder of the copyright.
+function(kelvane_program_resources name program description)
+  set(res ${PROJECT_SOURCE_DIR}/res)
+  file(STRINGS ${PROJECT_SOURCE_DIR}/LICENSE copyright REGEX "^Copyright" LIMIT_COUNT 1)
+  string(REGEX REPLACE "^Copyright \\(c\\) [0-9]+ " "" company "${copyright}")
+  configure_file(${res}/version.rc.in ${CMAKE_CURRENT_BINARY_DIR}/version.rc @ONLY)
+  add_library(${name} OBJECT ${res}/manifest.rc ${CMAKE_CURRENT_BINARY_DIR}/version.rc ${ARGN})
+  target_include_directories(${name} PRIVATE ${res})
+  set_source_files_properties(${res}/manifest.rc PROPERTIES OBJECT_DEPENDS ${res}/kelvane.manifest)
 endfunction()
 
 # kelvane_avx2_sources(file...)

@@ -25,58 +25,74 @@ add_program() {
     cp packaging/completion.bash "$share/bash-completion/completions/kelvane-cli"
 }
 
-# The points of the list's newest section, one a line.
+# The points on the command line in the list's newest section, one a line.
 newest_changes() {
-    awk '/^## / { sections++ } sections != 1 || !NF || /^## / { next }
+    awk '/^## / { sections++ } /^##/ { ours = $0 == "### Command line" } sections != 1 || !ours || /^#/ || !NF { next }
         sub(/^- /, "") { if (point) print point; point = $0; next }
         { sub(/^ +/, ""); point = point " " $0 }
         END { print point }' CHANGELOG.md
 }
 
-# The licence and the changes in the forms that Debian's tools read.
-add_documents() {
-    {
-        printf '%s\n' 'Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/' \
-            'Upstream-Name: Kelvane' '' 'Files: *'
-        sed -n 's/^Copyright (c) /Copyright: /p' LICENSE
-        echo 'License: Expat'
-        sed '1,/^Copyright/d; /./,$!d' LICENSE | sed -e '1{/^$/d}' -e 's/^$/./' -e 's/^/ /'
-    } >"$doc/copyright"
-    {
-        printf '%s (%s) bookworm; urgency=medium\n\n' "$package" "$version"
-        newest_changes | while IFS= read -r point; do
-            fold -s -w 74 <<<"$point" | sed -e '1s/^/  * /' -e '1!s/^/    /' -e 's/ *$//'
-        done
-        printf '\n -- %s  %s\n' "$maintainer" "$(date -R -d "@$SOURCE_DATE_EPOCH")"
-    } | gzip -n -9 >"$doc/changelog.gz"
+changelog() {
+    printf '%s (%s) bookworm; urgency=medium\n\n' "$package" "$version"
+    newest_changes | while IFS= read -r point; do
+        fold -s -w 74 <<<"$point" | sed -e '1s/^/  * /' -e '1!s/^/    /' -e 's/ *$//'
+    done
+    printf '\n -- %s  %s\n' "$maintainer" "$(date -R -d "@$SOURCE_DATE_EPOCH")"
 }
 
-dependencies() {
+# licence_text FILE: what follows its first empty line, as a field of several lines.
+licence_text() { sed '0,/^$/d' "$1" | sed -e 's/^$/./' -e 's/^/ /'; }
+
+# What is compiled into the program besides Kelvane itself.
+third_party() { # file
+    local name
+    name=$(sed -n 's/^Name: //p' "$1")
+    printf '\nFiles: %s/*\n' "$name"
+    grep '^Copyright: ' "$1"
+    grep '^License: ' "$1"
+    licence_text "$1"
+    sed -n 's/^Part: /Comment: Compiled into this package: /p' "$1"
+}
+
+copyright() {
+    printf '%s\n' 'Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/' \
+        'Upstream-Name: Kelvane' '' 'Files: *'
+    sed -n 's/^Copyright (c) /Copyright: /p' LICENSE
+    echo 'License: Expat'
+    sed '1,/^Copyright/d' LICENSE | licence_text /dev/stdin
+    third_party packaging/third-party/cli11.txt
+    third_party packaging/third-party/gcc.txt
+}
+
+# What dpkg's own tools make of the source's description, with dependencies and size.
+control() {
     mkdir -p "$work/debian"
-    printf 'Source: %s\n\nPackage: %s\nArchitecture: any\n' "$package" "$package" >"$work/debian/control"
-    (cd "$work" && dpkg-shlibdeps -O root/usr/bin/kelvane-cli) | sed -n 's/^shlibs:Depends=//p'
-}
-
-add_program
-add_documents
-even_out "$root"
-(cd "$root" && find usr -type f -print0 | sort -z | xargs -0 md5sum) >"$root/DEBIAN/md5sums"
-size=$(find "$root/usr" -type f -printf '%s\n' | awk '{ sum += int(($1 + 1023) / 1024) } END { print sum }')
-depends=$(dependencies)
-cat >"$root/DEBIAN/control" <<END
-Package: $package
-Version: $version
-Architecture: $architecture
+    changelog >"$work/debian/changelog"
+    cat >"$work/debian/control" <<END
+Source: $package
 Maintainer: $maintainer
-Installed-Size: $size
-Depends: $depends
 Section: electronics
 Priority: optional
+
+Package: $package
+Architecture: any
+Depends: \${shlibs:Depends}
 Description: pictures to EAGLE scripts
  Opens a picture, improves it with filters and colour operations, reduces it to
  black and white and writes an EAGLE script (.scr) that draws exactly the dark
  pixels, as polygons, wires or rectangles, on a layer of a circuit board.
 END
+    (cd "$work" && dpkg-shlibdeps root/usr/bin/kelvane-cli && dpkg-gencontrol "-p$package" -Proot -O)
+}
+
+add_program
+changelog | gzip -n -9 >"$doc/changelog.gz"
+copyright >"$doc/copyright"
+even_out "$root"
+(cd "$root" && find usr -type f -print0 | sort -z | xargs -0 md5sum) >"$work/md5sums"
+control >"$work/control"
+mv "$work/md5sums" "$work/control" "$root/DEBIAN"
 even_out "$root/DEBIAN"
 dpkg-deb --root-owner-group -Zxz --threads-max=1 --build "$root" \
     "$packages/${package}_${version}_$architecture.deb" >/dev/null

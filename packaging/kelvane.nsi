@@ -2,10 +2,14 @@
 ; folder in which kelvane.ini may be written beside the program.
 ;
 ; Defined by windows.sh: WORLD (x64 or x86), VERSION, FOLDER (what to install), REMOVE (a file with
-; a Delete line for each installed file), SIZE (in KB), SIDE (picture of the last page), OUTPUT.
+; a line for each installed file that removes it), SIZE (in KB), SIDE (picture of the last page),
+; OUTPUT.
 ;
 ; Silent: setup.exe /S [/D=FOLDER]; uninstall.exe /S keeps kelvane.ini. Exit code 3: a program is
 ; in use.
+;
+; Palettes are the user's to edit: setup leaves those alone that are there, and the uninstaller
+; removes a palette only when it is byte for byte the one that setup brought.
 !if ${WORLD} == x64
   Target amd64-unicode
 !else
@@ -86,7 +90,10 @@ LangString RemoveSettings ${LANG_GERMAN} \
 Section
   !insertmacro WaitForPrograms ""
   SetOutPath "$INSTDIR"
-  File "${FOLDER}\*"
+  File /x *.pal "${FOLDER}\*"
+  SetOverwrite off
+  File "${FOLDER}\*.pal"
+  SetOverwrite on
   WriteUninstaller "$INSTDIR\uninstall.exe"
   CreateShortcut "$SMPROGRAMS\Kelvane.lnk" "$INSTDIR\kelvane.exe"
   WriteRegStr HKCU "${REGISTRY}" DisplayName "Kelvane"
@@ -101,8 +108,33 @@ Section
   WriteRegDWORD HKCU "${REGISTRY}" NoRepair 1
 SectionEnd
 
+Function un.RemoveUnlessEdited ; name of a file in $INSTDIR on the stack; its original is in $PLUGINSDIR
+  Pop $0
+  FileOpen $1 "$INSTDIR\$0" r
+  FileOpen $2 "$PLUGINSDIR\$0" r
+  ${Do}
+    FileReadByte $1 $3 ; empty at the end
+    FileReadByte $2 $4
+    ${If} $3 != $4
+      ${ExitDo}
+    ${EndIf}
+  ${LoopUntil} $3 == ""
+  FileClose $1
+  FileClose $2
+  ${If} $3 == $4
+    Delete "$INSTDIR\$0"
+  ${EndIf}
+FunctionEnd
+
+!macro RemoveUnlessEdited file
+  File "/oname=$PLUGINSDIR\${file}" "${FOLDER}\${file}"
+  Push "${file}"
+  Call un.RemoveUnlessEdited
+!macroend
+
 Section Uninstall
   !insertmacro WaitForPrograms un.
+  InitPluginsDir
   !include "${REMOVE}"
   Delete "$INSTDIR\uninstall.exe"
   ${If} ${FileExists} "$INSTDIR\kelvane.ini"

@@ -13,8 +13,18 @@ name=kelvane-$version-$world
 folder=$work/Kelvane
 mkdir -p "$folder"
 
+third_party() {
+    printf 'The programs hold parts of other free software, each under its own licence:\n'
+    local file
+    for file in packaging/third-party/*.txt; do
+        printf '\n%s\n\n' ================================================================
+        cat "$file"
+    done
+}
+
 add_texts() {
     sed 's/$/\r/' LICENSE >"$folder/LICENSE.txt"
+    third_party | sed 's/$/\r/' >"$folder/THIRD-PARTY.txt"
     # Notepad of older systems takes UTF-8 for what it is only with the mark at the beginning.
     printf '\357\273\277' >"$folder/README.txt"
     sed -e "s/@VERSION@/$version/" -e 's/$/\r/' packaging/README.txt >>"$folder/README.txt"
@@ -33,7 +43,8 @@ chmod 644 "$folder"/*
 (cd "$work" && find Kelvane -type f | sort | zip -q -X -9 -@ "$packages/$name.zip")
 
 # What the uninstaller removes: the files that were installed and nothing else.
-(cd "$folder" && find . -type f -printf 'Delete "$INSTDIR\\%P"\n' | sort) >"$work/remove.nsh"
+(cd "$folder" && find . -name '*.pal' -printf '!insertmacro RemoveUnlessEdited "%P"\n' -o \
+    -type f -printf 'Delete "$INSTDIR\\%P"\n' | sort) >"$work/remove.nsh"
 makensis -V2 -WX -DWORLD="$world" -DVERSION="$version" -DFOLDER="$folder" \
     -DSIDE="$work/setup-side.bmp" -DREMOVE="$work/remove.nsh" \
     -DSIZE="$(find "$folder" -type f -printf '%s\n' | awk '{ sum += $1 } END { print int(sum / 1024) }')" \

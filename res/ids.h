@@ -458,6 +458,8 @@
 #define IDH_SETTINGS                     41
 #define IDH_COMMAND_LINE                 42
 #define IDH_TROUBLESHOOTING              43
+#define IDH_INSTALL                      44
+#define IDH_LICENCES                     45
 
 // Dialogs and their controls, a block for each form. Controls that show nothing but a caption are
 // numbered like the others: captions come from the string table.

@@ -10,7 +10,7 @@ prefixes=$(readlink -f "$prefixes")
 export WINEARCH=$kelvane_arch WINEPREFIX=$prefixes/$kelvane_arch WINESERVER=$kelvane_wineserver
 # Wine takes the names of files for ASCII where no locale says otherwise.
 [[ ${LC_ALL:-${LANG:-}} == *UTF-8 ]] || export LC_ALL=C.UTF-8
-# The tests have an hhctrl.ocx of their own beside them, which Wine would pass over for its own.
+# The help's tests put an hhctrl.ocx into System32, which Wine would pass over for its own.
 # No .NET, no browser, and no entries in the menus of the desktop outside.
 export WINELOADER=$kelvane_wine WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml=;hhctrl.ocx=n,b"
 

@@ -1,6 +1,7 @@
 #include "app/help.h"
 
 #include "app/error_text.h"
+#include "settings/folders.h"
 #include "settings/string_table.h"
 #include "win/platform_error.h"
 
@@ -32,7 +33,7 @@ void Help::show(HWND owner, int page) {
     if (!std::filesystem::is_regular_file(file_, ignored))
         throw TextError(LoadString(IDS_HELP_MISSING) + file_);
     if (!library_) {
-        win::Module library(LoadLibraryW(L"hhctrl.ocx"));
+        win::Module library(LoadLibraryW((system_folder() + L"\\hhctrl.ocx").c_str()));
         if (!library || html_help(library) == nullptr) throw PlatformError(ERROR_MOD_NOT_FOUND);
         library_ = std::move(library);
     }

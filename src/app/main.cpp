@@ -3,6 +3,7 @@
 #include "app/main_window.h"
 #include "dialogs/frmSplash.h"
 #include "platform/com_windows.h"
+#include "platform/library_search_windows.h"
 #include "settings/string_table.h"
 #include "win/gdi.h"
 #include "win/message_box.h"
@@ -58,8 +59,7 @@ int run(int show) {
 } // namespace kelvane
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int show) {
-    // Libraries that are loaded by name never come from the folder of the last opened picture.
-    SetDllDirectoryW(L"");
+    kelvane::search_libraries_in_system_only();
     try {
         return kelvane::run(show);
     } catch (const std::exception& error) {

@@ -1,6 +1,7 @@
 #include "app/scanner.h"
 
 #include "app/error_text.h"
+#include "settings/folders.h"
 #include "settings/string_table.h"
 #include "win/platform_error.h"
 
@@ -9,7 +10,7 @@
 namespace kelvane {
 namespace {
 
-constexpr const wchar_t* kLibrary = L"EZTW32.DLL";
+constexpr const wchar_t* kLibrary = L"\\EZTW32.DLL"; // in the program's folder
 
 // Everybody has it as a 32-bit library, so a 64-bit program that finds none or cannot load it
 // tells which program does.
@@ -52,7 +53,7 @@ DWORD system_error(int result) {
 
 } // namespace
 
-Scanner::Scanner() : library_(LoadLibraryW(kLibrary)) {
+Scanner::Scanner() : library_(LoadLibraryW((program_folder() + kLibrary).c_str())) {
     if (!library_) refuse();
 }
 

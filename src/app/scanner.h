@@ -11,8 +11,8 @@ namespace kelvane {
 /// finished with the scanner's dialog.
 class Scanner {
   public:
-    /// Throws `TextError` saying what to install when the library is not there or is no library
-    /// for this program.
+    /// Loads the library from the program's folder. Throws `TextError` saying what to install when
+    /// it is not there or is no library for this program.
     Scanner();
 
     /// Lets the user choose one of the scanners.

@@ -278,7 +278,8 @@ constexpr OperationInfo kOperations[] = {
     {"bw", ":LIMIT", "black where the grey is at most LIMIT (0 to 255), else white", bw},
     {"line-art", ":LIMIT,R,G,B",
      "black where the mean of the channels marked 1 is at most LIMIT (0 to 255)", line_art},
-    {"edges", ":LIMIT", "black where the colour changes to the right (0 to 256)", edges},
+    {"edges", ":LIMIT", "black where the colour differs from the left neighbour's (0 to 256)",
+     edges},
     {"resample", ":WIDTHxHEIGHT", "another size, bilinear", resample},
     // The engine's names say which pixel is dropped.
     {"lightest", ":FILE", "the lighter pixel of both, by green and blue; both of one size",

@@ -10,16 +10,21 @@ namespace kelvane {
 namespace {
 
 constexpr const wchar_t* kTemporary[] = {L"TMP", L"TEMP", L"MAGICK_TEMPORARY_PATH"};
+// Folders with configuration files, separated by semicolons.
+constexpr const wchar_t* kConfiguration = L"MAGICK_CONFIGURE_PATH";
 
 int compare(std::wstring_view a, std::wstring_view b) {
     return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
                                 static_cast<int>(b.size()), TRUE);
 }
 
+bool names(std::wstring_view variable, const wchar_t* name) {
+    return compare(variable.substr(0, variable.find(L'=')), name) == CSTR_EQUAL;
+}
+
 bool tells_temporary(std::wstring_view variable) {
-    const std::wstring_view name = variable.substr(0, variable.find(L'='));
-    return std::ranges::any_of(
-        kTemporary, [&](const wchar_t* each) { return compare(each, name) == CSTR_EQUAL; });
+    return std::ranges::any_of(kTemporary,
+                               [&](const wchar_t* name) { return names(variable, name); });
 }
 
 std::vector<std::wstring> own_variables() {
@@ -32,13 +37,25 @@ std::vector<std::wstring> own_variables() {
     return variables;
 }
 
+// The folder in which the child runs comes first. It is "." because ImageMagick 7.0 reads its
+// variables in the 8-bit code page, which the full path may not fit.
+void configure_from_current_folder(std::vector<std::wstring>& variables) {
+    std::wstring value = L".";
+    for (const std::wstring& variable : variables)
+        if (names(variable, kConfiguration))
+            value += L';' + variable.substr(variable.find(L'=') + 1);
+    std::erase_if(variables, [](const auto& each) { return names(each, kConfiguration); });
+    variables.push_back(kConfiguration + (L'=' + value));
+}
+
 } // namespace
 
-std::wstring environment_with_temporary(const std::wstring& folder) {
+std::wstring environment_for(const std::wstring& folder) {
     std::vector<std::wstring> variables = own_variables();
     std::erase_if(variables, tells_temporary);
     for (const wchar_t* name : kTemporary)
         variables.push_back(name + (L'=' + folder));
+    configure_from_current_folder(variables);
     // The platform asks for this order.
     std::ranges::sort(variables, [](const std::wstring& a, const std::wstring& b) {
         return compare(a, b) == CSTR_LESS_THAN;

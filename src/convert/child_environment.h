@@ -5,9 +5,9 @@
 
 namespace kelvane {
 
-/// This process's variables as a block for the platform, with those changed that tell programs,
-/// ImageMagick among them, where their temporary files go: to `folder`. What such a program leaves
-/// behind when it is ended then goes with the folder.
-std::wstring environment_with_temporary(const std::wstring& folder);
+/// This process's variables as a block for the platform, for a child that runs in `folder`: it and
+/// what it starts, ImageMagick among them, put their temporary files there, and ImageMagick reads
+/// its configuration there before it looks elsewhere.
+std::wstring environment_for(const std::wstring& folder);
 
 } // namespace kelvane

@@ -6,14 +6,16 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cwctype>
 #include <map>
 #include <optional>
+#include <random>
 
 namespace kelvane {
 namespace {
 
-constexpr const wchar_t* kCopy = L"testtmp";
+constexpr const wchar_t* kCopy = L"testtmp"; // a number follows
 constexpr const wchar_t* kPicture = L"tmp_blt";
 constexpr const wchar_t* kPreview = L"tmp_tblt";
 constexpr std::size_t kLongestExtension = 16;
@@ -22,6 +24,12 @@ constexpr std::size_t kPreviewsAtOnce = 50;  // the converter holds as many in m
 
 // Files of the converter's own script language: they may tell it to write anywhere.
 constexpr const wchar_t* kScript = L".msl";
+
+// 64 bits from the system's generator.
+std::wstring unguessable_number() {
+    std::random_device random;
+    return std::to_wstring((std::uint64_t{random()} << 32) | random());
+}
 
 // The extension tells the converter the format, so it stays, unless it makes a script of the file
 // or has anything in it that no format's name has; the converter then looks at the content alone.
@@ -71,7 +79,7 @@ DWORD CALLBACK copy_on(LARGE_INTEGER, LARGE_INTEGER, LARGE_INTEGER, LARGE_INTEGE
 Conversion::Conversion(const Converter& converter, const std::filesystem::path& source,
                        KeepWaiting keep_waiting)
     : converter_(converter), keep_waiting_(std::move(keep_waiting)) {
-    const std::wstring copy = kCopy + harmless_extension(source);
+    const std::wstring copy = kCopy + unguessable_number() + harmless_extension(source);
     take_copy(source, copy);
     // Transparent parts would come out in whatever colour lies below them; and what is usual for
     // photographs blurs the edges of lettering.
@@ -100,7 +108,7 @@ void Conversion::take_copy(const std::filesystem::path& source, const std::wstri
 }
 
 std::wstring Conversion::run(const std::wstring& params) const {
-    return converter_.convert(params, folder_.path().wstring(), keep_waiting_);
+    return converter_.convert(params, folder_, keep_waiting_);
 }
 
 void Conversion::find_images(const std::wstring& output) {

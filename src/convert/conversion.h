@@ -2,7 +2,6 @@
 #pragma once
 
 #include "convert/converter.h"
-#include "convert/private_folder.h"
 
 #include <filesystem>
 #include <functional>
@@ -33,7 +32,9 @@ struct ConvertedImage {
 
 /// The images of a file as picture files in a folder of their own, which goes with the object.
 /// The file itself is only read: the converter sees a copy of it under a harmless name, which
-/// cannot be taken for an option, for a pattern or for a choice of images.
+/// cannot be taken for an option, for a pattern or for a choice of images. What the file holds
+/// cannot refer to the copy, whose name nobody can guess, and may not reach for other files: see
+/// `ConverterFolder`.
 class Conversion {
   public:
     /// Copies and converts `source`. Throws `PlatformError` when it cannot be copied,
@@ -57,7 +58,7 @@ class Conversion {
 
     const Converter& converter_;
     KeepWaiting keep_waiting_;
-    PrivateFolder folder_;
+    ConverterFolder folder_;
     std::vector<ConvertedImage> images_;
 };
 

@@ -34,7 +34,9 @@ KeepWaiting not_for_ever(const KeepWaiting& keep_waiting) {
 bool answers(const std::filesystem::path& program, const std::wstring& params,
              const KeepWaiting& keep_waiting) {
     if (!is_program(program)) return false;
-    const Exec run{quoted_argument(program.wstring()), params, SW_HIDE, not_for_ever(keep_waiting)};
+    const ConverterFolder folder;
+    const Exec run{quoted_argument(program.wstring()), params, SW_HIDE, not_for_ever(keep_waiting),
+                   folder.path().wstring()};
     return in_lower_case(run.WinExec()).find(L"imagemagick") != std::wstring::npos;
 }
 
@@ -67,23 +69,25 @@ bool Converter::does_everything() const {
     return is_for_all(convert_);
 }
 
-std::wstring Converter::convert(const std::wstring& params, const std::wstring& folder,
+std::wstring Converter::convert(const std::wstring& params, const ConverterFolder& folder,
                                 const KeepWaiting& keep_waiting) const {
     bool cancelled = false;
     const auto ask = [&] {
-        cancelled = cancelled || (keep_waiting && !keep_waiting());
+        cancelled = keep_waiting && !keep_waiting();
         return !cancelled;
     };
-    const Exec run{quoted_argument(convert_.wstring()), params, SW_HIDE, ask, folder};
+    const Exec run{quoted_argument(convert_.wstring()), params, SW_HIDE, ask,
+                   folder.path().wstring()};
     std::wstring output = run.WinExec();
     if (cancelled) throw ConverterCancelled();
     return output;
 }
 
 std::wstring Converter::format_list(const KeepWaiting& keep_waiting) const {
+    const ConverterFolder folder;
     std::wstring output;
     for (int run = 0; run < kFormatListRuns && output.size() < kShortestFormatList; ++run)
-        output = convert(L"-list format", {}, keep_waiting);
+        output = convert(L"-list format", folder, keep_waiting);
     return output;
 }
 

@@ -1,6 +1,7 @@
 // The converter: the two programs of ImageMagick that the user has named.
 #pragma once
 
+#include "convert/converter_folder.h"
 #include "convert/exec.h"
 #include "convert/format_list.h"
 #include "settings/settings_file.h"
@@ -16,7 +17,9 @@ namespace kelvane {
 bool is_program(const std::filesystem::path& file);
 
 /// Whether a program exists and says itself that it is ImageMagick's. One that has not answered
-/// after a while, or when `keep_waiting` says no, is ended: it is something else.
+/// after a while, or when `keep_waiting` says no, is ended: it is something else. Runs, as all of
+/// the converter does, in a folder of its own, where nobody can have put a library or a
+/// configuration for it.
 bool is_imagemagick(const std::filesystem::path& program, const KeepWaiting& keep_waiting);
 
 /// The user did not want to wait for the converter, which was ended.
@@ -37,10 +40,9 @@ class Converter {
     /// What the last detection has found, unless a program has gone since.
     bool available() const;
 
-    /// What a command line of convert prints. `folder`: where it runs and puts its temporary files,
-    /// so that `params` can name files without it; empty: anywhere. Throws `ConverterCancelled`
-    /// when `keep_waiting` says no.
-    std::wstring convert(const std::wstring& params, const std::wstring& folder,
+    /// What a command line of convert prints. It runs in `folder`, so that `params` can name files
+    /// without it. Throws `ConverterCancelled` when `keep_waiting` says no.
+    std::wstring convert(const std::wstring& params, const ConverterFolder& folder,
                          const KeepWaiting& keep_waiting) const;
     /// Whether convert is the one program of version 7. As it is it gives up a file at the first
     /// thing that it dislikes; with the word "convert" before its parameters it goes on as convert

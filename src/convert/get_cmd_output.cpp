@@ -7,9 +7,8 @@
 namespace kelvane {
 namespace {
 
-constexpr DWORD kBlock = 65536;              // bytes read at once
-constexpr DWORD kPollInterval = 20;          // milliseconds
-constexpr std::size_t kLongest = 256u << 20; // bytes; a program that prints without end is cut off
+constexpr DWORD kBlock = 65536;     // bytes read at once
+constexpr DWORD kPollInterval = 20; // milliseconds
 
 enum class State { kSomething, kNothing, kEnd };
 
@@ -29,17 +28,17 @@ bool wait_for_output(HANDLE pipe, const KeepWaiting& keep_waiting) {
     return false;
 }
 
-// Bytes, not text: a character of several bytes may lie across two blocks.
-std::string read_all(const RedirectedProcess& process, const KeepWaiting& keep_waiting) {
+// Bytes, not text: a character of several bytes may lie across two blocks. Lets the process go when
+// its output has come to an end.
+std::string read_all(RedirectedProcess& process, const KeepWaiting& keep_waiting) {
     std::string bytes;
     std::string block(kBlock, '\0');
-    while (bytes.size() < kLongest) {
-        if (!wait_for_output(process.output(), keep_waiting)) {
-            process.terminate();
+    while (bytes.size() < kLongestOutput && wait_for_output(process.output(), keep_waiting)) {
+        DWORD read = 0;
+        if (!ReadFile(process.output(), block.data(), kBlock, &read, nullptr)) {
+            process.release();
             break;
         }
-        DWORD read = 0;
-        if (!ReadFile(process.output(), block.data(), kBlock, &read, nullptr)) break;
         bytes.append(block, 0, read);
     }
     return bytes;

@@ -1,6 +1,7 @@
 // MGetCmdOutput: runs a console program and returns what it prints.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 
@@ -10,18 +11,23 @@ namespace kelvane {
 /// False ends the program and all it has started.
 using KeepWaiting = std::function<bool()>;
 
+/// In bytes. The longest answer, ImageMagick's on a file of a thousand images, has 200 KB.
+inline constexpr std::size_t kLongestOutput = 4u << 20;
+
 /// Runs `command_line` and returns all that it prints on the captured streams. Captured together,
 /// they come as the program writes them, in one text. The program reads an empty standard input.
 ///
 /// `oem_convert`: the output is in the OEM code page, as console programs write it, else in the
 /// ANSI one. `show_window`: the platform's show state (SW_HIDE ...) for the program's window.
 ///
-/// `folder`: where the program runs and where it is told to put its temporary files; empty: where
-/// this program does.
+/// `folder`: where the program runs, with `environment_for(folder)`; empty: where this program
+/// does, with its environment.
 ///
-/// Blocks until the program and everything it started have closed the streams; with
-/// `keep_waiting` the user can end that, and what came so far is returned. The empty text when the
-/// program cannot be started. Throws `std::invalid_argument` when neither stream is captured.
+/// Blocks until the program and everything it started have closed the streams; what then still
+/// runs goes on. With `keep_waiting` the user can end the wait. A program that the user gives up
+/// or that prints more than `kLongestOutput` is ended with all that it has started, and what came
+/// so far is returned. The empty text when the program cannot be started. Throws
+/// `std::invalid_argument` when neither stream is captured.
 std::wstring GetCommandOutput(const std::wstring& command_line, bool capture_std_out,
                               bool capture_std_err, bool oem_convert, unsigned short show_window,
                               const KeepWaiting& keep_waiting = {},

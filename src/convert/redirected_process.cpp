@@ -35,6 +35,13 @@ Pipe make_pipe() {
     return pipe;
 }
 
+bool set_limits(HANDLE job, DWORD flags) {
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = flags;
+    return SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits,
+                                   sizeof limits) != FALSE;
+}
+
 /// The list of handles that a child inherits.
 class InheritList {
   public:
@@ -65,7 +72,19 @@ class InheritList {
     bool filled_ = false;
 };
 
+// The handle of a job that ends its processes when it is closed or, for any reason, gone.
+UniqueHandle make_job() {
+    UniqueHandle job(CreateJobObjectW(nullptr, nullptr));
+    return set_limits(job.get(), JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE) ? std::move(job)
+                                                                     : UniqueHandle();
+}
+
 } // namespace
+
+// Closing the job ends the others.
+RedirectedProcess::~RedirectedProcess() {
+    if (process_) TerminateProcess(process_.get(), 1);
+}
 
 bool RedirectedProcess::start(const std::wstring& command_line, bool capture_std_out,
                               bool capture_std_err, WORD show_window, const std::wstring& folder) {
@@ -85,7 +104,7 @@ bool RedirectedProcess::start(const std::wstring& command_line, bool capture_std
     startup.lpAttributeList = inherited.get();
 
     std::wstring writable = command_line; // the platform may write into it
-    std::wstring environment = folder.empty() ? std::wstring() : environment_with_temporary(folder);
+    std::wstring environment = folder.empty() ? std::wstring() : environment_for(folder);
     PROCESS_INFORMATION information{};
     if (!CreateProcessW(
             nullptr, writable.data(), nullptr, nullptr, TRUE,
@@ -97,15 +116,16 @@ bool RedirectedProcess::start(const std::wstring& command_line, bool capture_std
     const UniqueHandle thread(information.hThread);
     read_end_ = std::move(pipe.read_end);
     // In the job before it can start anything. Windows 7 refuses that to the child of a process
-    // that is in a job itself; then `terminate` reaches the child alone.
-    job_ = UniqueHandle(CreateJobObjectW(nullptr, nullptr));
+    // that is in a job itself; then only the child is ended, not what it has started.
+    job_ = make_job();
     if (job_ && !AssignProcessToJobObject(job_.get(), process_.get())) job_.reset();
     ResumeThread(thread.get());
     return true;
 }
 
-void RedirectedProcess::terminate() const {
-    if (!job_ || !TerminateJobObject(job_.get(), 1)) TerminateProcess(process_.get(), 1);
+void RedirectedProcess::release() {
+    if (job_) set_limits(job_.get(), 0);
+    process_.reset();
 }
 
 } // namespace kelvane

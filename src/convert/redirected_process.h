@@ -9,20 +9,26 @@ namespace kelvane {
 
 /// A started program. The parent holds only the pipe's read end, so the pipe breaks when the child
 /// and everything that inherited the write end from it are gone. The child inherits its three
-/// streams and no other handle of this program. Letting go of the object does not end the child.
+/// streams and no other handle of this program. Destroying the object ends the child and all that
+/// it has started, and so does the end of this program, however it comes; not after `release`.
 class RedirectedProcess {
   public:
+    RedirectedProcess() = default;
+    ~RedirectedProcess();
+    RedirectedProcess(const RedirectedProcess&) = delete;
+    RedirectedProcess& operator=(const RedirectedProcess&) = delete;
+
     /// Starts the program; false when it cannot be started. A stream that is not captured, and
     /// standard input, lead nowhere.
-    /// With a `folder` it runs there and finds its temporary folder there.
+    /// With a `folder` it runs there, with `environment_for(folder)`.
     bool start(const std::wstring& command_line, bool capture_std_out, bool capture_std_err,
                WORD show_window, const std::wstring& folder);
 
     /// The pipe's read end.
     HANDLE output() const { return read_end_.get(); }
 
-    /// Ends the program and all that it has started.
-    void terminate() const;
+    /// Lets the program go on by itself, with all that it has started.
+    void release();
 
   private:
     UniqueHandle read_end_;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dialogs/program_face.h"
+#include "settings/folders.h"
 #include "win/dialog.h"
 
 #include <string>
@@ -12,7 +13,8 @@ namespace kelvane {
 class frmAbout : public win::Dialog {
   public:
     /// `version` as shown ("1.2.3"). `system_info`: the program that reports on the system.
-    explicit frmAbout(std::wstring version, std::wstring system_info = L"msinfo32.exe");
+    explicit frmAbout(std::wstring version,
+                      std::wstring system_info = system_folder() + L"\\msinfo32.exe");
 
   protected:
     void load() override;

@@ -1,5 +1,7 @@
 #include "platform/console.h"
 
+#include "platform/library_search_windows.h"
+
 #include <windows.h>
 
 #include <shellapi.h>
@@ -34,6 +36,7 @@ std::vector<std::string> utf8_arguments(int, char**) {
 }
 
 void prepare_console() {
+    search_libraries_in_system_only();
     SetConsoleOutputCP(CP_UTF8);
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);

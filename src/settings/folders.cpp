@@ -30,6 +30,14 @@ std::wstring program_folder() {
     return std::filesystem::path(program_file()).parent_path().wstring();
 }
 
+std::wstring system_folder() {
+    wchar_t folder[MAX_PATH];
+    const UINT length = GetSystemDirectoryW(folder, std::size(folder));
+    if (length == 0) throw PlatformError(GetLastError());
+    if (length >= std::size(folder)) throw PlatformError(ERROR_BUFFER_OVERFLOW);
+    return {folder, length};
+}
+
 std::wstring ExistingFolderOf(const std::wstring& path) {
     if (path.size() == 2 && path[1] == L':' && is_folder(path + L'\\')) return path + L'\\';
     for (std::size_t end = path.size(); end > 0; --end) {

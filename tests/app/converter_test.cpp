@@ -20,11 +20,6 @@ const std::wstring kMagick =
 
 class ByImageMagick : public AppTest {
   protected:
-    ~ByImageMagick() override {
-        for (const auto& entry : std::filesystem::directory_iterator(TempDir()))
-            EXPECT_FALSE(entry.path().filename().wstring().starts_with(L"Kelvane-"))
-                << entry.path();
-    }
     void configure(const std::wstring& program) const {
         const SettingsFile settings(folder / "kelvane.ini");
         write_setting(settings, settings::kConvertProgram, program);

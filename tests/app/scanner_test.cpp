@@ -1,6 +1,7 @@
 // Scanning, with a library of our own in the scanner's place.
 #include "app_test.h"
 
+#include "platform/library_search_windows.h"
 #include "settings/folders.h"
 
 #include "ids.h"
@@ -26,13 +27,19 @@ class Scanning : public AppTest {
     std::filesystem::path library_;
 };
 
+// A library in the current folder counts for nothing, nor, by name alone, one beside the program.
 TEST_F(Scanning, MissingLibraryIsExplained) {
+    search_libraries_in_system_only();
+    SetCurrentDirectoryW((program_folder() + L"\\scanner").c_str());
     for (const unsigned command : {kCmdSelectSource, kCmdAcquire}) {
         expect_error(LoadString(sizeof(void*) == 8 ? IDS_SCANNER_NEEDS_32_BIT
                                                    : IDS_SCANNER_LIBRARY_MISSING));
         choose(command);
     }
     EXPECT_TRUE(main.forms().empty());
+    install_library();
+    EXPECT_EQ(LoadLibraryW(L"EZTW32.DLL"), nullptr);
+    SetCurrentDirectoryW(program_folder().c_str());
 }
 
 TEST_F(Scanning, ScannedPictureIsANewDocument) {

@@ -8,7 +8,10 @@
 #include "win/platform_error.h"
 
 #include <gmock/gmock.h>
+#include <process.h>
 #include <windows.h>
+
+#include <regex>
 
 namespace kelvane::test {
 namespace {
@@ -28,6 +31,7 @@ class Conversions : public testing::Test {
         // A folder for temporary files that looks like a pattern and fits no 8-bit code page.
         create_directory(scratch / kTemporary);
         SetEnvironmentVariableW(L"TMP", (scratch / kTemporary).c_str());
+        SetEnvironmentVariableW(L"MAGICK_CONFIGURE_PATH", L"users");
         use(imagemagick("convert.exe"), imagemagick("identify.exe"));
     }
     ~Conversions() override {
@@ -69,7 +73,9 @@ TEST_F(Conversions, BothProgramsAreAskedWhatTheyAreAndForFormats) {
     EXPECT_FALSE(use(imagemagick("convert.exe"), other));
     EXPECT_FALSE(converter.available());
     EXPECT_FALSE(use(other, imagemagick("identify.exe")));
+    current_path(path(KELVANE_IMAGEMAGICK));
     EXPECT_FALSE(use(imagemagick("convert.exe"), "identify.exe")) << "whatever lies there";
+    current_path(path(folder));
 
     ASSERT_TRUE(use(stand_in, stand_in));
     SetEnvironmentVariableW(L"KELVANE_CHILD_LOG", (scratch / L"log").c_str());
@@ -134,8 +140,59 @@ TEST_F(Conversions, FailureAndHangingLeaveNothing) {
         converted(scratch / L"script.MSL");
         ADD_FAILURE();
     } catch (const ConversionFailed& failure) {
-        EXPECT_EQ(failure.report(), L"no decode delegate for testtmp") << "not run as a script";
+        EXPECT_TRUE(std::regex_match(failure.report(),
+                                     std::wregex(L"no decode delegate for testtmp[0-9]{10,20}")));
     }
+}
+
+std::string drawing_with(const std::string& picture) {
+    return "<svg xmlns:xlink='http://www.w3.org/1999/xlink' width='8' height='8'>"
+           "<image width='8' height='8' xlink:href='" +
+           picture + "'/></svg>";
+}
+
+// The drawing is at once a script, and refers to its copy or to itself.
+TEST_F(Conversions, PictureWritesNoFiles) {
+    const TemporaryFolder folder;
+    const path file = folder / "logo.msvg";
+    const std::string written = (folder / "written.png").generic_string();
+    for (const std::string& script : {std::string("testtmp.msvg"), file.generic_string()}) {
+        write_text(file, "<image><read filename='xc:red'/><write filename='" + written + "'/>" +
+                             drawing_with("msl:" + script) + "</image>");
+        EXPECT_EQ(converted(file)->images().size(), 1u);
+        EXPECT_FALSE(exists(path(written))) << script;
+    }
+}
+
+TEST_F(Conversions, PictureReachesNothingBeyondItself) {
+    const ConverterFolder folder;
+    const auto denied = [&](const char* file, const std::string& content) {
+        write_text(folder / file, content);
+        const std::wstring output = converter.convert(path(file).wstring() + L" null:", folder, {});
+        return output.find(L"NotAuthorized") != std::wstring::npos;
+    };
+    for (const char* name : {"vid:x", "clipboard:", "http://[::1]:1/x.png", "//host/x.png",
+                             "\\\\host\\x.png", "label:@a.msvg"})
+        EXPECT_TRUE(denied("a.msvg", drawing_with(name))) << name;
+    for (const char* name : {"a.html", "a.dot", "a.docx"})
+        EXPECT_TRUE(denied(name, "text")) << name;
+}
+
+TEST_F(Conversions, KilledProgramTakesItsConverterAlongAndTheNextOneTidiesUp) {
+    const auto running = [] { // whether a converter has begun, and nobody has removed its folder
+        return std::ranges::any_of(
+            std::filesystem::directory_iterator(TempDir()),
+            [](const auto& each) { return exists(each.path() / "left.tmp"); });
+    };
+    const UniqueHandle killed(reinterpret_cast<HANDLE>(
+        _wspawnl(_P_NOWAIT, stand_in.c_str(), L"child", L"hold", nullptr)));
+    for (int i = 0; i < 3000 && !running(); ++i)
+        Sleep(20);
+    PrivateFolder();
+    EXPECT_TRUE(running()) << "the folder of a running program is gone";
+    TerminateProcess(killed.get(), 1);
+    for (int i = 0; i < 3000 && running(); ++i, PrivateFolder())
+        Sleep(20);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 # check.pl ROOT PAGES ALIASES: compares the sources of the help with what was read back from the
-# compiled file (its files in the folder PAGES; its context numbers in ALIASES) and with the
-# program's numbers and texts.
+# compiled file (its files in the folder PAGES; its context numbers in ALIASES; its internal files
+# in SYSTEM, WINDOWS and STRINGS) and with the program's numbers and texts.
 use strict;
 use warnings;
 
@@ -62,6 +62,12 @@ while ($ids =~ /^#define ID([HD])_(\w+) +(\d+)/mg) {
     }
 }
 expect(($numbered{$_} // 0) == 1, "$_ has not one context number") for @pages;
+
+# Where the help opens that is asked for no page: of the file, and of its window.
+my $start = "en/start.html\0";
+expect(index(slurp('SYSTEM'), pack('vva*', 2, length $start, $start)) > 0, 'the default topic is another');
+my ($default, $home) = unpack 'x112 V2', slurp('WINDOWS');
+expect(substr(slurp('STRINGS'), $_, length $start) eq $start, 'the window begins elsewhere') for $default, $home;
 
 my $contents = slurp("$compiled/kelvane.hhc");
 my %anchors;

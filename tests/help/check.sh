@@ -13,4 +13,5 @@ cmp "$work/one/EAGLE_Kelvane.chm" "$work/two/EAGLE_Kelvane.chm"
 cd "$work/one"
 chmls extractall EAGLE_Kelvane.chm pages >log 2>&1 || { cat log >&2; exit 1; }
 chmls extractalias EAGLE_Kelvane.chm >log 2>&1 || { cat log >&2; exit 1; }
+for part in SYSTEM WINDOWS STRINGS; do chmls extract EAGLE_Kelvane.chm "/#$part" "$part" >log 2>&1; done
 perl "$root/tests/help/check.pl" "$root" pages EAGLE_Kelvane.ali

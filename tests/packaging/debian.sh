@@ -1,5 +1,6 @@
 #!/bin/bash
-# The Debian package: unpacked, its program runs; manual and completion know all that the program does.
+# The Debian package: lintian finds nothing; unpacked, its program runs; manual and completion know all
+# that the program does.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
 package=$packages/kelvane-cli_${version}_$(dpkg --print-architecture).deb
 dpkg-deb -R "$package" "$work/package"
@@ -12,6 +13,16 @@ check_script "$work/logo.scr"
 [ "$("$program" --version)" = "kelvane-cli $version" ]
 dependencies=$(dpkg-deb -f "$package" Depends)
 [[ $dependencies == *'libgdk-pixbuf-2.0-0 (>= '* && $dependencies == *'libc6 (>= '* ]] || fail "Depends: $dependencies"
+
+lintian --allow-root --info --display-info --fail-on error,warning,info "$package" >"$work/lintian" 2>&1 ||
+    fail "$(<"$work/lintian")"
+installed=$(dpkg-deb -f "$package" Installed-Size) size=$(du -sk --apparent-size usr | cut -f 1)
+((installed >= size * 9 / 10 && installed <= size * 11 / 10)) || fail "Installed-Size: $installed, not about $size"
+for part in 'The Kelvane authors' 'University of Cincinnati' 'GCC RUNTIME LIBRARY EXCEPTION'; do
+    grep -q "$part" usr/share/doc/kelvane-cli/copyright || fail "copyright lacks $part"
+done
+changes=$(zcat usr/share/doc/kelvane-cli/changelog.gz)
+[[ $changes == *'kelvane-cli export'* ]] && ! grep -qiE 'window|desktop|dialog' <<<"$changes" || fail "changelog: $changes"
 
 # man warns of what it cannot set.
 manual=usr/share/man/man1/kelvane-cli.1.gz

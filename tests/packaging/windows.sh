@@ -29,6 +29,18 @@ check_programs() {
     rm "$folder/logo.scr"
 }
 
+# The programs say who made them and want long paths and no redirected writes.
+check_resources() {
+    local program texts
+    for program in kelvane kelvane-cli; do
+        texts=$(strings -e l "$1/$program.exe" | tr '\n' ' ')
+        [[ $texts == *'CompanyName The Kelvane authors '*'LegalCopyright Copyright (c) '*"OriginalFilename $program.exe ProductName"* ]] ||
+            fail "version of $program: ${texts#*VS_VERSION_INFO}"
+        grep -aq '<longPathAware [^>]*>true<' "$1/$program.exe" && grep -aq 'level="asInvoker"' "$1/$program.exe" ||
+            fail "$program.exe has no manifest"
+    done
+}
+
 check_portable() {
     local folder="$work/Größe & Maß"
     unzip -q "$name.zip" -d "$folder"
@@ -37,12 +49,20 @@ check_portable() {
 ./EAGLE_Kelvane.chm
 ./LICENSE.txt
 ./README.txt
+./THIRD-PARTY.txt
 ./basic-16.pal
 ./formats.html
 ./kelvane-cli.exe
 ./kelvane.exe
 END
     [ "$(tr -d '\r' <"$folder/Kelvane/LICENSE.txt")" = "$(<"$root/LICENSE")" ]
+    local part
+    for part in CLI11 'GCC RUNTIME LIBRARY EXCEPTION' MinGW-w64 winpthreads; do
+        grep -q "$part" "$folder/Kelvane/THIRD-PARTY.txt" || fail "the notices lack $part"
+    done
+    # Notepad takes it for UTF-8 by its mark.
+    [ "$(head -n 1 "$folder/Kelvane/README.txt")" = $'\uFEFF'"Kelvane $version"$'\r' ]
+    check_resources "$folder/Kelvane"
     check_programs "$folder/Kelvane"
 }
 
@@ -54,6 +74,7 @@ clean_up() {
 registered() { wine reg.exe query "$uninstall_key" /v "$1" 2>/dev/null | tr -d '\r' | sed -n "s/^ *$1 *REG_[A-Z]* *//p"; }
 
 uninstall() { # FOLDER
+    [[ $(registered QuietUninstallString) == *'\uninstall.exe" /S' ]]
     wine "$1/uninstall.exe" /S
     # It goes on as a copy of itself, which removes itself from its folder last of all.
     local tries
@@ -97,11 +118,14 @@ check_refusal() {
 check_update_and_removal() {
     cp "$installed/kelvane.ini" "$work/settings"
     echo mine >"$installed/mine.pal"
+    echo '1 2 3' >>"$installed/basic-16.pal"
+    cp "$installed/basic-16.pal" "$work/palette"
     wine "$name-setup.exe" /S
     cmp "$installed/kelvane.ini" "$work/settings"
+    cmp "$installed/basic-16.pal" "$work/palette"
     [ "$(<"$installed/README.txt")" != old ] || fail "the update left an old file"
     uninstall "$installed"
-    [ "$(files_in "$installed" | xargs)" = './kelvane.ini ./mine.pal' ] || fail "left: $(files_in "$installed")"
+    [ "$(files_in "$installed" | xargs)" = './basic-16.pal ./kelvane.ini ./mine.pal' ] || fail "left: $(files_in "$installed")"
     [ ! -e "$link" ] || fail "the start menu's entry is still there"
 }
 
