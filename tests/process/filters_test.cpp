@@ -179,6 +179,19 @@ TEST(Filters, ReportEveryColumnInAscendingOrder) {
     expect_events(9, 9, unsharp, {21}, columns(3, 21), 2); // the blur completes as well
 }
 
+TEST(Filters, LargePicturesGoInStrips) {
+    expect_strips([](ImageView image, ImageView buffer, ProgressObserver* observer) {
+        convolve_in_place(image, buffer, predefined_kernel(kBlurMore), observer);
+    });
+    expect_strips([](ImageView image, ImageView buffer, ProgressObserver* observer) {
+        rank_in_place(image, buffer, Rank::Maximum, observer);
+    });
+    expect_strips(unsharp);
+    expect_strips([](ImageView image, ImageView buffer, ProgressObserver* observer) {
+        emboss(image, buffer, predefined_kernel(kEmboss), observer);
+    });
+}
+
 TEST(Filters, TinyPicturesStillReport) {
     const auto maximum = [](ImageView image, ImageView buffer, ProgressObserver* observer) {
         rank_in_place(image, buffer, Rank::Maximum, observer);
