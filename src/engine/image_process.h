@@ -92,7 +92,7 @@ class cImageProcessDIB {
     // Export; see export/vectorize.h.
 
     /// Traces a picture that holds only black and white and writes the script. Sets `RangeOVL`
-    /// anew. Throws `FileError`.
+    /// anew. An empty picture writes nothing. Throws `FileError`.
     ExportReport Vectorize(const cDIBSection& cImage, const std::filesystem::path& FileName,
                            const ExportOptions& options);
 

@@ -2,7 +2,9 @@
 
 #include "support/pictures.h"
 #include "support/recording_observer.h"
+#include "support/temporary_folder.h"
 
+#include <functional>
 #include <limits>
 
 namespace kelvane::test {
@@ -76,27 +78,77 @@ TEST(Engine, FiltersWithoutKernelKeepTheCellsAndResetTheWeight) {
     EXPECT_EQ(engine.FilterWeight(), 12);
 }
 
+TEST(Engine, RefusesPicturesThatDoNotFit) {
+    using Call = std::function<bool(cImageProcessDIB&, cDIBSection&, cDIBSection&)>;
+    const Call calls[] = {
+        [](auto& engine, auto& a, auto& b) { return engine.ProcessImage(a, b); },
+        [](auto& engine, auto& a, auto& b) { return engine.AddLightest(a, b); },
+        [](auto& engine, auto& a, auto& b) { return engine.AddDarkest(a, b); },
+        [](auto& engine, auto& a, auto& b) {
+            return engine.AddImages(a, b, 0, 0, 0, 0, 0, 0, 0, 0);
+        },
+        [](auto& engine, auto& a, auto& b) {
+            return engine.ApplyPalette(a, b, cPalette({{1, 2, 3}}));
+        },
+        [](auto& engine, auto& a, auto& b) { return engine.Steinberg(a, b); },
+        [](auto& engine, auto& a, auto& b) { return engine.BlackAndWhite(a, b, 128); },
+        [](auto& engine, auto& a, auto& b) { return engine.BlackAndWhite2(a, b, 128); },
+        [](auto& engine, auto& a, auto& b) {
+            return engine.LineArt2(a, b, 128, {true, true, true});
+        },
+        [](auto& engine, auto& a, auto& b) { return engine.EdgeDetect2(a, b, 0); }};
+    cImageProcessDIB engine;
+    const cDIBSection original = random_picture(8, 8, 1);
+    const cDIBSection smaller = random_picture(8, 7, 2);
+    for (std::size_t i = 0; i < std::size(calls); ++i) {
+        SCOPED_TRACE(i);
+        cDIBSection picture = original.Copy(), other = smaller.Copy(), none;
+        cDIBSection given_away = original.Copy();
+        const cDIBSection owner = std::move(given_away);
+        EXPECT_FALSE(calls[i](engine, other, picture));
+        for (cDIBSection* empty : {&none, &given_away}) { // NOLINT: moved from on purpose
+            EXPECT_FALSE(calls[i](engine, picture, *empty));
+            EXPECT_FALSE(calls[i](engine, *empty, picture));
+        }
+        EXPECT_TRUE(same_pixels(picture, original));
+        EXPECT_TRUE(same_pixels(other, smaller));
+    }
+}
+
 TEST(Engine, RefusesWhatItCannotRun) {
     cImageProcessDIB engine;
     const cDIBSection original = random_picture(8, 8, 1);
     cDIBSection image = original.Copy();
     cDIBSection buffer = black_picture(8, 8);
-    cDIBSection smaller = black_picture(8, 7);
-    cDIBSection none;
-    EXPECT_FALSE(engine.ProcessImage(image, smaller));
     EXPECT_FALSE(engine.ProcessImage(image, image));
-    EXPECT_FALSE(engine.ProcessImage(none, none));
-    EXPECT_FALSE(engine.AddLightest(smaller, image));
-    EXPECT_FALSE(engine.AddImages(none, image, 1, 0, 0, 0, 1, 0, 0, 0));
     engine.set_FilterWeight(0);
     EXPECT_FALSE(engine.ProcessImage(image, buffer));
     engine.set_FilterType(kReserved);
     EXPECT_FALSE(engine.ProcessImage(image, buffer));
+    EXPECT_FALSE(engine.ApplyPalette(image, buffer, {}));
+    EXPECT_FALSE(engine.LineArt2(image, buffer, 128, {}));
     EXPECT_TRUE(same_pixels(image, original));
     // A picture smaller than the kernel is left alone, and that counts as done.
     cDIBSection tiny = black_picture(2, 2), tiny_buffer = black_picture(2, 2);
     engine.set_FilterType(kSoftenMore);
     EXPECT_TRUE(engine.ProcessImage(tiny, tiny_buffer));
+}
+
+TEST(Engine, AnUnknownShapeIsScannedButNotWritten) {
+    TemporaryFolder folder;
+    cImageProcessDIB engine;
+    RecordingObserver observer;
+    engine.set_observer(&observer);
+    ExportOptions options;
+    for (const std::int16_t kind : {-1, 3}) {
+        options.optPoly = kind;
+        engine.Vectorize(drawn({"#..#", "##.."}), folder / "a.scr", options);
+    }
+    EXPECT_EQ(observer.maxima, (std::vector<long>{9, 9}));
+    EXPECT_EQ(observer.positions, (std::vector<long>{0, 1, 0, 1}));
+    EXPECT_EQ(observer.times.size(), 2u);
+    engine.Vectorize({}, folder / "a.scr", {});
+    EXPECT_FALSE(std::filesystem::exists(folder / "a.scr"));
 }
 
 TEST(Engine, EmphasizesInTwoPasses) {
