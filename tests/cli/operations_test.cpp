@@ -41,7 +41,7 @@ Call filtered(std::vector<int> passes) {
 void custom_filtered(Work w) {
     w.engine.set_FilterType(kCustom);
     w.engine.set_FilterArraySize(3);
-    w.engine.set_FilterWeight(-5);
+    w.engine.set_FilterWeight(45);
     for (int i = 0; i < 9; ++i)
         w.engine.set_FilterValue(i % 3 - 1, i / 3 - 1, i + 1);
     ASSERT_TRUE(w.engine.ProcessImage(w.picture, w.buffer));
@@ -78,7 +78,7 @@ std::vector<std::pair<std::string, Call>> Operations::calls() const {
     const std::string other = path("other.bmp");
     std::vector<std::pair<std::string, Call>> calls{
         {"emphasize", filtered({kEmphasizeFirst, kEmphasizeSecond})},
-        {"custom:3,-5,1,2,3,4,5,6,7,8,9", custom_filtered},
+        {"custom:3,45,1,2,3,4,5,6,7,8,9", custom_filtered},
         {"grayscale", [](Work w) { w.engine.GrayScale(w.picture); }},
         {"darken", [](Work w) { w.engine.Fade(w.picture, 240); }},
         {"darken:0", [](Work w) { w.engine.Fade(w.picture, 0); }},

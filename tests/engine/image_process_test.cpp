@@ -43,10 +43,12 @@ TEST(Engine, RefusesPropertyValuesAndKeepsTheOldOnes) {
     EXPECT_FALSE(engine.RangeOVL());
 }
 
-TEST(Engine, ANewSizeClearsTheCells) {
+TEST(Engine, ANewSizeClearsTheCellsAndKeepsTheWeight) {
     cImageProcessDIB engine;
     engine.set_FilterType(kCustom);
+    engine.set_FilterWeight(-7);
     engine.set_FilterArraySize(7);
+    EXPECT_EQ(engine.FilterWeight(), -7);
     engine.set_FilterValue(-3, 2, 5);
     EXPECT_EQ(engine.FilterValue(-3, 2), 5);
     EXPECT_EQ(engine.FilterValue(2, -3), 0);

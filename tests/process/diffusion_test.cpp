@@ -103,6 +103,21 @@ TEST(Diffusion, IsTheSlowWayColumnByColumn) {
     EXPECT_THROW(ApplyPalette(image.view(), buffer.view(), {}), std::invalid_argument);
 }
 
+// An error of 4 passes 1 to the right and 1 below, which takes those pixels to the second entry.
+TEST(Diffusion, PaletteErrorsBelowFourAreDropped) {
+    at_every_level([] {
+        for (const int blue : {3, 4}) {
+            cDIBSection image = flat_picture(40, 40, blue, 0, 0), buffer = black_picture(40, 40);
+            const cDIBSection original = image.Copy();
+            const cPalette palette({{0, 0, 0}, {0, 0, static_cast<std::uint8_t>(2 * blue + 1)}});
+            ApplyPalette(image.view(), buffer.view(), palette);
+            EXPECT_EQ(pixel_at(image, 0, 0)[0], 0);
+            EXPECT_EQ(pixel_at(image, 1, 0)[0], blue == 4 ? 9 : 0);
+            EXPECT_TRUE(same_pixels(image, slow_palette(original.Copy(), palette)));
+        }
+    });
+}
+
 TEST(Diffusion, EventsOfBothOperations) {
     const auto apply = [](ImageView image, ImageView buffer, ProgressObserver* observer) {
         ApplyPalette(image, buffer, random_palette(3, 1), observer);
