@@ -94,7 +94,9 @@ void add_tone(Pictures& work) {
         cv::cvtColor(image, hls, cv::COLOR_BGR2HLS);
         cv::cvtColor(hls, image, cv::COLOR_HLS2BGR);
     });
-    add_ours("fade", work, [](auto& e, Pictures& p) { return e.Fade(p.image, 240); });
+    add_ours("darken", work, [](auto& e, Pictures& p) { return e.Fade(p.image, 240); });
+    add_peer("darken", work,
+             [](cv::Mat& image, cv::Mat&) { cv::convertScaleAbs(image, image, 240.0 / 255); });
     add_ours("noise", work, [](auto& e, Pictures& p) { return e.AddNoise(p.image, 30); });
 }
 
