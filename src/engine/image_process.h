@@ -7,11 +7,13 @@
 #include "image/progress.h"
 #include "image/random_source.h"
 #include "process/filter_kernel.h"
+#include "process/geometry.h"
 #include "process/palette.h"
 #include "reduce/black_white.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace kelvane {
@@ -89,6 +91,21 @@ class cImageProcessDIB {
     bool LineArt2(cDIBSection& cSource, cDIBSection& cDestination, int limit, Channels channels);
     bool EdgeDetect2(cDIBSection& cSource, cDIBSection& cDestination, int limit);
 
+    // Geometry; see process/geometry.h. Where the size changes, a new picture takes the place of
+    // `cImage`; false, and `cImage` as it was, when there is no memory for it.
+
+    /// The smallest rectangle with all that an export takes for dark; nothing when there is none.
+    std::optional<PixelRect> DarkBounds(const cDIBSection& cImage);
+    /// Keeps `part`, with `margin` white pixels on each side (0 to 1000000). False too when the
+    /// part does not lie inside the picture.
+    bool Crop(cDIBSection& cImage, const PixelRect& part, int margin = 0);
+    bool Mirror(cDIBSection& cImage);
+    bool Flip(cDIBSection& cImage);
+    bool RotateHalf(cDIBSection& cImage);
+    bool RotateRight(cDIBSection& cImage);
+    bool RotateLeft(cDIBSection& cImage);
+    static constexpr int kLargestMargin = 1000000;
+
     // Export; see export/vectorize.h.
 
     /// Traces a picture that holds only black and white and writes the script. Sets `RangeOVL`
@@ -98,6 +115,8 @@ class cImageProcessDIB {
 
   private:
     bool run_convolution(ImageView image, ImageView buffer);
+    bool rotate_quarter(cDIBSection& cImage,
+                        void (*rotate)(ConstImageView, ImageView, ProgressObserver*));
 
     std::string executable_name_;
     ProgressObserver* observer_ = nullptr;

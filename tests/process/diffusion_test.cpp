@@ -128,15 +128,26 @@ TEST(Diffusion, EventsOfBothOperations) {
     expect_events(9, 4, Steinberg, {24, 24}, grey_first, 2);
 }
 
+// So close together that every cell keeps them all: the cells are emptied on the way.
+cPalette crowded_palette() {
+    std::vector<cPalette::Colour> colours;
+    for (unsigned i = 0; i < 1000; ++i)
+        colours.push_back({static_cast<std::uint8_t>(100 + i % 4),
+                           static_cast<std::uint8_t>(100 + i / 4 % 4),
+                           static_cast<std::uint8_t>(100 + i / 16 % 4)});
+    return cPalette(colours);
+}
+
 TEST(ClosestColour, AnswersLikeTheScan) {
-    for (const int count : {0, 1, 2, 16, 400}) {
-        const cPalette palette = random_palette(count, 6);
+    for (const cPalette& palette :
+         {cPalette(), random_palette(1, 6), random_palette(2, 6), random_palette(16, 6),
+          random_palette(400, 6), crowded_palette()}) {
         ClosestColour closest(palette);
         for (int r = 0; r < 256; r += 3)
             for (int g = 0; g < 256; g += 5)
                 for (int b = 0; b < 256; b += 15)
                     ASSERT_EQ(closest.index(r, g, b), palette.ClosestIndex(r, g, b))
-                        << count << ": " << r << ' ' << g << ' ' << b;
+                        << palette.Count() << ": " << r << ' ' << g << ' ' << b;
     }
     const cPalette black({{0, 0, 0}});
     EXPECT_EQ(black.ClosestIndex(255, 255, 255), 0);

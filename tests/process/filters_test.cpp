@@ -121,6 +121,8 @@ TEST(Convolution, PredefinedWeightsAndCentres) {
     }
     EXPECT_EQ(predefined_kernel(kSoftenMore).cell(-1, 1), 2);
     EXPECT_EQ(predefined_kernel(kSharpenMore).cell(1, 1), 0);
+    EXPECT_EQ(predefined_kernel(kEmboss).cell(-1, -1), -1);
+    EXPECT_EQ(predefined_kernel(kEmboss).cell(1, 1), 1);
 }
 
 cDIBSection ranked(const cDIBSection& picture, Rank rank) {
