@@ -75,7 +75,7 @@ cPalette random_palette(int count, std::uint32_t seed) {
 template <typename Operation, typename Reference>
 void expect_diffusion(Operation run, Reference reference) {
     for (const auto& [width, height] :
-         odd_sizes({{1023, 5}, {1024, 5}, {1025, 5}, {1026, 5}, {2051, 4}, {1040, 37}})) {
+         odd_sizes({{1023, 5}, {1024, 5}, {1025, 5}, {1026, 5}, {2051, 150}, {1040, 37}})) {
         const cDIBSection original = random_picture(width, height, 9);
         const cDIBSection expected = reference(original.Copy());
         at_every_level([&, width = width, height = height] {
@@ -128,9 +128,9 @@ TEST(Diffusion, EventsOfBothOperations) {
     expect_events(9, 4, Steinberg, {24, 24}, grey_first, 2);
 }
 
-// So close together that every cell keeps them all: the cells are emptied on the way.
+// Most are so close together that many cells keep them all: the cells are emptied on the way.
 cPalette crowded_palette() {
-    std::vector<cPalette::Colour> colours;
+    std::vector<cPalette::Colour> colours = random_palette(3, 6).colours();
     for (unsigned i = 0; i < 1000; ++i)
         colours.push_back({static_cast<std::uint8_t>(100 + i % 4),
                            static_cast<std::uint8_t>(100 + i / 4 % 4),
@@ -143,10 +143,10 @@ TEST(ClosestColour, AnswersLikeTheScan) {
          {cPalette(), random_palette(1, 6), random_palette(2, 6), random_palette(16, 6),
           random_palette(400, 6), crowded_palette()}) {
         ClosestColour closest(palette);
-        for (int r = 0; r < 256; r += 3)
+        for (int r = 0; r < 512; r += 5) // twice: some cells are no longer new
             for (int g = 0; g < 256; g += 5)
                 for (int b = 0; b < 256; b += 15)
-                    ASSERT_EQ(closest.index(r, g, b), palette.ClosestIndex(r, g, b))
+                    ASSERT_EQ(closest.index(r % 256, g, b), palette.ClosestIndex(r % 256, g, b))
                         << palette.Count() << ": " << r << ' ' << g << ' ' << b;
     }
     const cPalette black({{0, 0, 0}});
