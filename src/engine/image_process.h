@@ -84,12 +84,19 @@ class cImageProcessDIB {
     bool ApplyPalette(cDIBSection& cImage, cDIBSection& cBuffer, const cPalette& cPal);
     bool Steinberg(cDIBSection& cImage, cDIBSection& cBuffer);
 
-    // Reductions; see reduce/black_white.h. `LineArt2` without a channel is refused.
+    // Reductions; see reduce/black_white.h, reduce/local_black_white.h and reduce/otsu.h.
+    // `LineArt2` without a channel is refused, as are numbers out of their ranges.
 
     bool BlackAndWhite(cDIBSection& cSource, cDIBSection& cDestination, int limit);
     bool BlackAndWhite2(cDIBSection& cSource, cDIBSection& cDestination, int limit);
     bool LineArt2(cDIBSection& cSource, cDIBSection& cDestination, int limit, Channels channels);
     bool EdgeDetect2(cDIBSection& cSource, cDIBSection& cDestination, int limit);
+    bool LocalBlackWhite(cDIBSection& cSource, cDIBSection& cDestination, int size, int offset);
+    /// The limit for `BlackAndWhite` that suits the picture; nothing for an empty one.
+    std::optional<int> OtsuLimit(const cDIBSection& cImage);
+    /// Removes areas of at most `most` pixels (0 and more) from what an export would draw and from
+    /// what lies between; see process/despeckle.h.
+    bool Despeckle(cDIBSection& cImage, int most);
 
     // Geometry; see process/geometry.h. Where the size changes, a new picture takes the place of
     // `cImage`; false, and `cImage` as it was, when there is no memory for it.
