@@ -5,9 +5,12 @@
 #include "cli/utf8_path.h"
 #include "image/file_error.h"
 #include "image/picture_reader.h"
+#include "reduce/local_black_white.h"
 
 #include <array>
 #include <charconv>
+#include <limits>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -23,6 +26,13 @@ cDIBSection buffer_for(const cDIBSection& picture) {
     cDIBSection buffer;
     require(buffer.Create(picture.Width(), picture.Height()));
     return buffer;
+}
+
+// Operations on the picture alone, without arguments.
+template <auto Change> Operation change(OperationArguments& arguments) {
+    arguments.expect_none();
+    return
+        [](cDIBSection& picture, cImageProcessDIB& engine) { require((engine.*Change)(picture)); };
 }
 
 // Filters.
@@ -89,12 +99,6 @@ Operation custom(OperationArguments& arguments) {
 
 // Tone and colour.
 
-Operation grayscale(OperationArguments& arguments) {
-    arguments.expect_none();
-    return
-        [](cDIBSection& picture, cImageProcessDIB& engine) { require(engine.GrayScale(picture)); };
-}
-
 Operation darken(OperationArguments& arguments) {
     arguments.expect_count(0, 1);
     const int level = arguments.given() ? arguments.integer(0, "LEVEL", 0, 255) : 240;
@@ -130,13 +134,6 @@ Operation noise(OperationArguments& arguments) {
     };
 }
 
-Operation negative(OperationArguments& arguments) {
-    arguments.expect_none();
-    return [](cDIBSection& picture, cImageProcessDIB& engine) {
-        require(engine.NegativeImage(picture));
-    };
-}
-
 // Palettes and reductions.
 
 Operation steinberg(OperationArguments& arguments) {
@@ -165,10 +162,24 @@ Operation palette(OperationArguments& arguments) {
 
 Operation bw(OperationArguments& arguments) {
     arguments.expect_count(1, 1);
+    if (arguments.field(0) == "auto")
+        return [](cDIBSection& picture, cImageProcessDIB& engine) {
+            const std::optional<int> limit = engine.OtsuLimit(picture);
+            require(limit && engine.BlackAndWhite2(picture, picture, *limit));
+        };
     const int limit = arguments.integer(0, "LIMIT", 0, 255);
     return [limit](cDIBSection& picture, cImageProcessDIB& engine) {
-        cDIBSection destination = buffer_for(picture);
-        require(engine.BlackAndWhite2(picture, destination, limit));
+        require(engine.BlackAndWhite2(picture, picture, limit));
+    };
+}
+
+Operation local_bw(OperationArguments& arguments) {
+    arguments.expect_count(2, 2);
+    const int size = arguments.integer(0, "SIZE", kLeastNeighbourhood, kLargestNeighbourhood);
+    if (size % 2 == 0) arguments.fail("SIZE is odd");
+    const int offset = arguments.integer(1, "OFFSET", -kLargestOffset, kLargestOffset);
+    return [=](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.LocalBlackWhite(picture, picture, size, offset));
     };
 }
 
@@ -181,8 +192,7 @@ Operation line_art(OperationArguments& arguments) {
     if (!channels.red && !channels.green && !channels.blue)
         arguments.fail("at least one of R, G and B is 1");
     return [=](cDIBSection& picture, cImageProcessDIB& engine) {
-        cDIBSection destination = buffer_for(picture);
-        require(engine.LineArt2(picture, destination, limit, channels));
+        require(engine.LineArt2(picture, picture, limit, channels));
     };
 }
 
@@ -190,29 +200,47 @@ Operation edges(OperationArguments& arguments) {
     arguments.expect_count(1, 1);
     const int limit = arguments.integer(0, "LIMIT", 0, 256);
     return [limit](cDIBSection& picture, cImageProcessDIB& engine) {
-        cDIBSection destination = picture.Copy();
-        require(engine.EdgeDetect2(picture, destination, limit));
+        require(engine.EdgeDetect2(picture, picture, limit));
+    };
+}
+
+Operation despeckle(OperationArguments& arguments) {
+    arguments.expect_count(1, 1);
+    const int most = arguments.integer(0, "N", 0, std::numeric_limits<int>::max());
+    return [most](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.Despeckle(picture, most));
     };
 }
 
 // Size and combination.
 
+constexpr int kLargestSide = 1000000;
+
 int side(const OperationArguments& arguments, std::string_view text) {
     int value = 0;
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    constexpr int most = 1000000;
-    if (error != std::errc{} || stop != text.data() + text.size() || value < 1 || value > most)
+    if (error != std::errc{} || stop != text.data() + text.size() || value < 1 ||
+        value > kLargestSide)
         arguments.fail("WIDTH and HEIGHT are from 1 to 1000000, with an x between them");
     return value;
 }
 
+struct Size {
+    int width;
+    int height;
+};
+
+Size size(const OperationArguments& arguments, std::size_t index) {
+    const std::string_view text = arguments.field(index);
+    const std::size_t x = std::min(text.find('x'), text.size());
+    return {side(arguments, text.substr(0, x)),
+            side(arguments, text.substr(std::min(x + 1, text.size())))};
+}
+
 Operation resample(OperationArguments& arguments) {
     arguments.expect_count(1, 1);
-    const std::string_view text = arguments.field(0);
-    const std::size_t x = std::min(text.find('x'), text.size());
-    const int width = side(arguments, text.substr(0, x));
-    const int height = side(arguments, text.substr(std::min(x + 1, text.size())));
-    return [=](cDIBSection& picture, cImageProcessDIB&) {
+    const auto [width, height] = size(arguments, 0);
+    return [width = width, height = height](cDIBSection& picture, cImageProcessDIB&) {
         cDIBSection resized = picture.Resample(height, width);
         require(!resized.empty());
         picture = std::move(resized);
@@ -221,6 +249,45 @@ Operation resample(OperationArguments& arguments) {
 
 std::string size_text(const cDIBSection& picture) {
     return std::to_string(picture.Width()) + " x " + std::to_string(picture.Height());
+}
+
+Operation crop(OperationArguments& arguments) {
+    arguments.expect_count(3, 3);
+    const int left = arguments.integer(0, "X", 0, kLargestSide);
+    const int top = arguments.integer(1, "Y", 0, kLargestSide);
+    const auto [width, height] = size(arguments, 2);
+    return [part = PixelRect{left, top, width, height}](cDIBSection& picture,
+                                                        cImageProcessDIB& engine) {
+        if (!lies_inside(part, picture.Width(), picture.Height()))
+            throw FileError("the part to crop reaches beyond the picture of " + size_text(picture) +
+                            " pixels");
+        require(engine.Crop(picture, part));
+    };
+}
+
+Operation trim(OperationArguments& arguments) {
+    arguments.expect_count(0, 1);
+    const int margin =
+        arguments.given() ? arguments.integer(0, "MARGIN", 0, cImageProcessDIB::kLargestMargin) : 0;
+    return [margin](cDIBSection& picture, cImageProcessDIB& engine) {
+        const std::optional<PixelRect> bounds = engine.DarkBounds(picture);
+        if (!bounds) throw FileError("the picture to trim holds nothing dark");
+        require(engine.Crop(picture, *bounds, margin));
+    };
+}
+
+Operation rotate(OperationArguments& arguments) {
+    arguments.expect_count(1, 1);
+    constexpr std::pair<std::string_view, bool (cImageProcessDIB::*)(cDIBSection&)> kTurns[] = {
+        {"90", &cImageProcessDIB::RotateRight},
+        {"180", &cImageProcessDIB::RotateHalf},
+        {"270", &cImageProcessDIB::RotateLeft}};
+    for (const auto& [degrees, turn] : kTurns)
+        if (arguments.field(0) == degrees)
+            return [turn = turn](cDIBSection& picture, cImageProcessDIB& engine) {
+                require((engine.*turn)(picture));
+            };
+    arguments.fail("turns by 90, 180 or 270 degrees");
 }
 
 cDIBSection second_picture(const std::string& file, const cDIBSection& first) try {
@@ -270,20 +337,33 @@ constexpr OperationInfo kOperations[] = {
      "own filter: SIZE 1, 3, 5, 7 or 9; SIZE x SIZE coefficients from the lowest row up; each sum "
      "is divided by WEIGHT",
      custom},
-    {"grayscale", "", "grey of the luminance", grayscale},
+    {"grayscale", "", "grey of the luminance", change<&cImageProcessDIB::GrayScale>},
     {"darken", "[:LEVEL=240]", "every channel times LEVEL / 255 (0 to 255)", darken},
     {"lighten", "[:PERCENT=20]", "lightness up by PERCENT (-100 to 1000)", lighten},
     {"colourise", ":HUE", "one hue for all pixels: red 0, green 2, blue 4 (-1 to 5)", colourise},
     {"noise", ":PERCENT[,random]",
      "add noise (0 to 100); random: to fewer pixels the higher PERCENT is", noise},
-    {"negative", "", "every channel turned round", negative},
+    {"negative", "", "every channel turned round", change<&cImageProcessDIB::NegativeImage>},
     {"steinberg", "", "black and white by error diffusion", steinberg},
     {"palette", ":FILE.pal", "the colours of a palette file by error diffusion", palette},
-    {"bw", ":LIMIT", "black where the grey is at most LIMIT (0 to 255), else white", bw},
+    {"bw", ":LIMIT",
+     "black where the grey is at most LIMIT (0 to 255, or auto: by Otsu's method), else white", bw},
+    {"local-bw", ":SIZE,OFFSET",
+     "for uneven light: black where the grey is at most the mean of SIZE x SIZE pixels (odd, 3 to "
+     "999) less OFFSET (-255 to 255)",
+     local_bw},
     {"line-art", ":LIMIT,R,G,B",
      "black where the mean of the channels marked 1 is at most LIMIT (0 to 255)", line_art},
     {"edges", ":LIMIT", "black where the colour changes to the right (0 to 256)", edges},
+    {"despeckle", ":N",
+     "black and white without dark, then light areas of at most N pixels (0 and more)", despeckle},
     {"resample", ":WIDTHxHEIGHT", "another size, bilinear", resample},
+    {"crop", ":X,Y,WIDTHxHEIGHT", "a part; X and Y count from the upper left corner", crop},
+    {"trim", "[:MARGIN=0]",
+     "the part with all that an export draws, and MARGIN white pixels on each side", trim},
+    {"mirror", "", "left and right exchanged", change<&cImageProcessDIB::Mirror>},
+    {"flip", "", "top and bottom exchanged", change<&cImageProcessDIB::Flip>},
+    {"rotate", ":DEGREES", "turn clockwise by 90, 180 or 270", rotate},
     {"add-lightest", ":FILE", "combine with FILE, pixel by pixel; both of one size",
      select<&cImageProcessDIB::AddLightest>},
     {"add-darkest", ":FILE", "the opposite choice of add-lightest",
