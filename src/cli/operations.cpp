@@ -9,8 +9,6 @@
 
 #include <array>
 #include <charconv>
-#include <limits>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -26,13 +24,6 @@ cDIBSection buffer_for(const cDIBSection& picture) {
     cDIBSection buffer;
     require(buffer.Create(picture.Width(), picture.Height()));
     return buffer;
-}
-
-// Operations on the picture alone, without arguments.
-template <auto Change> Operation change(OperationArguments& arguments) {
-    arguments.expect_none();
-    return
-        [](cDIBSection& picture, cImageProcessDIB& engine) { require((engine.*Change)(picture)); };
 }
 
 // Filters.
@@ -99,6 +90,12 @@ Operation custom(OperationArguments& arguments) {
 
 // Tone and colour.
 
+Operation grayscale(OperationArguments& arguments) {
+    arguments.expect_none();
+    return
+        [](cDIBSection& picture, cImageProcessDIB& engine) { require(engine.GrayScale(picture)); };
+}
+
 Operation darken(OperationArguments& arguments) {
     arguments.expect_count(0, 1);
     const int level = arguments.given() ? arguments.integer(0, "LEVEL", 0, 255) : 240;
@@ -131,6 +128,13 @@ Operation noise(OperationArguments& arguments) {
         arguments.fail("the second argument can only be \"random\"");
     return [=](cDIBSection& picture, cImageProcessDIB& engine) {
         require(engine.AddNoise(picture, percent, random));
+    };
+}
+
+Operation negative(OperationArguments& arguments) {
+    arguments.expect_none();
+    return [](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.NegativeImage(picture));
     };
 }
 
@@ -169,7 +173,8 @@ Operation bw(OperationArguments& arguments) {
         };
     const int limit = arguments.integer(0, "LIMIT", 0, 255);
     return [limit](cDIBSection& picture, cImageProcessDIB& engine) {
-        require(engine.BlackAndWhite2(picture, picture, limit));
+        cDIBSection destination = buffer_for(picture);
+        require(engine.BlackAndWhite2(picture, destination, limit));
     };
 }
 
@@ -183,6 +188,15 @@ Operation local_bw(OperationArguments& arguments) {
     };
 }
 
+Operation despeckle(OperationArguments& arguments) {
+    arguments.expect_count(1, 1);
+    constexpr int kMostPixels = 2147483647;
+    const int most = arguments.integer(0, "N", 0, kMostPixels);
+    return [most](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.Despeckle(picture, most));
+    };
+}
+
 Operation line_art(OperationArguments& arguments) {
     arguments.expect_count(4, 4);
     const int limit = arguments.integer(0, "LIMIT", 0, 255);
@@ -192,7 +206,8 @@ Operation line_art(OperationArguments& arguments) {
     if (!channels.red && !channels.green && !channels.blue)
         arguments.fail("at least one of R, G and B is 1");
     return [=](cDIBSection& picture, cImageProcessDIB& engine) {
-        require(engine.LineArt2(picture, picture, limit, channels));
+        cDIBSection destination = buffer_for(picture);
+        require(engine.LineArt2(picture, destination, limit, channels));
     };
 }
 
@@ -200,27 +215,18 @@ Operation edges(OperationArguments& arguments) {
     arguments.expect_count(1, 1);
     const int limit = arguments.integer(0, "LIMIT", 0, 256);
     return [limit](cDIBSection& picture, cImageProcessDIB& engine) {
-        require(engine.EdgeDetect2(picture, picture, limit));
-    };
-}
-
-Operation despeckle(OperationArguments& arguments) {
-    arguments.expect_count(1, 1);
-    const int most = arguments.integer(0, "N", 0, std::numeric_limits<int>::max());
-    return [most](cDIBSection& picture, cImageProcessDIB& engine) {
-        require(engine.Despeckle(picture, most));
+        cDIBSection destination = picture.Copy();
+        require(engine.EdgeDetect2(picture, destination, limit));
     };
 }
 
 // Size and combination.
 
-constexpr int kLargestSide = 1000000;
-
 int side(const OperationArguments& arguments, std::string_view text) {
     int value = 0;
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc{} || stop != text.data() + text.size() || value < 1 ||
-        value > kLargestSide)
+    constexpr int most = 1000000;
+    if (error != std::errc{} || stop != text.data() + text.size() || value < 1 || value > most)
         arguments.fail("WIDTH and HEIGHT are from 1 to 1000000, with an x between them");
     return value;
 }
@@ -249,45 +255,6 @@ Operation resample(OperationArguments& arguments) {
 
 std::string size_text(const cDIBSection& picture) {
     return std::to_string(picture.Width()) + " x " + std::to_string(picture.Height());
-}
-
-Operation crop(OperationArguments& arguments) {
-    arguments.expect_count(3, 3);
-    const int left = arguments.integer(0, "X", 0, kLargestSide);
-    const int top = arguments.integer(1, "Y", 0, kLargestSide);
-    const auto [width, height] = size(arguments, 2);
-    return [part = PixelRect{left, top, width, height}](cDIBSection& picture,
-                                                        cImageProcessDIB& engine) {
-        if (!lies_inside(part, picture.Width(), picture.Height()))
-            throw FileError("the part to crop reaches beyond the picture of " + size_text(picture) +
-                            " pixels");
-        require(engine.Crop(picture, part));
-    };
-}
-
-Operation trim(OperationArguments& arguments) {
-    arguments.expect_count(0, 1);
-    const int margin =
-        arguments.given() ? arguments.integer(0, "MARGIN", 0, cImageProcessDIB::kLargestMargin) : 0;
-    return [margin](cDIBSection& picture, cImageProcessDIB& engine) {
-        const std::optional<PixelRect> bounds = engine.DarkBounds(picture);
-        if (!bounds) throw FileError("the picture to trim holds nothing dark");
-        require(engine.Crop(picture, *bounds, margin));
-    };
-}
-
-Operation rotate(OperationArguments& arguments) {
-    arguments.expect_count(1, 1);
-    constexpr std::pair<std::string_view, bool (cImageProcessDIB::*)(cDIBSection&)> kTurns[] = {
-        {"90", &cImageProcessDIB::RotateRight},
-        {"180", &cImageProcessDIB::RotateHalf},
-        {"270", &cImageProcessDIB::RotateLeft}};
-    for (const auto& [degrees, turn] : kTurns)
-        if (arguments.field(0) == degrees)
-            return [turn = turn](cDIBSection& picture, cImageProcessDIB& engine) {
-                require((engine.*turn)(picture));
-            };
-    arguments.fail("turns by 90, 180 or 270 degrees");
 }
 
 cDIBSection second_picture(const std::string& file, const cDIBSection& first) try {
@@ -320,6 +287,58 @@ Operation add(OperationArguments& arguments) {
     };
 }
 
+// Geometry.
+
+Operation crop(OperationArguments& arguments) {
+    arguments.expect_count(3, 3);
+    constexpr int kMost = 1000000;
+    const int left = arguments.integer(0, "X", 0, kMost);
+    const int top = arguments.integer(1, "Y", 0, kMost);
+    const auto [width, height] = size(arguments, 2);
+    return [part = PixelRect{left, top, width, height}](cDIBSection& picture,
+                                                        cImageProcessDIB& engine) {
+        if (!lies_inside(part, picture.Width(), picture.Height()))
+            throw FileError("the part to crop reaches beyond the picture of " + size_text(picture) +
+                            " pixels");
+        require(engine.Crop(picture, part));
+    };
+}
+
+Operation trim(OperationArguments& arguments) {
+    arguments.expect_count(0, 1);
+    const int margin =
+        arguments.given() ? arguments.integer(0, "MARGIN", 0, cImageProcessDIB::kLargestMargin) : 0;
+    return [margin](cDIBSection& picture, cImageProcessDIB& engine) {
+        const std::optional<PixelRect> bounds = engine.DarkBounds(picture);
+        if (!bounds) throw FileError("the picture to trim holds nothing dark");
+        require(engine.Crop(picture, *bounds, margin));
+    };
+}
+
+using Change = bool (cImageProcessDIB::*)(cDIBSection&);
+
+Operation changed_by(Change change) {
+    return [change](cDIBSection& picture, cImageProcessDIB& engine) {
+        require((engine.*change)(picture));
+    };
+}
+
+template <Change change> Operation turn(OperationArguments& arguments) {
+    arguments.expect_none();
+    return changed_by(change);
+}
+
+Operation rotate(OperationArguments& arguments) {
+    arguments.expect_count(1, 1);
+    constexpr std::pair<std::string_view, Change> kTurns[] = {
+        {"90", &cImageProcessDIB::RotateRight},
+        {"180", &cImageProcessDIB::RotateHalf},
+        {"270", &cImageProcessDIB::RotateLeft}};
+    for (const auto& [degrees, change] : kTurns)
+        if (arguments.field(0) == degrees) return changed_by(change);
+    arguments.fail("DEGREES is 90, 180 or 270");
+}
+
 constexpr OperationInfo kOperations[] = {
     {"soften", "", "3 x 3 mean that favours the centre", filter<kSoften>},
     {"soften-more", "", "5 x 5 mean that favours the centre", filter<kSoftenMore>},
@@ -337,13 +356,13 @@ constexpr OperationInfo kOperations[] = {
      "own filter: SIZE 1, 3, 5, 7 or 9; SIZE x SIZE coefficients from the lowest row up; each sum "
      "is divided by WEIGHT",
      custom},
-    {"grayscale", "", "grey of the luminance", change<&cImageProcessDIB::GrayScale>},
+    {"grayscale", "", "grey of the luminance", grayscale},
     {"darken", "[:LEVEL=240]", "every channel times LEVEL / 255 (0 to 255)", darken},
     {"lighten", "[:PERCENT=20]", "lightness up by PERCENT (-100 to 1000)", lighten},
     {"colourise", ":HUE", "one hue for all pixels: red 0, green 2, blue 4 (-1 to 5)", colourise},
     {"noise", ":PERCENT[,random]",
      "add noise (0 to 100); random: to fewer pixels the higher PERCENT is", noise},
-    {"negative", "", "every channel turned round", change<&cImageProcessDIB::NegativeImage>},
+    {"negative", "", "every channel turned round", negative},
     {"steinberg", "", "black and white by error diffusion", steinberg},
     {"palette", ":FILE.pal", "the colours of a palette file by error diffusion", palette},
     {"bw", ":LIMIT",
@@ -352,24 +371,24 @@ constexpr OperationInfo kOperations[] = {
      "for uneven light: black where the grey is at most the mean of SIZE x SIZE pixels (odd, 3 to "
      "999) less OFFSET (-255 to 255)",
      local_bw},
+    {"despeckle", ":N",
+     "black and white without dark, then light areas of at most N pixels (0 and more)", despeckle},
     {"line-art", ":LIMIT,R,G,B",
      "black where the mean of the channels marked 1 is at most LIMIT (0 to 255)", line_art},
     {"edges", ":LIMIT", "black where the colour changes to the right (0 to 256)", edges},
-    {"despeckle", ":N",
-     "black and white without dark, then light areas of at most N pixels (0 and more)", despeckle},
     {"resample", ":WIDTHxHEIGHT", "another size, bilinear", resample},
-    {"crop", ":X,Y,WIDTHxHEIGHT", "a part; X and Y count from the upper left corner", crop},
-    {"trim", "[:MARGIN=0]",
-     "the part with all that an export draws, and MARGIN white pixels on each side", trim},
-    {"mirror", "", "left and right exchanged", change<&cImageProcessDIB::Mirror>},
-    {"flip", "", "top and bottom exchanged", change<&cImageProcessDIB::Flip>},
-    {"rotate", ":DEGREES", "turn clockwise by 90, 180 or 270", rotate},
     {"add-lightest", ":FILE", "combine with FILE, pixel by pixel; both of one size",
      select<&cImageProcessDIB::AddLightest>},
     {"add-darkest", ":FILE", "the opposite choice of add-lightest",
      select<&cImageProcessDIB::AddDarkest>},
     {"add", ":FILE,FROMMULT,FROMOFF_R,FROMOFF_G,FROMOFF_B,TOMULT,TOOFF_R,TOOFF_G,TOOFF_B",
      "(FILE + FROMOFF) x FROMMULT + (picture + TOOFF) x TOMULT; both of one size", add},
+    {"crop", ":X,Y,WIDTHxHEIGHT", "a part; X and Y count from the upper left corner", crop},
+    {"trim", "[:MARGIN=0]",
+     "the part with all that an export draws, and MARGIN white pixels on each side", trim},
+    {"mirror", "", "left and right exchanged", turn<&cImageProcessDIB::Mirror>},
+    {"flip", "", "top and bottom exchanged", turn<&cImageProcessDIB::Flip>},
+    {"rotate", ":DEGREES", "turn clockwise by 90, 180 or 270", rotate},
 };
 
 [[noreturn]] void fail_unknown(std::string_view name) {

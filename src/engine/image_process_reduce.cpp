@@ -1,4 +1,4 @@
-// The engine's face: reductions to black and white.
+// The engine's face: reductions that look at the whole picture, and their clean-up.
 #include "engine/image_process.h"
 
 #include "engine/picture_checks.h"
@@ -7,32 +7,6 @@
 #include "reduce/otsu.h"
 
 namespace kelvane {
-
-bool cImageProcessDIB::BlackAndWhite(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
-    if (!same_size(cSource, cDestination)) return false;
-    kelvane::BlackAndWhite(cSource.view(), cDestination.view(), limit, observer_);
-    return true;
-}
-
-bool cImageProcessDIB::BlackAndWhite2(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
-    if (!same_size(cSource, cDestination)) return false;
-    kelvane::BlackAndWhite2(cSource.view(), cDestination.view(), limit, observer_);
-    return true;
-}
-
-bool cImageProcessDIB::LineArt2(cDIBSection& cSource, cDIBSection& cDestination, int limit,
-                                Channels channels) {
-    if (!same_size(cSource, cDestination)) return false;
-    if (!channels.red && !channels.green && !channels.blue) return false;
-    kelvane::LineArt2(cSource.view(), cDestination.view(), limit, channels, observer_);
-    return true;
-}
-
-bool cImageProcessDIB::EdgeDetect2(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
-    if (!same_size(cSource, cDestination)) return false;
-    kelvane::EdgeDetect2(cSource.view(), cDestination.view(), limit, observer_);
-    return true;
-}
 
 bool cImageProcessDIB::LocalBlackWhite(cDIBSection& cSource, cDIBSection& cDestination, int size,
                                        int offset) {

@@ -1,4 +1,4 @@
-// The engine's face: tone and colour, palettes.
+// The engine's face: tone and colour, palettes, reductions.
 #include "engine/image_process.h"
 
 #include "engine/picture_checks.h"
@@ -53,6 +53,32 @@ bool cImageProcessDIB::ApplyPalette(cDIBSection& cImage, cDIBSection& cBuffer,
 bool cImageProcessDIB::Steinberg(cDIBSection& cImage, cDIBSection& cBuffer) {
     if (!same_size(cImage, cBuffer)) return false;
     kelvane::Steinberg(cImage.view(), cBuffer.view(), observer_);
+    return true;
+}
+
+bool cImageProcessDIB::BlackAndWhite(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
+    if (!same_size(cSource, cDestination)) return false;
+    kelvane::BlackAndWhite(cSource.view(), cDestination.view(), limit, observer_);
+    return true;
+}
+
+bool cImageProcessDIB::BlackAndWhite2(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
+    if (!same_size(cSource, cDestination)) return false;
+    kelvane::BlackAndWhite2(cSource.view(), cDestination.view(), limit, observer_);
+    return true;
+}
+
+bool cImageProcessDIB::LineArt2(cDIBSection& cSource, cDIBSection& cDestination, int limit,
+                                Channels channels) {
+    if (!same_size(cSource, cDestination)) return false;
+    if (!channels.red && !channels.green && !channels.blue) return false;
+    kelvane::LineArt2(cSource.view(), cDestination.view(), limit, channels, observer_);
+    return true;
+}
+
+bool cImageProcessDIB::EdgeDetect2(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
+    if (!same_size(cSource, cDestination)) return false;
+    kelvane::EdgeDetect2(cSource.view(), cDestination.view(), limit, observer_);
     return true;
 }
 

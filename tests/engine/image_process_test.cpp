@@ -4,7 +4,6 @@
 #include "support/recording_observer.h"
 #include "support/temporary_folder.h"
 
-#include <functional>
 #include <limits>
 
 namespace kelvane::test {
@@ -43,7 +42,7 @@ TEST(Engine, RefusesPropertyValuesAndKeepsTheOldOnes) {
     EXPECT_FALSE(engine.RangeOVL());
 }
 
-TEST(Engine, ANewSizeClearsTheCellsAndKeepsTheWeight) {
+TEST(Engine, ANewSizeClearsTheCells) {
     cImageProcessDIB engine;
     engine.set_FilterType(kCustom);
     engine.set_FilterWeight(-7);
@@ -80,25 +79,26 @@ TEST(Engine, FiltersWithoutKernelKeepTheCellsAndResetTheWeight) {
     EXPECT_EQ(engine.FilterWeight(), 12);
 }
 
+using Engine = cImageProcessDIB;
+using Picture = cDIBSection;
+
 TEST(Engine, RefusesPicturesThatDoNotFit) {
-    using Call = std::function<bool(cImageProcessDIB&, cDIBSection&, cDIBSection&)>;
-    const Call calls[] = {
-        [](auto& engine, auto& a, auto& b) { return engine.ProcessImage(a, b); },
-        [](auto& engine, auto& a, auto& b) { return engine.AddLightest(a, b); },
-        [](auto& engine, auto& a, auto& b) { return engine.AddDarkest(a, b); },
-        [](auto& engine, auto& a, auto& b) {
-            return engine.AddImages(a, b, 0, 0, 0, 0, 0, 0, 0, 0);
+    constexpr bool (*calls[])(Engine&, Picture&, Picture&) = {
+        [](Engine& e, Picture& a, Picture& b) { return e.ProcessImage(a, b); },
+        [](Engine& e, Picture& a, Picture& b) { return e.AddLightest(a, b); },
+        [](Engine& e, Picture& a, Picture& b) { return e.AddDarkest(a, b); },
+        [](Engine& e, Picture& a, Picture& b) { return e.AddImages(a, b, 0, 0, 0, 0, 0, 0, 0, 0); },
+        [](Engine& e, Picture& a, Picture& b) {
+            return e.ApplyPalette(a, b, cPalette({{1, 2, 3}}));
         },
-        [](auto& engine, auto& a, auto& b) {
-            return engine.ApplyPalette(a, b, cPalette({{1, 2, 3}}));
+        [](Engine& e, Picture& a, Picture& b) { return e.Steinberg(a, b); },
+        [](Engine& e, Picture& a, Picture& b) { return e.BlackAndWhite(a, b, 128); },
+        [](Engine& e, Picture& a, Picture& b) { return e.BlackAndWhite2(a, b, 128); },
+        [](Engine& e, Picture& a, Picture& b) {
+            return e.LineArt2(a, b, 9, {true, true, true});
         },
-        [](auto& engine, auto& a, auto& b) { return engine.Steinberg(a, b); },
-        [](auto& engine, auto& a, auto& b) { return engine.BlackAndWhite(a, b, 128); },
-        [](auto& engine, auto& a, auto& b) { return engine.BlackAndWhite2(a, b, 128); },
-        [](auto& engine, auto& a, auto& b) {
-            return engine.LineArt2(a, b, 128, {true, true, true});
-        },
-        [](auto& engine, auto& a, auto& b) { return engine.EdgeDetect2(a, b, 0); }};
+        [](Engine& e, Picture& a, Picture& b) { return e.EdgeDetect2(a, b, 0); },
+        [](Engine& e, Picture& a, Picture& b) { return e.LocalBlackWhite(a, b, 3, 0); }};
     cImageProcessDIB engine;
     const cDIBSection original = random_picture(8, 8, 1);
     const cDIBSection smaller = random_picture(8, 7, 2);
@@ -117,6 +117,17 @@ TEST(Engine, RefusesPicturesThatDoNotFit) {
     }
 }
 
+TEST(Engine, RefusesAnEmptyPicture) {
+    cImageProcessDIB engine;
+    cDIBSection none;
+    EXPECT_FALSE(engine.GrayScale(none) || engine.Fade(none, 9) || engine.Lighten(none, 9) ||
+                 engine.Colourise(none, 1) || engine.AddNoise(none, 9) ||
+                 engine.NegativeImage(none) || engine.Despeckle(none, 9) ||
+                 engine.Crop(none, {0, 0, 1, 1}) || engine.Mirror(none) || engine.Flip(none) ||
+                 engine.RotateHalf(none) || engine.RotateRight(none) || engine.RotateLeft(none) ||
+                 engine.DarkBounds(none) || engine.OtsuLimit(none));
+}
+
 TEST(Engine, RefusesWhatItCannotRun) {
     cImageProcessDIB engine;
     const cDIBSection original = random_picture(8, 8, 1);
@@ -129,6 +140,14 @@ TEST(Engine, RefusesWhatItCannotRun) {
     EXPECT_FALSE(engine.ProcessImage(image, buffer));
     EXPECT_FALSE(engine.ApplyPalette(image, buffer, {}));
     EXPECT_FALSE(engine.LineArt2(image, buffer, 128, {}));
+    for (const int size : {-3, 1, 4, 1001})
+        EXPECT_FALSE(engine.LocalBlackWhite(image, buffer, size, 0));
+    for (const int offset : {-256, 256})
+        EXPECT_FALSE(engine.LocalBlackWhite(image, buffer, 3, offset));
+    EXPECT_FALSE(engine.Despeckle(image, -1));
+    EXPECT_FALSE(engine.Crop(image, {1, 0, 8, 8}));
+    for (const int margin : {-1, 1000001})
+        EXPECT_FALSE(engine.Crop(image, {0, 0, 8, 8}, margin));
     EXPECT_TRUE(same_pixels(image, original));
     // A picture smaller than the kernel is left alone, and that counts as done.
     cDIBSection tiny = black_picture(2, 2), tiny_buffer = black_picture(2, 2);
