@@ -192,13 +192,5 @@ TEST(Engine, EmphasizesInTwoPasses) {
     EXPECT_EQ(observer.times.size(), 2u);
 }
 
-TEST(Engine, AddsPictures) {
-    cImageProcessDIB engine;
-    const cDIBSection from = flat_picture(3, 3, 1, 2, 3);
-    cDIBSection to = flat_picture(3, 3, 10, 20, 30);
-    EXPECT_TRUE(engine.AddImages(from, to, 2, 1, 2, 100, 1, 0, 0, 5));
-    EXPECT_EQ(pixel_at(to, 0, 0), (std::array{14, 28, 45}));
-}
-
 } // namespace
 } // namespace kelvane::test

@@ -106,25 +106,6 @@ TEST(Convolution, DividesWideSumsExactly) {
             }
 }
 
-TEST(Convolution, PredefinedWeightsAndCentres) {
-    const std::array<int, 3> expected[] = {{kBlur, 9, 1},
-                                           {kBlurMore, 25, 1},
-                                           {kSoften, 12, 4},
-                                           {kSoftenMore, 44, 12},
-                                           {kSharpen, 7, 15},
-                                           {kSharpenMore, 1, 5},
-                                           {kEmphasizeFirst, 20, 15},
-                                           {kEmphasizeSecond, 1, 15}};
-    for (const auto& [type, weight, centre] : expected) {
-        EXPECT_EQ(predefined_kernel(type).weight(), weight) << type;
-        EXPECT_EQ(predefined_kernel(type).cell(0, 0), centre) << type;
-    }
-    EXPECT_EQ(predefined_kernel(kSoftenMore).cell(-1, 1), 2);
-    EXPECT_EQ(predefined_kernel(kSharpenMore).cell(1, 1), 0);
-    EXPECT_EQ(predefined_kernel(kEmboss).cell(-1, -1), -1);
-    EXPECT_EQ(predefined_kernel(kEmboss).cell(1, 1), 1);
-}
-
 cDIBSection ranked(const cDIBSection& picture, Rank rank) {
     return each_channel(picture, [&](int x, int y, std::size_t c) {
         if (x < 1 || y < 1 || x >= picture.Width() - 1 || y >= picture.Height() - 1)
