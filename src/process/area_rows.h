@@ -2,7 +2,7 @@
 // in one instruction.
 #pragma once
 
-#include "process/bit_rows.h"
+#include "process/bit_word.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -14,17 +14,15 @@ using RunNumber = std::uint32_t;
 
 /// The ones of a band, one or two neighbouring rows of `words` words, form runs: stretches of
 /// columns with a one in either row.
-struct Band {
-    BitRows::Word* lower;
-    BitRows::Word* upper; // 0 throughout where the band has one row
+struct RowBand {
+    BitWord* lower;
+    BitWord* upper; // 0 throughout where the band has one row
     std::size_t words;
-
-    BitRows::Word ones(std::size_t i) const { return lower[i] | upper[i]; }
 };
 
 /// Where a band's runs start, by word: their first columns, and the number of the first of them.
 struct RunStarts {
-    BitRows::Word* columns;
+    BitWord* columns;
     RunNumber* first;
 };
 
@@ -45,21 +43,20 @@ struct RunCount {
 
 struct AreaRows {
     /// The number of a band's runs.
-    RunNumber (*count)(const Band& band);
+    RunNumber (*count)(const RowBand& band);
     /// Finds a band's runs and makes each a tree of its own.
-    void (*find)(const Band& band, const RunStarts& starts, const RunForest& forest,
+    void (*find)(const RowBand& band, const RunStarts& starts, const RunForest& forest,
                  RunCount& so_far);
     /// Unites the runs of two bands that share a side, or that share a corner. `row` is the band's
     /// lowest row, `before` the topmost row of the band below.
-    void (*unite_sides)(const BitRows::Word* row, const RunStarts& starts,
-                        const BitRows::Word* before, const RunStarts& starts_before,
-                        std::size_t words, const RunForest& forest);
-    void (*unite_corners)(const BitRows::Word* row, const RunStarts& starts,
-                          const BitRows::Word* before, const RunStarts& starts_before,
-                          std::size_t words, const RunForest& forest);
+    void (*unite_sides)(const BitWord* row, const RunStarts& starts, const BitWord* before,
+                        const RunStarts& starts_before, std::size_t words, const RunForest& forest);
+    void (*unite_corners)(const BitWord* row, const RunStarts& starts, const BitWord* before,
+                          const RunStarts& starts_before, std::size_t words,
+                          const RunForest& forest);
     /// Clears the band's runs that belong to areas of at most `most` pixels; `run` is the number of
     /// the first and becomes that of the next band's.
-    void (*clear)(const Band& band, const RunForest& forest, std::uint32_t most, RunNumber& run);
+    void (*clear)(const RowBand& band, const RunForest& forest, std::uint32_t most, RunNumber& run);
 };
 
 /// The fastest set this processor may use.

@@ -7,7 +7,7 @@
 namespace kelvane {
 namespace {
 
-using Word = BitRows::Word;
+using Word = BitWord;
 
 RunNumber count_ones(Word word) {
     return static_cast<RunNumber>(__builtin_popcountll(word));
@@ -24,7 +24,7 @@ class Shifted {
   public:
     Word next(Word word) {
         const Word shifted = word << 1 | carry_;
-        carry_ = word >> (BitRows::kBits - 1);
+        carry_ = word >> (kWordBits - 1);
         return shifted;
     }
 
@@ -32,19 +32,23 @@ class Shifted {
     Word carry_ = 0;
 };
 
-RunNumber count(const Band& band) {
+Word ones_of(const RowBand& band, std::size_t i) {
+    return band.lower[i] | band.upper[i];
+}
+
+RunNumber count(const RowBand& band) {
     Shifted shifted;
     RunNumber runs = 0;
     for (std::size_t i = 0; i < band.words; ++i)
-        runs += count_ones(band.ones(i) & ~shifted.next(band.ones(i)));
+        runs += count_ones(ones_of(band, i) & ~shifted.next(ones_of(band, i)));
     return runs;
 }
 
-void find(const Band& band, const RunStarts& starts, const RunForest& forest, RunCount& so_far) {
+void find(const RowBand& band, const RunStarts& starts, const RunForest& forest, RunCount& so_far) {
     Shifted shifted;
     RunCount all = so_far;
     for (std::size_t i = 0; i < band.words; ++i) {
-        const Word ones = band.ones(i);
+        const Word ones = ones_of(band, i);
         starts.columns[i] = ones & ~shifted.next(ones);
         starts.first[i] = all.runs;
         for_each_one(starts.columns[i], [&](int bit) {
@@ -60,7 +64,7 @@ void find(const Band& band, const RunStarts& starts, const RunForest& forest, Ru
 
 // The run at a column of word i or, where that is 0, at the column before it.
 RunNumber run_at(const RunStarts& starts, std::size_t i, int bit) {
-    return starts.first[i] + count_ones(starts.columns[i] << (BitRows::kBits - 1 - bit)) - 1;
+    return starts.first[i] + count_ones(starts.columns[i] << (kWordBits - 1 - bit)) - 1;
 }
 
 RunNumber root(RunNumber* parent, RunNumber run) {
@@ -105,11 +109,11 @@ void unite_corners(const Word* row, const RunStarts& starts, const Word* before,
 
 // Adding a one to a run's first column carries it to the 0 behind the run: ones that vanish from
 // the sum are the run's.
-void clear(const Band& band, const RunForest& forest, std::uint32_t most, RunNumber& run) {
+void clear(const RowBand& band, const RunForest& forest, std::uint32_t most, RunNumber& run) {
     Shifted shifted;
     Word carry = 0;
     for (std::size_t i = 0; i < band.words; ++i) {
-        const Word ones = band.ones(i);
+        const Word ones = ones_of(band, i);
         Word small = 0;
         for_each_one(ones & ~shifted.next(ones), [&](int bit) {
             small |= Word{forest.pixels[forest.parent[run++]] <= most} << bit;

@@ -13,12 +13,11 @@
 namespace kelvane {
 namespace {
 
-using Word = BitRows::Word;
-
 class SmallAreas {
   public:
     SmallAreas(BitRows& picture, Neighbours neighbours)
-        : picture_(picture), corners_(neighbours == Neighbours::Eight), blank_(picture.words()) {}
+        : picture_(picture), corners_connect_(neighbours == Neighbours::Eight),
+          blank_(picture.words()) {}
 
     void clear(std::uint32_t most, const std::function<void(int)>& band_done) {
         if (most > 0) clear_single_pixels();
@@ -39,28 +38,27 @@ class SmallAreas {
     struct Starts {
         explicit Starts(std::size_t words) : columns(words), first(words) {}
         RunStarts view() { return {columns.data(), first.data()}; }
-        std::vector<Word> columns;
+        std::vector<BitWord> columns;
         std::vector<RunNumber> first;
     };
 
-    int band_rows() const { return corners_ ? 2 : 1; }
-    Word* row_or_blank(int y) {
-        return y >= 0 && y < picture_.height() ? picture_.row(y) : blank_.data();
-    }
-    Band band(int y) {
-        return {picture_.row(y), corners_ ? row_or_blank(y + 1) : blank_.data(), picture_.words()};
+    int band_rows() const { return corners_connect_ ? 2 : 1; }
+    BitWord* row_or_blank(int y) { return y < picture_.height() ? picture_.row(y) : blank_.data(); }
+    RowBand band(int y) {
+        return {picture_.row(y), corners_connect_ ? row_or_blank(y + 1) : blank_.data(),
+                picture_.words()};
     }
 
     // Ones without a neighbour need no run, and patterns of dots are full of them.
     void clear_single_pixels() {
         const std::size_t words = picture_.words();
-        std::vector<Word> row(words), below(words);
+        std::vector<BitWord> row(words), below(words);
         for (int y = 0; y < picture_.height(); ++y) {
-            const Word* above = row_or_blank(y + 1);
+            const BitWord* above = row_or_blank(y + 1);
             std::copy_n(picture_.row(y), words, row.begin());
             for (std::size_t i = 0; i < words; ++i) {
-                Word neighbours = beside(row.data(), i) | above[i] | below[i];
-                if (corners_) neighbours |= beside(above, i) | beside(below.data(), i);
+                BitWord neighbours = beside(row.data(), i) | above[i] | below[i];
+                if (corners_connect_) neighbours |= beside(above, i) | beside(below.data(), i);
                 picture_.row(y)[i] &= neighbours;
             }
             std::swap(row, below);
@@ -68,10 +66,10 @@ class SmallAreas {
     }
 
     // Pixels that are left or right of a one.
-    Word beside(const Word* row, std::size_t i) const {
-        const Word before = i > 0 ? row[i - 1] : 0;
-        const Word after = i + 1 < picture_.words() ? row[i + 1] : 0;
-        constexpr int last = BitRows::kBits - 1;
+    BitWord beside(const BitWord* row, std::size_t i) const {
+        const BitWord before = i > 0 ? row[i - 1] : 0;
+        const BitWord after = i + 1 < picture_.words() ? row[i + 1] : 0;
+        constexpr int last = kWordBits - 1;
         return row[i] << 1 | before >> last | row[i] >> 1 | after << last;
     }
 
@@ -83,7 +81,7 @@ class SmallAreas {
     }
 
     void unite_runs(const RunForest& forest, const std::function<void(int)>& band_done) {
-        const auto unite = corners_ ? rows_.unite_corners : rows_.unite_sides;
+        const auto unite = corners_connect_ ? rows_.unite_corners : rows_.unite_sides;
         Starts starts(picture_.words()), before(picture_.words());
         RunCount so_far;
         for (int y = 0; y < picture_.height(); y += band_rows()) {
@@ -109,8 +107,8 @@ class SmallAreas {
 
     const AreaRows& rows_ = area_rows();
     BitRows& picture_;
-    bool corners_;            // connect
-    std::vector<Word> blank_; // stays 0
+    bool corners_connect_;
+    std::vector<BitWord> blank_; // stays 0
 };
 
 } // namespace
