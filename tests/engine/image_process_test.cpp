@@ -155,6 +155,15 @@ TEST(Engine, RefusesWhatItCannotRun) {
     EXPECT_TRUE(engine.ProcessImage(tiny, tiny_buffer));
 }
 
+TEST(Engine, TakesForDarkWhatAnExportDoes) {
+    cImageProcessDIB engine;
+    cDIBSection picture = flat_picture(3, 2, 129, 129, 129);
+    std::memset(picture.view().pixel(1, 0), 128, 3);
+    EXPECT_EQ(engine.DarkBounds(picture), (PixelRect{1, 1, 1, 1}));
+    EXPECT_TRUE(engine.Despeckle(picture, 0));
+    EXPECT_TRUE(same_pixels(picture, drawn({"...", ".#."})));
+}
+
 TEST(Engine, AnUnknownShapeIsScannedButNotWritten) {
     TemporaryFolder folder;
     cImageProcessDIB engine;

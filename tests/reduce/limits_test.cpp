@@ -30,13 +30,15 @@ TEST(OtsuLimit, EqualsOpenCv) {
         {{{7, 13}, {1, 240}}, 13},
         {{{1, 10}, {1, 20}, {1, 30}}, 10},             // a tie
         {{{1, 0}, {1, 1}, {1, 2}, {1, 3}, {1, 4}}, 2}, // one that rounding decides
-        {{{2000000, 200}, {1, 0}}, 0},                 // too few dark pixels to tell
         {{{2, 10}, {2, 20}, {2, 30}, {2, 40}}, 20},
         {{{60, 20}, {30, 90}, {10, 210}}, 90},
         {{{5, 3}, {9, 101}, {4, 180}, {2, 255}}, 101},
         {{{7, 30}, {11, 31}, {13, 150}, {3, 151}, {1, 255}}, 31}};
     for (const auto& [counts, limit] : cases)
         EXPECT_EQ(OtsuLimit(greys(counts).view()), limit);
+    cDIBSection dot = flat_picture(3000, 2900, 200, 200, 200);
+    std::memset(dot.view().pixel(7, 7), 100, 3);
+    EXPECT_EQ(OtsuLimit(dot.view()), 0); // too small a share to count
     for (const auto& [seed, limit] : {std::pair{1u, 127}, {2u, 130}, {3u, 125}, {4u, 128}})
         at_every_level([&, s = seed, l = limit] {
             EXPECT_EQ(OtsuLimit(random_picture(67, 19, s).view()), l);
