@@ -1,4 +1,5 @@
-// What every benchmark works on: a picture of 3200 x 2400 and OpenCV's view of the same bytes.
+// What every benchmark works on: a picture of 3200 x 2400, a large one, and OpenCV's view of the
+// same bytes.
 #pragma once
 
 #include "image/dib_section.h"
@@ -13,6 +14,9 @@ namespace kelvane::bench {
 
 constexpr int kWidth = 3200;
 constexpr int kHeight = 2400;
+// More than `kQuickPixels`: walked in strips.
+constexpr int kLargeWidth = 8000;
+constexpr int kLargeHeight = 6000;
 
 inline cDIBSection empty_picture(int width = kWidth, int height = kHeight) {
     cDIBSection picture;
@@ -21,11 +25,12 @@ inline cDIBSection empty_picture(int width = kWidth, int height = kHeight) {
 }
 
 /// Random bytes: the worst case for anything that branches on pixels.
-inline cDIBSection random_picture(std::uint32_t seed = 1) {
-    cDIBSection picture = empty_picture();
+inline cDIBSection random_picture(std::uint32_t seed = 1, int width = kWidth,
+                                  int height = kHeight) {
+    cDIBSection picture = empty_picture(width, height);
     std::mt19937 random(seed);
-    for (int y = 0; y < kHeight; ++y)
-        for (int byte = 0; byte < 3 * kWidth; ++byte)
+    for (int y = 0; y < height; ++y)
+        for (int byte = 0; byte < 3 * width; ++byte)
             picture.view().row(y)[byte] = static_cast<std::uint8_t>(random());
     return picture;
 }

@@ -1,12 +1,9 @@
 // Pictures to measure on, made anew each time: the size of a full scan, black and white.
 #pragma once
 
-#include "image/dib_section.h"
+#include "bench_pictures.h"
 
 namespace kelvane::bench {
-
-inline constexpr int kWidth = 3200;
-inline constexpr int kHeight = 2400;
 
 /// Lines of letter-like strokes and bowls, as in a scanned page.
 cDIBSection lettering();

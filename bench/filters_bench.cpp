@@ -1,5 +1,6 @@
 // Filters, combination and resampling beside OpenCV. Each pair has one name: `ours/...` is the
-// whole operation as the program runs it, work buffer and copies included.
+// whole operation as the program runs it, work buffer and copies included, `observed/...` the same
+// with its columns reported, `large/...` that on a picture of 8000 x 6000.
 #include "bench_pictures.h"
 
 #include "engine/image_process.h"
@@ -32,17 +33,22 @@ cv::Mat cv_kernel(const cImageProcessDIB& engine) {
     return kernel;
 }
 
-void ours(benchmark::State& state, cImageProcessDIB engine) {
-    Pictures& work = pictures();
+Pictures& large_pictures() {
+    static Pictures shared{random_picture(1, kLargeWidth, kLargeHeight),
+                           empty_picture(kLargeWidth, kLargeHeight)};
+    return shared;
+}
+
+void ours(benchmark::State& state, cImageProcessDIB engine, Pictures& work) {
     for ([[maybe_unused]] auto _ : state)
         if (!engine.ProcessImage(work.image, work.buffer)) state.SkipWithError("refused");
 }
 
 // An observer that does nothing still has every column reported.
-void ours_observed(benchmark::State& state, cImageProcessDIB engine) {
+void ours_observed(benchmark::State& state, cImageProcessDIB engine, Pictures& work) {
     ProgressObserver observer;
     engine.set_observer(&observer);
-    ours(state, std::move(engine));
+    ours(state, std::move(engine), work);
 }
 
 template <typename Peer> void peer(benchmark::State& state, Peer run) {
@@ -58,8 +64,11 @@ void add_pair(const std::string& name, const cImageProcessDIB& engine, Peer run)
     const auto add = [](const std::string& full_name, auto function) {
         benchmark::RegisterBenchmark(full_name.c_str(), function)->Unit(benchmark::kMillisecond);
     };
-    add("ours/" + name, [engine](benchmark::State& state) { ours(state, engine); });
-    add("observed/" + name, [engine](benchmark::State& state) { ours_observed(state, engine); });
+    add("ours/" + name, [engine](benchmark::State& state) { ours(state, engine, pictures()); });
+    add("observed/" + name,
+        [engine](benchmark::State& state) { ours_observed(state, engine, pictures()); });
+    add("large/" + name,
+        [engine](benchmark::State& state) { ours_observed(state, engine, large_pictures()); });
     add("peer/" + name, [run](benchmark::State& state) { peer(state, run); });
 }
 

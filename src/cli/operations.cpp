@@ -6,6 +6,7 @@
 #include "cli/utf8_path.h"
 #include "image/file_error.h"
 #include "image/picture_reader.h"
+#include "reduce/local_black_white.h"
 
 #include <array>
 #include <utility>
@@ -165,9 +166,33 @@ Operation palette(OperationArguments& arguments) {
 
 Operation bw(OperationArguments& arguments) {
     arguments.expect_count(1, 1);
+    if (arguments.field(0) == "auto")
+        return [](cDIBSection& picture, cImageProcessDIB& engine) {
+            const std::optional<int> limit = engine.OtsuLimit(picture);
+            require(limit && engine.BlackAndWhite2(picture, picture, *limit));
+        };
     const int limit = arguments.integer(0, "LIMIT", 0, 255);
     return [limit](cDIBSection& picture, cImageProcessDIB& engine) {
         require(engine.Reduce(picture, {ReductionKind::Brightness, limit, {}}));
+    };
+}
+
+Operation local_bw(OperationArguments& arguments) {
+    arguments.expect_count(2, 2);
+    const int size = arguments.integer(0, "SIZE", kLeastNeighbourhood, kLargestNeighbourhood);
+    if (size % 2 == 0) arguments.fail("SIZE is odd");
+    const int offset = arguments.integer(1, "OFFSET", -kLargestOffset, kLargestOffset);
+    return [=](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.LocalBlackWhite(picture, picture, size, offset));
+    };
+}
+
+Operation despeckle(OperationArguments& arguments) {
+    arguments.expect_count(1, 1);
+    constexpr int kMostPixels = 2147483647;
+    const int most = arguments.integer(0, "N", 0, kMostPixels);
+    return [most](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.Despeckle(picture, most));
     };
 }
 
@@ -202,13 +227,22 @@ int side(const OperationArguments& arguments, std::string_view text) {
     return *value;
 }
 
+struct Size {
+    int width;
+    int height;
+};
+
+Size size(const OperationArguments& arguments, std::size_t index) {
+    const std::string_view text = arguments.field(index);
+    const std::size_t x = std::min(text.find('x'), text.size());
+    return {side(arguments, text.substr(0, x)),
+            side(arguments, text.substr(std::min(x + 1, text.size())))};
+}
+
 Operation resample(OperationArguments& arguments) {
     arguments.expect_count(1, 1);
-    const std::string_view text = arguments.field(0);
-    const std::size_t x = std::min(text.find('x'), text.size());
-    const int width = side(arguments, text.substr(0, x));
-    const int height = side(arguments, text.substr(std::min(x + 1, text.size())));
-    return [=](cDIBSection& picture, cImageProcessDIB&) {
+    const auto [width, height] = size(arguments, 0);
+    return [width = width, height = height](cDIBSection& picture, cImageProcessDIB&) {
         cDIBSection resized = picture.Resample(height, width);
         require(!resized.empty());
         picture = std::move(resized);
@@ -249,6 +283,58 @@ Operation add(OperationArguments& arguments) {
     };
 }
 
+// Geometry.
+
+Operation crop(OperationArguments& arguments) {
+    arguments.expect_count(3, 3);
+    constexpr int kMost = 1000000;
+    const int left = arguments.integer(0, "X", 0, kMost);
+    const int top = arguments.integer(1, "Y", 0, kMost);
+    const auto [width, height] = size(arguments, 2);
+    return [part = PixelRect{left, top, width, height}](cDIBSection& picture,
+                                                        cImageProcessDIB& engine) {
+        if (!lies_inside(part, picture.Width(), picture.Height()))
+            throw FileError("the part to crop reaches beyond the picture of " + size_text(picture) +
+                            " pixels");
+        require(engine.Crop(picture, part));
+    };
+}
+
+Operation trim(OperationArguments& arguments) {
+    arguments.expect_count(0, 1);
+    const int margin =
+        arguments.given() ? arguments.integer(0, "MARGIN", 0, cImageProcessDIB::kLargestMargin) : 0;
+    return [margin](cDIBSection& picture, cImageProcessDIB& engine) {
+        const std::optional<PixelRect> bounds = engine.DarkBounds(picture);
+        if (!bounds) throw FileError("the picture to trim holds nothing dark");
+        require(engine.Crop(picture, *bounds, margin));
+    };
+}
+
+using Change = bool (cImageProcessDIB::*)(cDIBSection&);
+
+Operation changed_by(Change change) {
+    return [change](cDIBSection& picture, cImageProcessDIB& engine) {
+        require((engine.*change)(picture));
+    };
+}
+
+template <Change change> Operation turn(OperationArguments& arguments) {
+    arguments.expect_none();
+    return changed_by(change);
+}
+
+Operation rotate(OperationArguments& arguments) {
+    arguments.expect_count(1, 1);
+    constexpr std::pair<std::string_view, Change> kTurns[] = {
+        {"90", &cImageProcessDIB::RotateRight},
+        {"180", &cImageProcessDIB::RotateHalf},
+        {"270", &cImageProcessDIB::RotateLeft}};
+    for (const auto& [degrees, change] : kTurns)
+        if (arguments.field(0) == degrees) return changed_by(change);
+    arguments.fail("DEGREES is 90, 180 or 270");
+}
+
 constexpr OperationInfo kOperations[] = {
     {"soften", "", "3 x 3 mean that favours the centre", filter<kSoften>},
     {"soften-more", "", "5 x 5 mean that favours the centre", filter<kSoftenMore>},
@@ -275,7 +361,14 @@ constexpr OperationInfo kOperations[] = {
     {"negative", "", "every channel turned round", negative},
     {"steinberg", "", "black and white by error diffusion", steinberg},
     {"palette", ":FILE.pal", "the colours of a palette file by error diffusion", palette},
-    {"bw", ":LIMIT", "black where the grey is at most LIMIT (0 to 255), else white", bw},
+    {"bw", ":LIMIT",
+     "black where the grey is at most LIMIT (0 to 255, or auto: by Otsu's method), else white", bw},
+    {"local-bw", ":SIZE,OFFSET",
+     "for uneven light: black where the grey is at most the mean of SIZE x SIZE pixels (odd, 3 to "
+     "999) less OFFSET (-255 to 255)",
+     local_bw},
+    {"despeckle", ":N",
+     "black and white without dark, then light areas of at most N pixels (0 and more)", despeckle},
     {"line-art", ":LIMIT,R,G,B",
      "black where the mean of the channels marked 1 is at most LIMIT (0 to 255)", line_art},
     {"edges", ":LIMIT", "black where the colour differs from the left neighbour's (0 to 256)",
@@ -290,6 +383,12 @@ constexpr OperationInfo kOperations[] = {
     {"add-darkest", ":FILE", "the same as lightest", select<&cImageProcessDIB::AddDarkest>},
     {"add", ":FILE,FROMMULT,FROMOFF_R,FROMOFF_G,FROMOFF_B,TOMULT,TOOFF_R,TOOFF_G,TOOFF_B",
      "(FILE + FROMOFF) x FROMMULT + (picture + TOOFF) x TOMULT; both of one size", add},
+    {"crop", ":X,Y,WIDTHxHEIGHT", "a part; X and Y count from the upper left corner", crop},
+    {"trim", "[:MARGIN=0]",
+     "the part with all that an export draws, and MARGIN white pixels on each side", trim},
+    {"mirror", "", "left and right exchanged", turn<&cImageProcessDIB::Mirror>},
+    {"flip", "", "top and bottom exchanged", turn<&cImageProcessDIB::Flip>},
+    {"rotate", ":DEGREES", "turn clockwise by 90, 180 or 270", rotate},
 };
 
 [[noreturn]] void fail_unknown(std::string_view name) {

@@ -1,5 +1,6 @@
 #include "engine/image_process.h"
 
+#include "engine/picture_checks.h"
 #include "process/combine.h"
 #include "process/filters.h"
 
@@ -24,14 +25,6 @@ constexpr PropertyError kInvalidSize{kObjectErrorBase + 1306, 16102,
 [[noreturn]] void raise(const PropertyError& error, const std::string& executable_name) {
     throw EngineError(error.number, error.string_id, error.text,
                       executable_name + ".cImageProcess");
-}
-
-bool same_size(const cDIBSection& a, const cDIBSection& b) {
-    return !a.empty() && a.Width() == b.Width() && a.Height() == b.Height();
-}
-
-bool covers(const cDIBSection& from, const cDIBSection& to) {
-    return !to.empty() && from.Width() >= to.Width() && from.Height() >= to.Height();
 }
 
 } // namespace
@@ -135,6 +128,7 @@ ExportReport cImageProcessDIB::Vectorize(const cDIBSection& cImage,
                                          const std::filesystem::path& FileName,
                                          const ExportOptions& options) {
     range_ovl_ = false;
+    if (cImage.empty()) return {};
     const ExportReport report = kelvane::Vectorize(cImage.view(), FileName, options, observer_);
     range_ovl_ = report.RangeOVL;
     return report;

@@ -7,11 +7,13 @@
 #include "image/progress.h"
 #include "image/random_source.h"
 #include "process/filter_kernel.h"
+#include "process/geometry.h"
 #include "process/palette.h"
 #include "reduce/black_white.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace kelvane {
@@ -91,7 +93,8 @@ class cImageProcessDIB {
     bool ApplyPalette(cDIBSection& cImage, cDIBSection& cBuffer, const cPalette& cPal);
     bool Steinberg(cDIBSection& cImage, cDIBSection& cBuffer);
 
-    // Reductions; see reduce/black_white.h. `LineArt2` without a channel is refused.
+    // Reductions; see reduce/black_white.h, reduce/local_black_white.h and reduce/otsu.h.
+    // `LineArt2` without a channel is refused, as are numbers out of their ranges.
 
     /// Reduces `cImage` in place. Windows, previews and command line all call this one, so that
     /// they agree on the column and the row that `EdgeDetect2` leaves alone: they stay as they
@@ -101,16 +104,39 @@ class cImageProcessDIB {
     bool BlackAndWhite2(cDIBSection& cSource, cDIBSection& cDestination, int limit);
     bool LineArt2(cDIBSection& cSource, cDIBSection& cDestination, int limit, Channels channels);
     bool EdgeDetect2(cDIBSection& cSource, cDIBSection& cDestination, int limit);
+    bool LocalBlackWhite(cDIBSection& cSource, cDIBSection& cDestination, int size, int offset);
+    /// The limit for `BlackAndWhite` that suits the picture; nothing for an empty one.
+    std::optional<int> OtsuLimit(const cDIBSection& cImage);
+    /// Removes areas of at most `most` pixels (0 and more) from what an export would draw and from
+    /// what lies between; see process/despeckle.h.
+    bool Despeckle(cDIBSection& cImage, int most);
+
+    // Geometry; see process/geometry.h. Where the size changes, a new picture takes the place of
+    // `cImage`; false, and `cImage` as it was, when there is no memory for it.
+
+    /// The smallest rectangle with all that an export takes for dark; nothing when there is none.
+    std::optional<PixelRect> DarkBounds(const cDIBSection& cImage);
+    /// Keeps `part`, with `margin` white pixels on each side (0 to 1000000). False too when the
+    /// part does not lie inside the picture.
+    bool Crop(cDIBSection& cImage, const PixelRect& part, int margin = 0);
+    bool Mirror(cDIBSection& cImage);
+    bool Flip(cDIBSection& cImage);
+    bool RotateHalf(cDIBSection& cImage);
+    bool RotateRight(cDIBSection& cImage);
+    bool RotateLeft(cDIBSection& cImage);
+    static constexpr int kLargestMargin = 1000000;
 
     // Export; see export/vectorize.h.
 
     /// Traces a picture that holds only black and white and writes the script. Sets `RangeOVL`
-    /// anew. Throws `FileError`.
+    /// anew. An empty picture writes nothing. Throws `FileError`.
     ExportReport Vectorize(const cDIBSection& cImage, const std::filesystem::path& FileName,
                            const ExportOptions& options);
 
   private:
     bool run_convolution(ImageView image, ImageView buffer);
+    bool rotate_quarter(cDIBSection& cImage,
+                        void (*rotate)(ConstImageView, ImageView, ProgressObserver*));
 
     std::string executable_name_;
     ProgressObserver* observer_ = nullptr;

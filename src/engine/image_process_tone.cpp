@@ -1,19 +1,12 @@
 // The engine's face: tone and colour, palettes, reductions.
 #include "engine/image_process.h"
 
+#include "engine/picture_checks.h"
 #include "process/diffusion.h"
 #include "process/grayscale.h"
 #include "process/tone.h"
 
 namespace kelvane {
-namespace {
-
-bool fit(const cDIBSection& a, const cDIBSection& b) {
-    return !a.empty() && a.Width() == b.Width() && a.Height() == b.Height();
-}
-
-} // namespace
-
 bool cImageProcessDIB::GrayScale(cDIBSection& cImage) {
     if (cImage.empty()) return false;
     kelvane::GrayScale(cImage.view(), observer_);
@@ -52,13 +45,13 @@ bool cImageProcessDIB::NegativeImage(cDIBSection& cImage) {
 
 bool cImageProcessDIB::ApplyPalette(cDIBSection& cImage, cDIBSection& cBuffer,
                                     const cPalette& cPal) {
-    if (!fit(cImage, cBuffer) || cPal.Count() == 0) return false;
+    if (!same_size(cImage, cBuffer) || cPal.Count() == 0) return false;
     kelvane::ApplyPalette(cImage.view(), cBuffer.view(), cPal, observer_);
     return true;
 }
 
 bool cImageProcessDIB::Steinberg(cDIBSection& cImage, cDIBSection& cBuffer) {
-    if (!fit(cImage, cBuffer)) return false;
+    if (!same_size(cImage, cBuffer)) return false;
     kelvane::Steinberg(cImage.view(), cBuffer.view(), observer_);
     return true;
 }
@@ -76,27 +69,27 @@ bool cImageProcessDIB::Reduce(cDIBSection& cImage, const Reduction& reduction) {
 }
 
 bool cImageProcessDIB::BlackAndWhite(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
-    if (!fit(cSource, cDestination)) return false;
+    if (!same_size(cSource, cDestination)) return false;
     kelvane::BlackAndWhite(cSource.view(), cDestination.view(), limit, observer_);
     return true;
 }
 
 bool cImageProcessDIB::BlackAndWhite2(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
-    if (!fit(cSource, cDestination)) return false;
+    if (!same_size(cSource, cDestination)) return false;
     kelvane::BlackAndWhite2(cSource.view(), cDestination.view(), limit, observer_);
     return true;
 }
 
 bool cImageProcessDIB::LineArt2(cDIBSection& cSource, cDIBSection& cDestination, int limit,
                                 Channels channels) {
-    if (!fit(cSource, cDestination)) return false;
+    if (!same_size(cSource, cDestination)) return false;
     if (!channels.red && !channels.green && !channels.blue) return false;
     kelvane::LineArt2(cSource.view(), cDestination.view(), limit, channels, observer_);
     return true;
 }
 
 bool cImageProcessDIB::EdgeDetect2(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
-    if (!fit(cSource, cDestination)) return false;
+    if (!same_size(cSource, cDestination)) return false;
     kelvane::EdgeDetect2(cSource.view(), cDestination.view(), limit, observer_);
     return true;
 }

@@ -69,24 +69,31 @@ void write_shapes(const RunList& runs, const ExportOptions& options, ScriptText&
     }
 }
 
-} // namespace
+bool is_shape(std::int16_t kind) {
+    return kind >= kShapePolygon && kind <= kShapeRectangle;
+}
 
-ExportReport Vectorize(ConstImageView image, const std::filesystem::path& FileName,
-                       const ExportOptions& options, ProgressObserver* observer) {
-    if (options.optPoly < kShapePolygon || options.optPoly > kShapeRectangle) return {};
-    const ProgressReporter progress(observer);
-    const RunList runs = RunList::extract(image, observer);
-    SafeFile file(FileName);
+void write_script(const RunList& runs, const std::filesystem::path& file_name, ConstImageView image,
+                  const ExportOptions& options, ExportReport& report, ProgressObserver* observer) {
+    SafeFile file(file_name);
     ScriptText text(file, options, image.width, image.height);
-
-    ExportReport report;
-    report.dark_pixels = runs.dark_pixels();
-    report.runs = runs.size();
     write_shapes(runs, options, text, report, observer);
     text.finish();
     report.points = text.points();
     report.bytes = text.bytes();
     report.RangeOVL = text.out_of_range();
+}
+
+} // namespace
+
+ExportReport Vectorize(ConstImageView image, const std::filesystem::path& FileName,
+                       const ExportOptions& options, ProgressObserver* observer) {
+    const ProgressReporter progress(observer);
+    const RunList runs = RunList::extract(image, observer);
+    ExportReport report;
+    report.dark_pixels = runs.dark_pixels();
+    report.runs = runs.size();
+    if (is_shape(options.optPoly)) write_script(runs, FileName, image, options, report, observer);
     progress.complete();
     return report;
 }

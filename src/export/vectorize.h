@@ -26,7 +26,7 @@ struct ExportReport {
 /// Traces `image`, which is meant to hold only black and white, and writes the script `FileName`.
 /// Each stage raises an initialising event with its own maximum and progress at most once per row
 /// of pixels; the completion event comes once, at the end. Throws `FileError`, with any existing
-/// file untouched. A shape kind that is none writes nothing.
+/// file untouched. An unknown shape kind is scanned and completed, but writes nothing.
 ExportReport Vectorize(ConstImageView image, const std::filesystem::path& FileName,
                        const ExportOptions& options, ProgressObserver* observer = nullptr);
 

@@ -1,17 +1,26 @@
-// The walk of operations whose pixels do not look at their neighbours.
+// The walk over a picture in strips of columns, and its events.
 #pragma once
 
 #include "image/progress.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace kelvane {
 
-/// Pixels per strip. Whole rows of all but very large pictures: memory streams best that way, and
-/// operations without a look at the neighbours are over before anyone waits for their progress.
-inline constexpr int kStripPixels = 4096;
-/// For those that carry the row before along, which is to stay near the processor.
+/// Up to this many pixels an operation at the speed of memory is over before anyone waits for it.
+inline constexpr std::int64_t kQuickPixels = 16'000'000;
+/// Strips of larger pictures: steps in which their progress shows.
+inline constexpr int kStrips = 8;
+/// Pixels per strip where the row before is carried along, which is to stay near the processor.
 inline constexpr int kNarrowStripPixels = 1024;
+
+/// Columns of a strip for operations whose pixels carry nothing along. Whole rows stream best from
+/// memory; strips of a large picture take up to twice as long.
+inline int strip_pixels(int width, int height) {
+    const bool quick = std::int64_t{width} * height <= kQuickPixels;
+    return std::max(quick ? width : width / kStrips, 32);
+}
 
 /// Calls stretch(x, count, y) for `count` pixels from (x, y) until every pixel of the columns
 /// from `first` on was met once, and reports each column by its byte offset when it is finished.
@@ -20,14 +29,21 @@ inline constexpr int kNarrowStripPixels = 1024;
 /// `strip` pixels, the last one apart.
 template <typename Stretch>
 void walk_columns(int first, int width, int height, const ProgressReporter& progress,
-                  Stretch stretch, int strip = kStripPixels) {
-    for (int x = first; x < width; x += strip) {
-        const int count = std::min(strip, width - x);
+                  Stretch stretch, int strip) {
+    for (int x = first, count = 0; x < width; x += count) {
+        count = std::min(strip, width - x);
         for (int y = 0; y < height; ++y)
             stretch(x, count, y);
         for (int column = x; column < x + count; ++column)
             progress.at(3L * column);
     }
+}
+
+/// The same in strips for a picture of this size.
+template <typename Stretch>
+void walk_columns(int first, int width, int height, const ProgressReporter& progress,
+                  Stretch stretch) {
+    walk_columns(first, width, height, progress, stretch, strip_pixels(width, height));
 }
 
 /// The walk of operations that carry errors from pixel to pixel, with its events: `diffusion` has a

@@ -1,5 +1,6 @@
 #include "process/convolution.h"
 
+#include "process/column_strips.h"
 #include "process/filter_rows.h"
 #include "process/strips.h"
 
@@ -88,24 +89,21 @@ class Convolver {
 };
 
 // Larger kernels take long enough to be watched.
-bool is_quick(const FilterKernel& kernel) {
-    return kernel.size() <= 5;
+int strip_for(const FilterKernel& kernel, ConstImageView picture) {
+    const int strip = strip_pixels(picture.width, picture.height);
+    return kernel.size() <= 5 ? strip : std::min(strip, kLongestStretch / 3);
 }
 
 } // namespace
 
 void convolve(ConstImageView from, TargetRows to, const FilterKernel& kernel,
-              ProgressObserver* observer, const RowDone& row_done) {
+              ProgressObserver* observer, const PartDone& done) {
     const ProgressReporter progress(observer);
     const Convolver convolver(kernel, from.row_step);
-    const Walk walk = is_quick(kernel) ? Walk::WholeRows : Walk::Strips;
-    walk_interior(from, kernel.half(), walk, progress, row_done, [&](int byte, int count, int y) {
-        convolver.stretch(from.row(y) + byte, to.row(y) + byte, count);
-    });
-}
-
-int target_rows(const FilterKernel& kernel, int height) {
-    return is_quick(kernel) ? kernel.half() + 1 : height;
+    walk_interior(from, kernel.half(), strip_for(kernel, from), to, progress, done,
+                  [&](int byte, int count, int y) {
+                      convolver.stretch(from.row(y) + byte, to.row(y) + byte, count);
+                  });
 }
 
 } // namespace kelvane

@@ -4,7 +4,7 @@
 #include "image/image_view.h"
 #include "image/progress.h"
 #include "process/filter_kernel.h"
-#include "process/row_done.h"
+#include "process/filter_target.h"
 
 namespace kelvane {
 
@@ -12,12 +12,13 @@ namespace kelvane {
 /// sum over the kernel, in 32-bit arithmetic that wraps, divided by the weight toward zero and
 /// clamped to 0 .. 255. The kernel's weight is not 0. A border of half a kernel on every side of
 /// `to` is not written. Columns are reported as byte offsets 3 x half to 3 x (width - half - 1).
-/// `to` has `target_rows` rows at least.
+/// `to` has at least `rows_in_use` rows.
 void convolve(ConstImageView from, TargetRows to, const FilterKernel& kernel,
-              ProgressObserver* observer = nullptr, const RowDone& row_done = {});
+              ProgressObserver* observer = nullptr, const PartDone& done = {});
 
-/// How many rows of its target `convolve` has in use at a time: few for a kernel that is walked
-/// row by row, all `height` for a large one.
-int target_rows(const FilterKernel& kernel, int height);
+/// How many rows of its target `convolve` has in use at a time.
+inline int rows_in_use(const FilterKernel& kernel) {
+    return kernel.half() + 1;
+}
 
 } // namespace kelvane

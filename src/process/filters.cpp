@@ -8,39 +8,22 @@
 namespace kelvane {
 namespace {
 
-// The filters overwrite the rest.
-void copy_borders(ConstImageView from, ImageView to, int border) {
-    const bool all_border = from.width <= 2 * border || from.height <= 2 * border;
-    const auto row_bytes = static_cast<std::size_t>(from.width) * 3;
-    const auto border_bytes = static_cast<std::size_t>(border) * 3;
-    for (int y = 0; y < from.height; ++y) {
-        if (all_border || y < border || y >= from.height - border) {
-            std::memcpy(to.row(y), from.row(y), row_bytes);
+// Calls action(byte, count, y) for the bytes that a kernel of this reach does not fill.
+template <typename Action> void for_each_border(int width, int height, int border, Action action) {
+    const bool all_border = width <= 2 * border || height <= 2 * border;
+    for (int y = 0; y < height; ++y) {
+        if (all_border || y < border || y >= height - border) {
+            action(0, 3 * width, y);
             continue;
         }
-        std::memcpy(to.row(y), from.row(y), border_bytes);
-        std::memcpy(to.row(y) + row_bytes - border_bytes, from.row(y) + row_bytes - border_bytes,
-                    border_bytes);
+        action(0, 3 * border, y);
+        action(3 * (width - border), 3 * border, y);
     }
 }
 
-// The bytes of one row that a kernel of this reach fills, none in the rows of the border.
-struct Interior {
-    int begin;
-    int count;
-};
-
-Interior interior_of(const ImageView& image, int border, int y) {
-    const bool empty = image.width <= 2 * border || y < border || y >= image.height - border;
-    return {3 * border, empty ? 0 : 3 * (image.width - 2 * border)};
-}
-
-// Finished rows go straight from the target to the picture, whose row nobody reads any more.
-RowDone copying_back(TargetRows target, ImageView image, int border) {
-    return [=](int y) {
-        const Interior interior = interior_of(image, border, y);
-        std::memcpy(image.row(y) + interior.begin, target.row(y) + interior.begin,
-                    static_cast<std::size_t>(interior.count));
+PartDone copying_to(ImageView image) {
+    return [=](int byte, int count, int y, const std::uint8_t* filtered) {
+        std::memcpy(image.row(y) + byte, filtered, static_cast<std::size_t>(count));
     };
 }
 
@@ -54,44 +37,46 @@ void lift(std::uint8_t* bytes, int count) {
 
 void convolve_in_place(ImageView image, ImageView buffer, const FilterKernel& kernel,
                        ProgressObserver* observer) {
-    const TargetRows target(buffer, target_rows(kernel, buffer.height));
-    convolve(image, target, kernel, observer, copying_back(target, image, kernel.half()));
+    const TargetRows target(buffer, rows_in_use(kernel));
+    convolve(image, target, kernel, observer, copying_to(image));
 }
 
 void convolve_to_buffer(ConstImageView image, ImageView buffer, const FilterKernel& kernel,
                         ProgressObserver* observer) {
-    copy_borders(image, buffer, kernel.half());
+    for_each_border(image.width, image.height, kernel.half(), [&](int byte, int count, int y) {
+        std::memcpy(buffer.row(y) + byte, image.row(y) + byte, static_cast<std::size_t>(count));
+    });
     convolve(image, buffer, kernel, observer);
 }
 
 void rank_in_place(ImageView image, ImageView buffer, Rank rank, ProgressObserver* observer) {
     const TargetRows target(buffer, 2);
-    rank_filter(image, target, rank, observer, copying_back(target, image, 1));
+    rank_filter(image, target, rank, observer, copying_to(image));
 }
 
 void unsharp(ImageView image, ImageView buffer, ProgressObserver* observer) {
     const ProgressReporter addition(observer);
     const FilterKernel kernel = predefined_kernel(kBlur);
-    const TargetRows blurred(buffer, target_rows(kernel, buffer.height));
     const ByteAdder twice_less_blurred({-1, 0, 0, 0}, {2, 0, 0, 0});
     // The border's blur is the border itself: twice less once leaves it as it is.
-    convolve(image, blurred, kernel, observer, [&](int y) {
-        const Interior interior = interior_of(image, kernel.half(), y);
-        twice_less_blurred.add(blurred.row(y) + interior.begin, image.row(y) + interior.begin,
-                               interior.count);
-    });
+    convolve(image, TargetRows(buffer, rows_in_use(kernel)), kernel, observer,
+             [&](int byte, int count, int y, const std::uint8_t* blurred) {
+                 twice_less_blurred.add(blurred, image.row(y) + byte, count);
+             });
     addition.complete();
 }
 
 void emboss(ImageView image, ImageView buffer, const FilterKernel& kernel,
             ProgressObserver* observer) {
     const ProgressReporter addition(observer);
-    const TargetRows target(buffer, target_rows(kernel, buffer.height));
-    const RowDone copy_back = copying_back(target, image, kernel.half());
-    convolve(image, target, kernel, observer, [&](int y) {
-        copy_back(y);
-        lift(image.row(y), 3 * image.width);
-    });
+    const PartDone copy = copying_to(image);
+    convolve(image, TargetRows(buffer, rows_in_use(kernel)), kernel, observer,
+             [&](int byte, int count, int y, const std::uint8_t* filtered) {
+                 copy(byte, count, y, filtered);
+                 lift(image.row(y) + byte, count);
+             });
+    for_each_border(image.width, image.height, kernel.half(),
+                    [&](int byte, int count, int y) { lift(image.row(y) + byte, count); });
     addition.complete();
 }
 

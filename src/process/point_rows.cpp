@@ -37,6 +37,15 @@ void invert(std::uint8_t* pixels, int count) {
         pixels[i] = static_cast<std::uint8_t>(~pixels[i]);
 }
 
+// For n = b x level, which is at most 255 x 255: n / 255 = (n + 1 + n / 256) / 256.
+void fade(std::uint8_t* pixels, int count, int level) {
+    const auto factor = static_cast<std::uint16_t>(level);
+    for (int i = 0; i < 3 * count; ++i) {
+        const auto n = static_cast<std::uint16_t>(pixels[i] * factor);
+        pixels[i] = static_cast<std::uint8_t>(static_cast<std::uint16_t>(n + 1 + (n >> 8)) >> 8);
+    }
+}
+
 std::uint8_t to_byte(int channel) {
     return static_cast<std::uint8_t>(std::clamp(channel, 0, 255));
 }
@@ -71,7 +80,7 @@ void colourise(std::uint8_t* pixels, int count, float hue) {
 
 } // namespace
 
-const PointRows kBaselinePointRows{grey, luminance, spread, invert, lighten, colourise};
+const PointRows kBaselinePointRows{grey, luminance, spread, invert, fade, lighten, colourise};
 
 const PointRows& point_rows() {
     return cpu_level() >= CpuLevel::Avx2 ? kAvx2PointRows : kBaselinePointRows;

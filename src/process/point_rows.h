@@ -15,6 +15,8 @@ struct PointRows {
     void (*spread)(const std::uint8_t* greys, std::uint8_t* pixels, int count);
     /// Every byte b becomes 255 - b.
     void (*invert)(std::uint8_t* pixels, int count);
+    /// Every byte b becomes b x level / 255, division toward zero; `level` is 0 to 255.
+    void (*fade)(std::uint8_t* pixels, int count, int level);
     /// Lightness times `factor`, at most 1.
     void (*lighten)(std::uint8_t* pixels, int count, float factor);
     /// Another hue; pixels of hue 0 take half saturation.

@@ -54,6 +54,25 @@ void invert(std::uint8_t* pixels, int count) {
     kBaselinePointRows.invert(pixels, count);
 }
 
+// n / 255 as the baseline computes it.
+__m256i scaled16(__m256i bytes, __m256i level) {
+    const __m256i n = _mm256_mullo_epi16(bytes, level);
+    const __m256i sum =
+        _mm256_add_epi16(_mm256_add_epi16(n, _mm256_set1_epi16(1)), _mm256_srli_epi16(n, 8));
+    return _mm256_srli_epi16(sum, 8);
+}
+
+void fade(std::uint8_t* pixels, int count, int level) {
+    const __m256i factor = _mm256_set1_epi16(static_cast<std::int16_t>(level));
+    for (; count >= kPixels; count -= kPixels, pixels += 3 * kPixels)
+        for (int piece = 0; piece < 96; piece += 32) {
+            const __m256i bytes = load32(pixels + piece);
+            store32(pixels + piece, _mm256_packus_epi16(scaled16(widen8(bytes, 0), factor),
+                                                        scaled16(widen8(bytes, 1), factor)));
+        }
+    kBaselinePointRows.fade(pixels, count, level);
+}
+
 struct Colour {
     __m256 r;
     __m256 g;
@@ -171,6 +190,6 @@ void colourise(std::uint8_t* pixels, int count, float hue) {
 
 } // namespace
 
-const PointRows kAvx2PointRows{grey, luminance, spread, invert, lighten, colourise};
+const PointRows kAvx2PointRows{grey, luminance, spread, invert, fade, lighten, colourise};
 
 } // namespace kelvane

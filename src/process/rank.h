@@ -3,7 +3,7 @@
 
 #include "image/image_view.h"
 #include "image/progress.h"
-#include "process/row_done.h"
+#include "process/filter_target.h"
 
 namespace kelvane {
 
@@ -14,6 +14,6 @@ enum class Rank { Mean, Minimum, Maximum };
 /// border of one pixel is not written. Columns are reported as byte offsets 3 to 3 x width - 6.
 /// Two target rows are in use at a time.
 void rank_filter(ConstImageView from, TargetRows to, Rank rank,
-                 ProgressObserver* observer = nullptr, const RowDone& row_done = {});
+                 ProgressObserver* observer = nullptr, const PartDone& done = {});
 
 } // namespace kelvane

@@ -4,17 +4,13 @@
 #include "image/image_view.h"
 #include "image/progress.h"
 #include "process/filter_rows.h"
-#include "process/row_done.h"
+#include "process/filter_target.h"
 
 #include <algorithm>
+#include <cstring>
+#include <vector>
 
 namespace kelvane {
-
-/// How the walk goes. Users see columns finish in ascending order, but a column at a time would
-/// touch a cache line for three bytes: both walks go row by row, `Strips` inside strips of
-/// neighbouring columns, so that a slow operation shows its progress, `WholeRows` across the
-/// picture, for operations that run at the speed of memory and would be held up by short rows.
-enum class Walk { Strips, WholeRows };
 
 /// Asks for bytes that will be read soon; processors foresee a row's end badly.
 inline void prefetch(const std::uint8_t* bytes, int count) {
@@ -23,23 +19,48 @@ inline void prefetch(const std::uint8_t* bytes, int count) {
         __builtin_prefetch(bytes + k);
 }
 
+/// Hands results over as soon as the walk reads no more from their place in the source. The next
+/// strip still reads the last `half` pixels of a strip: their results wait for it.
+class HandOver {
+  public:
+    /// `reach` is the byte width of half a kernel.
+    HandOver(const TargetRows& to, const PartDone& done, int reach, bool several_strips, int height)
+        : to_(to), done_(done), reach_(reach),
+          waiting_(static_cast<std::size_t>(several_strips ? reach * height : 0)) {}
+
+    /// Bytes `begin` to `end` of row y are filtered; `more` tells of strips to come.
+    void row(int begin, int end, bool more, int y) {
+        std::uint8_t* waiting = waiting_.data() + std::ptrdiff_t{reach_} * y;
+        const std::uint8_t* filtered = to_.row(y);
+        if (begin > reach_) done_(begin - reach_, reach_, y, waiting);
+        const int sure = more ? end - reach_ : end;
+        done_(begin, sure - begin, y, filtered + begin);
+        if (more) std::memcpy(waiting, filtered + sure, static_cast<std::size_t>(reach_));
+    }
+
+  private:
+    const TargetRows& to_;
+    const PartDone& done_;
+    int reach_;
+    std::vector<std::uint8_t> waiting_; // `reach_` bytes a row
+};
+
 /// Calls stretch(byte, count, y) for `count` bytes, kLongestStretch at most, from byte offset
 /// `byte` of row y until every pixel of the picture that is at least `half` pixels away from all
-/// borders was met once.
+/// borders was met once, in strips of `strip` columns (more than `half`). The results are expected
+/// in `to` and handed to `done`, which may be empty.
 template <typename Stretch>
-void walk_interior(const ConstImageView& picture, int half, Walk walk,
-                   const ProgressReporter& progress, const RowDone& row_done, Stretch stretch) {
-    const int end = 3 * (picture.width - half);
-    const bool whole_rows = walk == Walk::WholeRows;
-    int rows_done = 0;
-    const auto finish_rows = [&](int until) {
-        if (!row_done) return;
-        for (; rows_done < until; ++rows_done)
-            row_done(rows_done);
-    };
+void walk_interior(const ConstImageView& picture, int half, int strip, const TargetRows& to,
+                   const ProgressReporter& progress, const PartDone& done, Stretch stretch) {
+    const int reach = 3 * half;
+    const int end = 3 * picture.width - reach;
+    HandOver hand_over(to, done, reach, end - reach > 3 * strip, picture.height);
     progress.init(end - 3);
-    for (int begin = 3 * half, next = 0; begin < end; begin = next) {
-        next = whole_rows ? end : std::min(begin + kLongestStretch, end);
+    for (int begin = reach, next = 0; begin < end; begin = next) {
+        next = begin + std::min(3 * strip, end - begin);
+        const auto finish = [&](int y) {
+            if (done && y >= half) hand_over.row(begin, next, next < end, y);
+        };
         for (int y = half; y < picture.height - half; ++y) {
             // The last row met stands in for the one after it.
             const std::uint8_t* upcoming = picture.row(std::min(y + half + 1, picture.height - 1));
@@ -48,12 +69,13 @@ void walk_interior(const ConstImageView& picture, int half, Walk walk,
                 prefetch(upcoming + byte, count);
                 stretch(byte, count, y);
             }
-            if (whole_rows) finish_rows(y - half + 1);
+            finish(y - half);
         }
+        for (int y = std::max(picture.height - 2 * half, half); y < picture.height - half; ++y)
+            finish(y);
         for (int x = begin; x < next; x += 3)
             progress.at(x);
     }
-    finish_rows(picture.height);
     progress.complete();
 }
 

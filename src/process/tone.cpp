@@ -4,21 +4,10 @@
 #include "process/point_rows.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstddef>
 
 namespace kelvane {
 namespace {
-
-using ByteTable = std::array<std::uint8_t, 256>;
-
-ByteTable fade_table(int level) {
-    ByteTable table{};
-    for (std::size_t byte = 0; byte < table.size(); ++byte)
-        table[byte] = static_cast<std::uint8_t>(static_cast<int>(byte) * level / 255);
-    return table;
-}
 
 // A spread and its half, both cut toward zero.
 struct Spread {
@@ -35,13 +24,10 @@ std::uint8_t noisy(std::uint8_t value, Spread spread, RandomSource& random) {
 
 void Fade(ImageView image, int level, ProgressObserver* observer) {
     const ProgressReporter progress(observer);
-    const ByteTable table = fade_table(level);
+    const auto fade = point_rows().fade;
     progress.init(3L * image.width - 3);
-    walk_columns(0, image.width, image.height, progress, [&](int x, int count, int y) {
-        std::uint8_t* bytes = image.pixel(x, y);
-        for (int i = 0; i < 3 * count; ++i)
-            bytes[i] = table[bytes[i]];
-    });
+    walk_columns(0, image.width, image.height, progress,
+                 [&](int x, int count, int y) { fade(image.pixel(x, y), count, level); });
     progress.complete();
 }
 

@@ -54,7 +54,9 @@ TEST(Engine, AFailedExportClearsTheRangeFlag) {
 TEST(Engine, ANewSizeClearsTheCells) {
     cImageProcessDIB engine;
     engine.set_FilterType(kCustom);
+    engine.set_FilterWeight(-7);
     engine.set_FilterArraySize(7);
+    EXPECT_EQ(engine.FilterWeight(), -7);
     engine.set_FilterValue(-3, 2, 5);
     EXPECT_EQ(engine.FilterValue(-3, 2), 5);
     EXPECT_EQ(engine.FilterValue(2, -3), 0);
@@ -86,27 +88,106 @@ TEST(Engine, FiltersWithoutKernelKeepTheCellsAndResetTheWeight) {
     EXPECT_EQ(engine.FilterWeight(), 12);
 }
 
+using Engine = cImageProcessDIB;
+using Picture = cDIBSection;
+
+TEST(Engine, RefusesPicturesThatDoNotFit) {
+    constexpr bool (*calls[])(Engine&, Picture&, Picture&) = {
+        [](Engine& e, Picture& a, Picture& b) { return e.ProcessImage(a, b); },
+        [](Engine& e, Picture& a, Picture& b) { return e.AddLightest(a, b); },
+        [](Engine& e, Picture& a, Picture& b) { return e.AddDarkest(a, b); },
+        [](Engine& e, Picture& a, Picture& b) { return e.AddImages(a, b, 0, 0, 0, 0, 0, 0, 0, 0); },
+        [](Engine& e, Picture& a, Picture& b) {
+            return e.ApplyPalette(a, b, cPalette({{1, 2, 3}}));
+        },
+        [](Engine& e, Picture& a, Picture& b) { return e.Steinberg(a, b); },
+        [](Engine& e, Picture& a, Picture& b) { return e.BlackAndWhite(a, b, 128); },
+        [](Engine& e, Picture& a, Picture& b) { return e.BlackAndWhite2(a, b, 128); },
+        [](Engine& e, Picture& a, Picture& b) {
+            return e.LineArt2(a, b, 9, {true, true, true});
+        },
+        [](Engine& e, Picture& a, Picture& b) { return e.EdgeDetect2(a, b, 0); },
+        [](Engine& e, Picture& a, Picture& b) { return e.LocalBlackWhite(a, b, 3, 0); }};
+    cImageProcessDIB engine;
+    const cDIBSection original = random_picture(8, 8, 1);
+    const cDIBSection smaller = random_picture(8, 7, 2);
+    for (std::size_t i = 0; i < std::size(calls); ++i) {
+        SCOPED_TRACE(i);
+        cDIBSection picture = original.Copy(), other = smaller.Copy(), none;
+        cDIBSection given_away = original.Copy();
+        const cDIBSection owner = std::move(given_away);
+        EXPECT_FALSE(calls[i](engine, other, picture));
+        for (cDIBSection* empty : {&none, &given_away}) { // NOLINT: moved from on purpose
+            EXPECT_FALSE(calls[i](engine, picture, *empty));
+            EXPECT_FALSE(calls[i](engine, *empty, picture));
+        }
+        EXPECT_TRUE(same_pixels(picture, original));
+        EXPECT_TRUE(same_pixels(other, smaller));
+    }
+}
+
+TEST(Engine, RefusesAnEmptyPicture) {
+    cImageProcessDIB engine;
+    cDIBSection none;
+    EXPECT_FALSE(engine.GrayScale(none) || engine.Fade(none, 9) || engine.Lighten(none, 9) ||
+                 engine.Colourise(none, 1) || engine.AddNoise(none, 9) ||
+                 engine.NegativeImage(none) || engine.Despeckle(none, 9) ||
+                 engine.Crop(none, {0, 0, 1, 1}) || engine.Mirror(none) || engine.Flip(none) ||
+                 engine.RotateHalf(none) || engine.RotateRight(none) || engine.RotateLeft(none) ||
+                 engine.DarkBounds(none) || engine.OtsuLimit(none));
+}
+
 TEST(Engine, RefusesWhatItCannotRun) {
     cImageProcessDIB engine;
     const cDIBSection original = random_picture(8, 8, 1);
     cDIBSection image = original.Copy();
     cDIBSection buffer = black_picture(8, 8);
-    cDIBSection smaller = black_picture(8, 7);
-    cDIBSection none;
-    EXPECT_FALSE(engine.ProcessImage(image, smaller));
     EXPECT_FALSE(engine.ProcessImage(image, image));
-    EXPECT_FALSE(engine.ProcessImage(none, none));
-    EXPECT_FALSE(engine.AddLightest(smaller, image));
-    EXPECT_FALSE(engine.AddImages(none, image, 1, 0, 0, 0, 1, 0, 0, 0));
     engine.set_FilterWeight(0);
     EXPECT_FALSE(engine.ProcessImage(image, buffer));
     engine.set_FilterType(kReserved);
     EXPECT_FALSE(engine.ProcessImage(image, buffer));
+    EXPECT_FALSE(engine.ApplyPalette(image, buffer, {}));
+    EXPECT_FALSE(engine.LineArt2(image, buffer, 128, {}));
+    for (const int size : {-3, 1, 4, 1001})
+        EXPECT_FALSE(engine.LocalBlackWhite(image, buffer, size, 0));
+    for (const int offset : {-256, 256})
+        EXPECT_FALSE(engine.LocalBlackWhite(image, buffer, 3, offset));
+    EXPECT_FALSE(engine.Despeckle(image, -1));
+    EXPECT_FALSE(engine.Crop(image, {1, 0, 8, 8}));
+    for (const int margin : {-1, 1000001})
+        EXPECT_FALSE(engine.Crop(image, {0, 0, 8, 8}, margin));
     EXPECT_TRUE(same_pixels(image, original));
     // A picture smaller than the kernel is left alone, and that counts as done.
     cDIBSection tiny = black_picture(2, 2), tiny_buffer = black_picture(2, 2);
     engine.set_FilterType(kSoftenMore);
     EXPECT_TRUE(engine.ProcessImage(tiny, tiny_buffer));
+}
+
+TEST(Engine, TakesForDarkWhatAnExportDoes) {
+    cImageProcessDIB engine;
+    cDIBSection picture = flat_picture(3, 2, 129, 129, 129);
+    std::memset(picture.view().pixel(1, 0), 128, 3);
+    EXPECT_EQ(engine.DarkBounds(picture), (PixelRect{1, 1, 1, 1}));
+    EXPECT_TRUE(engine.Despeckle(picture, 0));
+    EXPECT_TRUE(same_pixels(picture, drawn({"...", ".#."})));
+}
+
+TEST(Engine, AnUnknownShapeIsScannedButNotWritten) {
+    TemporaryFolder folder;
+    cImageProcessDIB engine;
+    RecordingObserver observer;
+    engine.set_observer(&observer);
+    ExportOptions options;
+    for (const std::int16_t kind : {-1, 3}) {
+        options.optPoly = kind;
+        engine.Vectorize(drawn({"#..#", "##.."}), folder / "a.scr", options);
+    }
+    EXPECT_EQ(observer.maxima, (std::vector<long>{9, 9}));
+    EXPECT_EQ(observer.positions, (std::vector<long>{0, 1, 0, 1}));
+    EXPECT_EQ(observer.times.size(), 2u);
+    engine.Vectorize({}, folder / "a.scr", {});
+    EXPECT_FALSE(std::filesystem::exists(folder / "a.scr"));
 }
 
 TEST(Engine, EmphasizesInTwoPasses) {
@@ -127,14 +208,6 @@ TEST(Engine, EmphasizesInTwoPasses) {
     EXPECT_EQ(observer.maxima, (std::vector<long>{9, 9}));
     EXPECT_EQ(observer.positions, (std::vector<long>{3, 6, 9, 3, 6, 9}));
     EXPECT_EQ(observer.times.size(), 2u);
-}
-
-TEST(Engine, AddsPictures) {
-    cImageProcessDIB engine;
-    const cDIBSection from = flat_picture(3, 3, 1, 2, 3);
-    cDIBSection to = flat_picture(3, 3, 10, 20, 30);
-    EXPECT_TRUE(engine.AddImages(from, to, 2, 1, 2, 100, 1, 0, 0, 5));
-    EXPECT_EQ(pixel_at(to, 0, 0), (std::array{14, 28, 45}));
 }
 
 } // namespace

@@ -27,6 +27,7 @@ TEST(AddImages, AgainstTheReference) {
         {{1, 127, 127, 127}, {0, 0, 0, 0}},
         {{1, 10, 20, 30}, {-1, -40, 5, 60}},
         {{63, 1, 2, 3}, {-63, 4, 5, 6}},
+        {{1, 20000, 20000, 20000}, {1, 20000, 20000, 20000}}, // beyond 16 signed bits
         {{1000, -100, -101, -102}, {-999, -103, -104, -105}},
         {{most, most, -most, 7}, {-most, most, 8, 9}},
     };
@@ -52,11 +53,12 @@ Bgr selected(Selection select, const Bgr& from, const Bgr& to) {
 
 TEST(Selection, LightestKeepsTheSmallerMeasureDarkestTheLarger) {
     const std::array black{0, 0, 0}, red{0, 0, 255}, dim{10, 10, 0}, dim_red{10, 10, 255};
-    const std::array green{0, 1, 0}, blue{14, 0, 0}; // 929 and 994
+    const std::array green{0, 1, 0}, blue{14, 0, 0}, dim_blue{13, 0, 0}; // 929, 994, 923
     const std::array<Bgr, 4> cases[] = {{red, black, black, black},
                                         {dim, dim_red, dim_red, dim_red},
                                         {green, blue, green, blue},
-                                        {blue, green, green, blue}};
+                                        {blue, green, green, blue},
+                                        {green, dim_blue, dim_blue, green}};
     for (const auto& [from, to, lightest, darkest] : cases) {
         EXPECT_EQ(selected(AddLightest, from, to), lightest);
         EXPECT_EQ(selected(AddDarkest, from, to), darkest);

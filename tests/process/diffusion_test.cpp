@@ -73,9 +73,9 @@ cPalette random_palette(int count, std::uint32_t seed) {
 
 // run(image, buffer) leaves what the slow way makes of the image in both of them.
 template <typename Operation, typename Reference>
-void expect_diffusion(Operation run, Reference reference) {
+void expect_diffusion(Operation run, Reference reference, int tall = 4) {
     for (const auto& [width, height] :
-         odd_sizes({{1023, 5}, {1024, 5}, {1025, 5}, {1026, 5}, {2051, 4}, {1040, 37}})) {
+         odd_sizes({{1023, 5}, {1024, 5}, {1025, 5}, {1026, 5}, {2051, tall}, {1040, 37}})) {
         const cDIBSection original = random_picture(width, height, 9);
         const cDIBSection expected = reference(original.Copy());
         at_every_level([&, width = width, height = height] {
@@ -89,8 +89,9 @@ void expect_diffusion(Operation run, Reference reference) {
 }
 
 TEST(Diffusion, IsTheSlowWayColumnByColumn) {
+    // One share of sixteen seldom tells: many rows meet the edges of strips.
     expect_diffusion([](ImageView image, ImageView buffer) { Steinberg(image, buffer); },
-                     slow_steinberg);
+                     slow_steinberg, 150);
     const cPalette white({{255, 255, 255}}); // as far from black as can be
     for (const cPalette& palette : {white, random_palette(1, 4), random_palette(2, 4),
                                     random_palette(16, 4), random_palette(300, 4)}) {
@@ -103,6 +104,21 @@ TEST(Diffusion, IsTheSlowWayColumnByColumn) {
     EXPECT_THROW(ApplyPalette(image.view(), buffer.view(), {}), std::invalid_argument);
 }
 
+// An error of 4 passes 1 to the right and 1 below, which takes those pixels to the second entry.
+TEST(Diffusion, PaletteErrorsBelowFourAreDropped) {
+    at_every_level([] {
+        for (const int blue : {3, 4}) {
+            cDIBSection image = flat_picture(40, 40, blue, 0, 0), buffer = black_picture(40, 40);
+            const cDIBSection original = image.Copy();
+            const cPalette palette({{0, 0, 0}, {0, 0, static_cast<std::uint8_t>(2 * blue + 1)}});
+            ApplyPalette(image.view(), buffer.view(), palette);
+            EXPECT_EQ(pixel_at(image, 0, 0)[0], 0);
+            EXPECT_EQ(pixel_at(image, 1, 0)[0], blue == 4 ? 9 : 0);
+            EXPECT_TRUE(same_pixels(image, slow_palette(original.Copy(), palette)));
+        }
+    });
+}
+
 TEST(Diffusion, EventsOfBothOperations) {
     const auto apply = [](ImageView image, ImageView buffer, ProgressObserver* observer) {
         ApplyPalette(image, buffer, random_palette(3, 1), observer);
@@ -113,15 +129,26 @@ TEST(Diffusion, EventsOfBothOperations) {
     expect_events(9, 4, Steinberg, {24, 24}, grey_first, 2);
 }
 
+// Most are so close together that many cells keep them all: the cells are emptied on the way.
+cPalette crowded_palette() {
+    std::vector<cPalette::Colour> colours = random_palette(3, 6).colours();
+    for (unsigned i = 0; i < 1000; ++i)
+        colours.push_back({static_cast<std::uint8_t>(100 + i % 4),
+                           static_cast<std::uint8_t>(100 + i / 4 % 4),
+                           static_cast<std::uint8_t>(100 + i / 16 % 4)});
+    return cPalette(colours);
+}
+
 TEST(ClosestColour, AnswersLikeTheScan) {
-    for (const int count : {0, 1, 2, 16, 400}) {
-        const cPalette palette = random_palette(count, 6);
+    for (const cPalette& palette :
+         {cPalette(), random_palette(1, 6), random_palette(2, 6), random_palette(16, 6),
+          random_palette(400, 6), crowded_palette()}) {
         ClosestColour closest(palette);
-        for (int r = 0; r < 256; r += 3)
-            for (int g = 0; g < 256; g += 5)
-                for (int b = 0; b < 256; b += 15)
-                    ASSERT_EQ(closest.index(r, g, b), palette.ClosestIndex(r, g, b))
-                        << count << ": " << r << ' ' << g << ' ' << b;
+        for (int r = 0; r < 512; r += 5) // twice: some cells are no longer new
+            for (int g = 0; g < 256; g += 9)
+                for (int b = 0; b < 256; b += 21)
+                    ASSERT_EQ(closest.index(r % 256, g, b), palette.ClosestIndex(r % 256, g, b))
+                        << palette.Count() << ": " << r << ' ' << g << ' ' << b;
     }
     const cPalette black({{0, 0, 0}});
     EXPECT_EQ(black.ClosestIndex(255, 255, 255), 0);

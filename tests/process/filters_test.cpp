@@ -106,23 +106,6 @@ TEST(Convolution, DividesWideSumsExactly) {
             }
 }
 
-TEST(Convolution, PredefinedWeightsAndCentres) {
-    const std::array<int, 3> expected[] = {{kBlur, 9, 1},
-                                           {kBlurMore, 25, 1},
-                                           {kSoften, 12, 4},
-                                           {kSoftenMore, 44, 12},
-                                           {kSharpen, 7, 15},
-                                           {kSharpenMore, 1, 5},
-                                           {kEmphasizeFirst, 20, 15},
-                                           {kEmphasizeSecond, 1, 15}};
-    for (const auto& [type, weight, centre] : expected) {
-        EXPECT_EQ(predefined_kernel(type).weight(), weight) << type;
-        EXPECT_EQ(predefined_kernel(type).cell(0, 0), centre) << type;
-    }
-    EXPECT_EQ(predefined_kernel(kSoftenMore).cell(-1, 1), 2);
-    EXPECT_EQ(predefined_kernel(kSharpenMore).cell(1, 1), 0);
-}
-
 cDIBSection ranked(const cDIBSection& picture, Rank rank) {
     return each_channel(picture, [&](int x, int y, std::size_t c) {
         if (x < 1 || y < 1 || x >= picture.Width() - 1 || y >= picture.Height() - 1)
@@ -177,6 +160,19 @@ TEST(Filters, ReportEveryColumnInAscendingOrder) {
             {last}, columns(3 * half, last));
     }
     expect_events(9, 9, unsharp, {21}, columns(3, 21), 2); // the blur completes as well
+}
+
+TEST(Filters, LargePicturesGoInStrips) {
+    expect_strips([](ImageView image, ImageView buffer, ProgressObserver* observer) {
+        convolve_in_place(image, buffer, predefined_kernel(kBlurMore), observer);
+    });
+    expect_strips([](ImageView image, ImageView buffer, ProgressObserver* observer) {
+        rank_in_place(image, buffer, Rank::Maximum, observer);
+    });
+    expect_strips(unsharp);
+    expect_strips([](ImageView image, ImageView buffer, ProgressObserver* observer) {
+        emboss(image, buffer, predefined_kernel(kEmboss), observer);
+    });
 }
 
 TEST(Filters, TinyPicturesStillReport) {

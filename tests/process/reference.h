@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace kelvane::test {
@@ -67,6 +69,41 @@ void expect_at_every_level(const cDIBSection& original, const cDIBSection& expec
         run(image.view(), buffer.view());
         EXPECT_TRUE(same_pixels(image, expected));
     });
+}
+
+/// Columns and rows from (x, y) of a picture.
+inline cDIBSection window(const cDIBSection& picture, int x, int y, int width, int height) {
+    return each_pixel(black_picture(width, height),
+                      [&](int i, int j) { return pixel_at(picture, x + i, y + j); });
+}
+
+/// A picture of more than 16 megapixels is walked in strips of columns: run(image, buffer,
+/// observer) reports before it comes to the right half, and around a strip's edge it makes the same
+/// of it as of a small picture.
+template <typename Operation> void expect_strips(Operation run) {
+    struct FirstReport : ProgressObserver {
+        std::function<void()> check;
+        void Progress(long) override {
+            if (check) std::exchange(check, nullptr)();
+        }
+    };
+    constexpr int kWidth = 8 * 500 + 3, kHeight = 4001, kEdge = 500, kMargin = 8;
+    const cDIBSection rows = random_picture(kWidth, 64, 3);
+    cDIBSection image = black_picture(kWidth, kHeight), buffer = black_picture(kWidth, kHeight);
+    for (int y = 0; y < kHeight; ++y)
+        std::memcpy(image.view().row(y), rows.view().row(y % 64), std::size_t{3} * kWidth);
+    copy_pixels(image.view(), buffer.view());
+    FirstReport observer;
+    observer.check = [&] {
+        EXPECT_TRUE(same_pixels(window(image, 3000, 0, 50, 64), window(rows, 3000, 0, 50, 64)));
+    };
+    run(image.view(), buffer.view(), &observer);
+    EXPECT_FALSE(observer.check);
+    cDIBSection small = window(rows, kEdge - 30, 0, 60, 64), small_buffer = small.Copy();
+    run(small.view(), small_buffer.view(), nullptr);
+    const int inside = 60 - 2 * kMargin;
+    EXPECT_TRUE(same_pixels(window(image, kEdge - 30 + kMargin, kMargin, inside, inside),
+                            window(small, kMargin, kMargin, inside, inside)));
 }
 
 /// run(image, buffer, observer) tells this of a picture of that size.

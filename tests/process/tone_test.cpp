@@ -29,16 +29,17 @@ struct ToneCase {
 };
 
 std::vector<ToneCase> tone_cases() {
-    std::vector<ToneCase> cases{
-        {"grey", GrayScale,
-         [](const Bgr& c) {
-             const double v = std::nearbyint((222 * c[2] + 707 * c[1] + 71 * c[0]) / 1000.0);
-             return Bgr{int(v), int(v), int(v)};
-         }},
-        {"fade", [](ImageView v, ProgressObserver* o) { Fade(v, 128, o); },
-         [](const Bgr& c) {
-             return Bgr{c[0] * 128 / 255, c[1] * 128 / 255, c[2] * 128 / 255};
-         }}};
+    std::vector<ToneCase> cases{{"grey", GrayScale, [](const Bgr& c) {
+                                     const double v = std::nearbyint(
+                                         (222 * c[2] + 707 * c[1] + 71 * c[0]) / 1000.0);
+                                     return Bgr{int(v), int(v), int(v)};
+                                 }}};
+    for (const int level : {0, 1, 128, 240, 254, 255})
+        cases.push_back({"fade " + std::to_string(level),
+                         [=](ImageView v, ProgressObserver* o) { Fade(v, level, o); },
+                         [=](const Bgr& c) {
+                             return Bgr{c[0] * level / 255, c[1] * level / 255, c[2] * level / 255};
+                         }});
     for (const int percent : {-100, -37, 20, 100})
         cases.push_back({"lighten " + std::to_string(percent),
                          [=](ImageView v, ProgressObserver* o) { Lighten(v, percent, o); },
@@ -66,7 +67,7 @@ void expect_rule(const ToneCase& tone, const cDIBSection& picture) {
 
 TEST(Tone, IsTheSlowWayPixelByPixel) {
     for (const ToneCase& tone : tone_cases()) {
-        for (const auto& [width, height] : odd_sizes({{4131, 2}}))
+        for (const auto& [width, height] : odd_sizes())
             expect_rule(tone, random_picture(width, height, 5));
         expect_rule(tone, flat_picture(1, 1, 100, 100, 100)); // without hue and saturation
     }
@@ -83,6 +84,14 @@ void expect_tone_events(const ToneCase& tone, const std::vector<long>& maxima,
 TEST(Tone, ColumnsAreReportedAscending) {
     for (const ToneCase& tone : tone_cases())
         expect_tone_events(tone, {12597}, columns(0, 12597));
+}
+
+TEST(Tone, LargePicturesGoInStrips) {
+    for (const ToneCase& tone : tone_cases())
+        if (tone.name == "grey" || tone.name == "fade 128")
+            expect_strips([&](ImageView image, ImageView, ProgressObserver* observer) {
+                tone.run(image, observer);
+            });
 }
 
 TEST(Tone, NegativeTurnsEveryByteAndReportsItsEndOnly) {

@@ -1,4 +1,5 @@
-// How a filter hands over finished rows while they are still in the processor's cache.
+// Where a filter leaves its results, and how it hands them over while they are still in the
+// processor's cache.
 #pragma once
 
 #include "image/image_view.h"
@@ -7,9 +8,10 @@
 
 namespace kelvane {
 
-/// Called for every row of the picture, ascending, once the filter writes nothing more to that row
-/// of its target and reads nothing more from that row of its source. Borders count as rows too.
-using RowDone = std::function<void(int y)>;
+/// Called once for each part of the pixels that a filter computes, rows ascending: `filtered` holds
+/// the `count` results for the place at byte offset `byte` of row y, a whole pixel first. The
+/// filter reads nothing more from that place of its source.
+using PartDone = std::function<void(int byte, int count, int y, const std::uint8_t* filtered)>;
 
 /// Where a filter writes its rows: a whole picture, or a ring of fewer rows that each serve
 /// several in turn. Row y of a ring holds its content until row y + `rows` is written.
