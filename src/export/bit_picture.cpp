@@ -42,8 +42,8 @@ BitPicture drawn_pixels(ConstImageView image) {
             drawn.row(y)[i] =
                 dark_bits(image.pixel(x, y), std::min(BitPicture::kWordPixels, image.width - x));
     std::vector<Run> runs;
-    append_runs_of_row(
-        drawn.width(), [&](int i) { return drawn.row(0)[i]; }, runs);
+    const BitPicture::Word* bottom = drawn.row(0);
+    append_runs_of_row(drawn.width(), [&](int i) { return bottom[i]; }, runs);
     if (!runs.empty() && is_lost(runs.front()))
         for (int x = runs.front().begin; x < runs.front().end; ++x)
             drawn.clear(x, 0);

@@ -106,6 +106,7 @@ void Disc::close(BitPicture& picture) const {
                     height + diameter_ - 1);
     for (int y = 0; y < height; ++y)
         std::copy_n(picture.row(y), picture.row_words(), wide.row(y) + left_words);
+    picture = {}; // its memory is free for others meanwhile
     dilate(wide);
     erode(wide);
     wide.crop(left_words, width, height);

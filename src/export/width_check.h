@@ -39,11 +39,11 @@ struct WidthReport {
 /// those thicker than 1.2 x limit + 1 are not. A pixel is 1 wide, so nothing is thinner than a
 /// limit of 1 or less. Limits beyond twice the picture's shorter side act like that one.
 ///
-/// The time grows with the logarithm of the limit. To measure the thinnest line of a picture that
+/// The time grows slowly with the limit. To measure the thinnest line of a picture that
 /// has no places at the wanted limit, ask with a multiple of it.
 ///
-/// Needs memory for two pictures besides the one that is checked; for gaps one of them is larger,
-/// by the limit. Throws `std::bad_alloc`.
+/// Needs memory for two pictures besides the one that is checked, for gaps larger ones by the limit,
+/// and about 100 bytes for each run of a row. Throws `std::bad_alloc`.
 WidthReport check_widths(const BitPicture& drawn, WidthOf what, double limit);
 
 } // namespace kelvane

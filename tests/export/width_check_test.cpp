@@ -206,14 +206,15 @@ TEST(WidthCheck, ReportsPlacesThinnestAndPixels) {
 }
 
 TEST(WidthCheck, WholePixelsAlongTheAxesAreExact) {
-    for (const auto& [width, height] : {std::pair{100, 6}, {6, 100}}) {
-        BitPicture bar = drawn_pixels(flat_picture(width, height, 0, 0, 0).view());
-        for (const double limit : {-1., 0., 6., .54 / .09, std::nan("")})
+    for (const auto& [width, height] : {std::pair{100, 6}, {6, 100}, {1400, 702}}) {
+        const BitPicture bar = drawn_pixels(flat_picture(width, height, 0, 0, 0).view());
+        const double thickness = std::min(width, height);
+        for (const double limit : {-1., 0., thickness, thickness + 1e-9, std::nan("")})
             EXPECT_EQ(check_widths(bar, WidthOf::kLines, limit).places, 0u) << limit;
-        for (const double limit : {6.001, 30., 1e300}) {
+        for (const double limit : {thickness + .001, 1e6, 1e300}) {
             const WidthReport report = check_widths(bar, WidthOf::kLines, limit);
             EXPECT_EQ(report.places, 1u) << limit;
-            EXPECT_EQ(report.thinnest->width, 6);
+            EXPECT_EQ(report.thinnest->width, thickness);
             EXPECT_EQ(lines_of(report.too_thin), lines_of(bar));
             EXPECT_EQ(check_widths(bar, WidthOf::kGaps, limit).places, 0u);
         }
