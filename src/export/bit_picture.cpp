@@ -43,7 +43,8 @@ BitPicture drawn_pixels(ConstImageView image) {
                 dark_bits(image.pixel(x, y), std::min(BitPicture::kWordPixels, image.width - x));
     std::vector<Run> runs;
     const BitPicture::Word* bottom = drawn.row(0);
-    append_runs_of_row(drawn.width(), [&](int i) { return bottom[i]; }, runs);
+    append_runs_of_row(
+        drawn.width(), [&](int i) { return bottom[i]; }, runs);
     if (!runs.empty() && is_lost(runs.front()))
         for (int x = runs.front().begin; x < runs.front().end; ++x)
             drawn.clear(x, 0);

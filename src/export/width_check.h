@@ -42,8 +42,8 @@ struct WidthReport {
 /// The time grows slowly with the limit. To measure the thinnest line of a picture that
 /// has no places at the wanted limit, ask with a multiple of it.
 ///
-/// Needs memory for two pictures besides the one that is checked, for gaps larger ones by the limit,
-/// and about 100 bytes for each run of a row. Throws `std::bad_alloc`.
+/// Needs memory for two pictures besides the one that is checked, for gaps larger ones by the
+/// limit, and about 100 bytes for each run of a row. Throws `std::bad_alloc`.
 WidthReport check_widths(const BitPicture& drawn, WidthOf what, double limit);
 
 } // namespace kelvane

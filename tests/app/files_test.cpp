@@ -71,7 +71,7 @@ TEST_F(Files, WhatDoesNotOpenLeavesNoWindow) {
         });
         main.open_file(file);
     }
-    }
+    write_text(folder / "empty.gif", {"GIF89a\0\0\1\0\0\0\0;", 14});
     main.open_file(path(L"empty.gif")); // no columns, and no message
     EXPECT_TRUE(main.forms().empty());
     EXPECT_EQ(main.recent_files().FileCount(), 0);
