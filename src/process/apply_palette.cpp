@@ -42,7 +42,7 @@ class Diffusion {
     Diffusion(ImageView image, ImageView buffer, const cPalette& palette)
         : image_(image), buffer_(buffer), closest_(palette), entries_(memory_order(palette)),
           right_(static_cast<std::size_t>(image.height)) {
-        if (palette.Count() > kBandColours || cpu_level() < CpuLevel::Avx2) return;
+        if (palette.Count() > kBandColours || map_band_ == nullptr) return;
         banded_rows_ = image.height / kBandRows * kBandRows;
         band_palette_.count = palette.Count();
         for (std::size_t i = 0; i < palette.colours().size(); ++i)
@@ -69,7 +69,7 @@ class Diffusion {
                         {x == 0 ? 0 : kNoColumn, last < count ? last : kNoColumn},
                         &right_[static_cast<std::size_t>(y)],
                         below_.data()};
-        map_band_avx2(band_palette_, band);
+        map_band_(band_palette_, band);
     }
 
     void row(int x, int count, int y) {
@@ -112,6 +112,7 @@ class Diffusion {
         }
     }
 
+    const decltype(PaletteBands::map) map_band_ = palette_bands().map;
     ImageView image_;
     ImageView buffer_;
     int banded_rows_ = 0; // rows from the first that go sixteen at a time
@@ -123,6 +124,12 @@ class Diffusion {
 };
 
 } // namespace
+
+const PaletteBands kBaselinePaletteBands{nullptr};
+
+const PaletteBands& palette_bands() {
+    return fastest(kBaselinePaletteBands, kAvx2PaletteBands);
+}
 
 void ApplyPalette(ImageView image, ImageView buffer, const cPalette& palette,
                   ProgressObserver* observer) {

@@ -59,11 +59,10 @@ struct AreaRows {
     void (*clear)(const RowBand& band, const RunForest& forest, std::uint32_t most, RunNumber& run);
 };
 
+extern const AreaRows kBaselineAreaRows;
+extern const AreaRows kAvx2AreaRows;
+
 /// The fastest set this processor may use.
 const AreaRows& area_rows();
-
-/// Each level's own; only `area_rows` calls them.
-const AreaRows& area_rows_baseline();
-const AreaRows& area_rows_avx2();
 
 } // namespace kelvane

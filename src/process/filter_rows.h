@@ -56,11 +56,10 @@ struct FilterRows {
     void (*add_wide)(const std::uint8_t* from, std::uint8_t* to, int count, const ByteSum& sum);
 };
 
-/// The loops for the processor at hand.
-const FilterRows& filter_rows();
+extern const FilterRows kBaselineFilterRows;
+extern const FilterRows kAvx2FilterRows;
 
-/// Each level's own; only `filter_rows` calls them.
-const FilterRows& filter_rows_baseline();
-const FilterRows& filter_rows_avx2();
+/// The fastest set this processor may use.
+const FilterRows& filter_rows();
 
 } // namespace kelvane
