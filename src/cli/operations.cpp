@@ -202,8 +202,7 @@ Operation line_art(OperationArguments& arguments) {
     const Channels channels{arguments.integer(1, "R", 0, 1) == 1,
                             arguments.integer(2, "G", 0, 1) == 1,
                             arguments.integer(3, "B", 0, 1) == 1};
-    if (!channels.red && !channels.green && !channels.blue)
-        arguments.fail("at least one of R, G and B is 1");
+    if (!channels.any()) arguments.fail("at least one of R, G and B is 1");
     return [=](cDIBSection& picture, cImageProcessDIB& engine) {
         require(engine.Reduce(picture, {ReductionKind::Colours, limit, channels}));
     };
@@ -263,24 +262,28 @@ cDIBSection second_picture(const std::string& file, const cDIBSection& first) tr
     throw FileError(file + ": " + error.what());
 }
 
-template <auto Combine> Operation select(OperationArguments& arguments) {
-    return [file = arguments.file()](cDIBSection& picture, cImageProcessDIB& engine) {
-        require((engine.*Combine)(second_picture(file, picture), picture));
+Operation combination(const std::string& file, const Combination& how) {
+    return [file, how](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.Combine(second_picture(file, picture), picture, how));
     };
+}
+
+template <CombinationType type> Operation select(OperationArguments& arguments) {
+    return combination(arguments.file(), {type});
 }
 
 Operation add(OperationArguments& arguments) {
     constexpr std::size_t numbers = 8;
     const std::string file = arguments.file_before(numbers);
-    // Multipliers and offsets in the order they are written; products stay below 2^31.
-    std::array<int, numbers> n{};
-    for (std::size_t i = 0; i < numbers; ++i)
-        n[i] = i % 4 == 0 ? arguments.integer(1 + i, "a multiplier", -1000, 1000)
-                          : arguments.integer(1 + i, "an offset", -100000, 100000);
-    return [file, n](cDIBSection& picture, cImageProcessDIB& engine) {
-        require(engine.AddImages(second_picture(file, picture), picture, n[0], n[1], n[2], n[3],
-                                 n[4], n[5], n[6], n[7]));
+    // Products stay below 2^31.
+    const auto part = [&](std::size_t first) {
+        const auto offset = [&](std::size_t i) {
+            return arguments.integer(first + i, "an offset", -100000, 100000);
+        };
+        return SumPart{arguments.integer(first, "a multiplier", -1000, 1000), offset(1), offset(2),
+                       offset(3)};
     };
+    return combination(file, {CombinationType::AddImages, {part(1), part(5)}});
 }
 
 // Geometry.
@@ -376,11 +379,11 @@ constexpr OperationInfo kOperations[] = {
     {"resample", ":WIDTHxHEIGHT", "another size, bilinear", resample},
     // The engine's names say which pixel is dropped.
     {"lightest", ":FILE", "the lighter pixel of both, by green and blue; both of one size",
-     select<&cImageProcessDIB::AddDarkest>},
+     select<CombinationType::AddDarkest>},
     {"darkest", ":FILE", "the darker pixel of both, by green and blue; both of one size",
-     select<&cImageProcessDIB::AddLightest>},
-    {"add-lightest", ":FILE", "the same as darkest", select<&cImageProcessDIB::AddLightest>},
-    {"add-darkest", ":FILE", "the same as lightest", select<&cImageProcessDIB::AddDarkest>},
+     select<CombinationType::AddLightest>},
+    {"add-lightest", ":FILE", "the same as darkest", select<CombinationType::AddLightest>},
+    {"add-darkest", ":FILE", "the same as lightest", select<CombinationType::AddDarkest>},
     {"add", ":FILE,FROMMULT,FROMOFF_R,FROMOFF_G,FROMOFF_B,TOMULT,TOOFF_R,TOOFF_G,TOOFF_B",
      "(FILE + FROMOFF) x FROMMULT + (picture + TOOFF) x TOMULT; both of one size", add},
     {"crop", ":X,Y,WIDTHxHEIGHT", "a part; X and Y count from the upper left corner", crop},

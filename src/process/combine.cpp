@@ -80,4 +80,16 @@ void AddImages(ConstImageView from, ImageView to, const SumPart& from_part, cons
     progress.complete();
 }
 
+void Combine(ConstImageView from, ImageView to, const Combination& combination,
+             ProgressObserver* observer) {
+    switch (combination.type) {
+    case CombinationType::AddImages:
+        return AddImages(from, to, combination.parts[0], combination.parts[1], observer);
+    case CombinationType::AddLightest:
+        return AddLightest(from, to, observer);
+    case CombinationType::AddDarkest:
+        return AddDarkest(from, to, observer);
+    }
+}
+
 } // namespace kelvane

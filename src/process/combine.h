@@ -5,6 +5,7 @@
 #include "image/progress.h"
 #include "process/filter_rows.h"
 
+#include <array>
 #include <cstdint>
 
 namespace kelvane {
@@ -19,10 +20,12 @@ void AddDarkest(ConstImageView from, ImageView to, ProgressObserver* observer = 
 
 /// One picture's part in a weighted sum: a byte counts (byte + offset) x multiplier.
 struct SumPart {
-    std::int32_t multiplier;
-    std::int32_t offset_r;
-    std::int32_t offset_g;
-    std::int32_t offset_b;
+    std::int32_t multiplier = 1;
+    std::int32_t offset_r = 0;
+    std::int32_t offset_g = 0;
+    std::int32_t offset_b = 0;
+
+    bool operator==(const SumPart&) const = default;
 };
 
 /// Every target byte becomes the sum of both parts, in 32-bit arithmetic that wraps, clamped to
@@ -31,6 +34,21 @@ struct SumPart {
 /// source's B offset is not used.
 void AddImages(ConstImageView from, ImageView to, const SumPart& from_part, const SumPart& to_part,
                ProgressObserver* observer = nullptr);
+
+/// The three operations by their numbers in the combination dialog.
+enum class CombinationType { AddImages = 1, AddLightest = 2, AddDarkest = 3 };
+
+/// A combination with its arguments.
+struct Combination {
+    CombinationType type = CombinationType::AddImages;
+    std::array<SumPart, 2> parts{}; ///< source and target, for `AddImages` only
+
+    bool operator==(const Combination&) const = default;
+};
+
+/// Carries out the operation that `combination` stands for.
+void Combine(ConstImageView from, ImageView to, const Combination& combination,
+             ProgressObserver* observer = nullptr);
 
 /// The sum alone, for stretches of whole pixels; it raises no event.
 class ByteAdder {
