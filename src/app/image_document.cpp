@@ -3,6 +3,7 @@
 #include "image/bitmap_file.h"
 #include "image/picture_reader.h"
 #include "image/size_limit.h"
+#include "process/tone.h"
 #include "settings/catalogue.h"
 #include "settings/string_table.h"
 
@@ -14,8 +15,6 @@
 namespace kelvane {
 namespace {
 
-constexpr int kLightenPercent = 20;
-constexpr int kDarkenLevel = 240;
 constexpr float kSaturation = 0.5f;
 
 cDIBSection created(int width, int height) {

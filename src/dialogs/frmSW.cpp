@@ -37,7 +37,7 @@ constexpr int kDesignedLimit = kExportLimit;
 
 struct Slider {
     int id;
-    NumberSetting setting;
+    OptionalSetting setting;
 };
 constexpr Slider kSliders[] = {
     {IDC_REDUCE_BRIGHTNESS_LIMIT, settings::kBrightnessLimit},
@@ -96,8 +96,9 @@ void frmSW::density_changed() {
 
 void frmSW::restore() {
     for (const Slider& each : kSliders) {
-        const int stored = read_setting(settings_, each.setting);
-        prepare_slider(control(each.id), stored == 0 ? kDesignedLimit : stored);
+        const int stored = read_setting(settings_, each.setting).value_or(kDesignedLimit);
+        const bool usable = stored >= kLowestLimit && stored <= kHighestLimit;
+        prepare_slider(control(each.id), usable ? stored : kDesignedLimit);
     }
     // A channel whose key is missing beside another's is unticked. While no key is there at all,
     // the reduction has never been made: without a channel it could not be, so all are ticked.

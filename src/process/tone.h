@@ -8,6 +8,16 @@
 
 namespace kelvane {
 
+/// The command Darken: the level of its `Fade`.
+inline constexpr int kDarkenLevel = 240;
+/// The command Lighten, in per cent.
+inline constexpr int kLightenPercent = 20;
+/// Hues, in sextants.
+inline constexpr int kLowestHue = -1;
+inline constexpr int kHighestHue = 5;
+/// The largest amount of noise, in per cent.
+inline constexpr int kMostNoise = 100;
+
 /// Every byte becomes byte x level / 255, division toward zero. `level` is 0 (black) to 255
 /// (unchanged).
 void Fade(ImageView image, int level, ProgressObserver* observer = nullptr);

@@ -98,7 +98,7 @@ struct ReductionDialogTest : DialogTest {
 };
 
 TEST_F(ReductionDialogTest, StartsWhereTheLastReductionsWere) {
-    scratch.put("[imageexport]\r\nbwval=0\r\nbwval2=77\r\nbwval3=255\r\nbwg=1\r\n");
+    scratch.put("[imageexport]\r\nbwval=256\r\nbwval2=77\r\nbwval3=255\r\nbwg=1\r\n");
     show(dialog, IDOK, [](HWND window) {
         EXPECT_EQ(position_of(window, IDC_REDUCE_BRIGHTNESS_LIMIT), 128) << "as designed";
         EXPECT_EQ(position_of(window, IDC_REDUCE_COLOUR_LIMIT), 77);
