@@ -1,5 +1,5 @@
 // What the bytes of a picture file tell before it is decoded. Decoders differ in what they do with
-// a file that was cut short: some report it, some fill the rest with gray, and some take memory
+// a file that was cut short: some report it, some fill the rest with grey, and some take memory
 // for any size that a header claims.
 #pragma once
 

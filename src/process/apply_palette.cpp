@@ -50,7 +50,7 @@ class Diffusion {
     }
 
     // `count` pixels from (x, y); strips ascend, rows ascend inside a strip.
-    void stretch(int x, int count, int y) {
+    void process_span(int x, int count, int y) {
         if (y == 0) std::fill_n(below_.begin(), count, Error{});
         if (y >= banded_rows_)
             row(x, count, y);

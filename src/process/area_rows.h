@@ -12,7 +12,7 @@ namespace kelvane {
 /// Number of a run; runs are numbered by band, then by column.
 using RunNumber = std::uint32_t;
 
-/// The ones of a band, one or two neighbouring rows of `words` words, form runs: stretches of
+/// The ones of a band, one or two neighbouring rows of `words` words, form runs: spans of
 /// columns with a one in either row.
 struct RowBand {
     BitWord* lower;

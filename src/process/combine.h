@@ -50,11 +50,11 @@ struct Combination {
 void Combine(ConstImageView from, ImageView to, const Combination& combination,
              ProgressObserver* observer = nullptr);
 
-/// The sum alone, for stretches of whole pixels; it raises no event.
+/// The sum alone, for spans of whole pixels; it raises no event.
 class ByteAdder {
   public:
     ByteAdder(const SumPart& from_part, const SumPart& to_part);
-    /// `count` bytes, starting with a pixel's blue; the stretches do not overlap.
+    /// `count` bytes, starting with a pixel's blue; the spans do not overlap.
     void add(const std::uint8_t* from, std::uint8_t* to, int count) const {
         add_(from, to, count, sum_);
     }

@@ -70,7 +70,7 @@ class Convolver {
         few_ = rows_.few && !shares && fits_bytes(taps_);
     }
 
-    void stretch(const std::uint8_t* from, std::uint8_t* to, int count) const {
+    void convolve_span(const std::uint8_t* from, std::uint8_t* to, int count) const {
         if (few_)
             rows_.few(from, to, count, taps_);
         else if (narrow_)
@@ -91,7 +91,7 @@ class Convolver {
 // Larger kernels take long enough to be watched.
 int strip_for(const FilterKernel& kernel, ConstImageView picture) {
     const int strip = strip_pixels(picture.width, picture.height);
-    return kernel.size() <= 5 ? strip : std::min(strip, kLongestStretch / 3);
+    return kernel.size() <= 5 ? strip : std::min(strip, kLongestSpan / 3);
 }
 
 } // namespace
@@ -102,7 +102,7 @@ void convolve(ConstImageView from, TargetRows to, const FilterKernel& kernel,
     const Convolver convolver(kernel, from.row_step);
     walk_interior(from, kernel.half(), strip_for(kernel, from), to, progress, done,
                   [&](int byte, int count, int y) {
-                      convolver.stretch(from.row(y) + byte, to.row(y) + byte, count);
+                      convolver.convolve_span(from.row(y) + byte, to.row(y) + byte, count);
                   });
 }
 

@@ -1,4 +1,4 @@
-// The inner loops of filters and sums over one stretch of a row, once for every processor level.
+// The inner loops of filters and sums over one span of a row, once for every processor level.
 #pragma once
 
 #include <cstddef>
@@ -6,8 +6,8 @@
 
 namespace kelvane {
 
-/// The longest stretch, in bytes, that one call takes; a multiple of 3.
-constexpr int kLongestStretch = 3072;
+/// The longest span, in bytes, that one call takes; a multiple of 3.
+constexpr int kLongestSpan = 3072;
 
 /// A convolution of which no partial sum leaves 16 signed bits, whatever the pixels are. Columns
 /// of the kernel with the same cells are kept once.

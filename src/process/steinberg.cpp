@@ -46,7 +46,7 @@ class Diffusion {
         : image_(image), buffer_(buffer), left_(static_cast<std::size_t>(image.height)) {}
 
     // `count` pixels from (x, y); strips ascend, rows ascend inside a strip.
-    void stretch(int x, int count, int y) {
+    void process_span(int x, int count, int y) {
         rows_.luminance(image_.pixel(x, y), greys_.data(), count);
         if (y == 0) {
             std::fill_n(values_.begin(), count, kNoError);

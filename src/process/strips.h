@@ -45,13 +45,13 @@ class HandOver {
     std::vector<std::uint8_t> waiting_; // `reach_` bytes a row
 };
 
-/// Calls stretch(byte, count, y) for `count` bytes, kLongestStretch at most, from byte offset
+/// Calls on_span(byte, count, y) for `count` bytes, kLongestSpan at most, from byte offset
 /// `byte` of row y until every pixel of the picture that is at least `half` pixels away from all
 /// borders was met once, in strips of `strip` columns (more than `half`). The results are expected
 /// in `to` and handed to `done`, which may be empty.
-template <typename Stretch>
+template <typename OnSpan>
 void walk_interior(const ConstImageView& picture, int half, int strip, const TargetRows& to,
-                   const ProgressReporter& progress, const PartDone& done, Stretch stretch) {
+                   const ProgressReporter& progress, const PartDone& done, OnSpan on_span) {
     const int reach = 3 * half;
     const int end = 3 * picture.width - reach;
     HandOver hand_over(to, done, reach, end - reach > 3 * strip, picture.height);
@@ -64,10 +64,10 @@ void walk_interior(const ConstImageView& picture, int half, int strip, const Tar
         for (int y = half; y < picture.height - half; ++y) {
             // The last row met stands in for the one after it.
             const std::uint8_t* upcoming = picture.row(std::min(y + half + 1, picture.height - 1));
-            for (int byte = begin; byte < next; byte += kLongestStretch) {
-                const int count = std::min(kLongestStretch, next - byte);
+            for (int byte = begin; byte < next; byte += kLongestSpan) {
+                const int count = std::min(kLongestSpan, next - byte);
                 prefetch(upcoming + byte, count);
-                stretch(byte, count, y);
+                on_span(byte, count, y);
             }
             finish(y - half);
         }
