@@ -186,10 +186,11 @@ TEST_F(AboutBox, SaysWhenThereIsNoSystemInformation) {
 
 struct BareDialog : win::Dialog {
     BareDialog() : Dialog(IDD_LANGUAGE) {}
-    void notify() const { SendMessageW(window(), WM_COMMAND, IDC_LANGUAGE, 0); }
+    static constexpr int kOurs = 99; // no list box sends it
+    void notify() const { SendMessageW(window(), WM_COMMAND, MAKEWPARAM(IDC_LANGUAGE, kOurs), 0); }
     void load() override { notify(); }
     bool confirm() override { return check(); }
-    void on_command(int, int) override { ++notifications; }
+    void on_command(int, int notification) override { notifications += notification == kOurs; }
 
     std::function<bool()> check;
     int notifications = 0;
