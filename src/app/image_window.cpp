@@ -2,7 +2,7 @@
 
 #include "app/error_text.h"
 #include "app/picture_clipboard.h"
-#include "image/file_error.h"
+#include "base/file_error.h"
 #include "settings/string_table.h"
 #include "win/dpi.h"
 #include "win/gdi.h"

@@ -1,7 +1,7 @@
 #include "dialogs/export_choices.h"
 
+#include "base/lenient_number.h"
 #include "settings/catalogue.h"
-#include "settings/lenient_number.h"
 #include "settings/string_table.h"
 
 #include "ids.h"

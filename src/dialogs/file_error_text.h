@@ -1,7 +1,7 @@
 // Failures of files in the program's language.
 #pragma once
 
-#include "image/file_error.h"
+#include "base/file_error.h"
 
 #include <string>
 

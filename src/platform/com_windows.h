@@ -1,7 +1,7 @@
 // COM for the picture readers: its lifetime on a thread, pointers, and failures in words.
 #pragma once
 
-#include "image/file_error.h"
+#include "base/file_error.h"
 
 // windows.h leaves COM out of its lean form.
 #include <windows.h>

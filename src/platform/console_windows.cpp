@@ -1,6 +1,6 @@
-#include "platform/console.h"
+#include "base/console.h"
 
-#include "platform/library_search_windows.h"
+#include "base/library_search.h"
 
 #include <windows.h>
 

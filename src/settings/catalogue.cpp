@@ -1,7 +1,7 @@
 #include "settings/catalogue.h"
 
-#include "export/number_text.h"
-#include "settings/lenient_number.h"
+#include "base/lenient_number.h"
+#include "base/number_text.h"
 
 namespace kelvane {
 namespace {

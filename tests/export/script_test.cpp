@@ -1,5 +1,5 @@
 // Finished scripts byte for byte.
-#include "export/number_text.h"
+#include "base/number_text.h"
 #include "export/vectorize.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"

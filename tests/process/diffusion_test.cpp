@@ -1,4 +1,4 @@
-#include "image/file_error.h"
+#include "base/file_error.h"
 #include "process/closest_colour.h"
 #include "process/diffusion.h"
 #include "process/grayscale.h"
