@@ -3,7 +3,6 @@
 
 #include "app/busy.h"
 #include "app/command_table.h"
-#include "app/error_text.h"
 #include "app/picture_clipboard.h"
 #include "app/scanner.h"
 #include "app/temporary_file.h"
@@ -14,7 +13,8 @@
 #include "dialogs/frmMsg3.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
-#include "settings/string_table.h"
+#include "texts/error_text.h"
+#include "texts/string_table.h"
 #include "win/message_box.h"
 #include "win/platform_error.h"
 

@@ -1,12 +1,12 @@
 // The dialogs for a new size, a palette and the language, the about box and the splash window.
 #include "dialogs/dialog_test.h"
 #include "dialogs/field_input.h"
-#include "dialogs/file_error_text.h"
 #include "dialogs/frmAbout.h"
 #include "dialogs/frmLanguage.h"
 #include "dialogs/frmNewSize.h"
 #include "dialogs/frmPalette.h"
 #include "dialogs/frmSplash.h"
+#include "texts/file_error_text.h"
 
 namespace kelvane::test {
 namespace {

@@ -1,8 +1,8 @@
-#include "app/error_text.h"
+#include "texts/error_text.h"
 
-#include "dialogs/file_error_text.h"
 #include "engine/engine_error.h"
-#include "settings/string_table.h"
+#include "texts/file_error_text.h"
+#include "texts/string_table.h"
 #include "win/platform_error.h"
 
 #include <windows.h>

@@ -1,6 +1,6 @@
-#include "dialogs/file_error_text.h"
+#include "texts/file_error_text.h"
 
-#include "settings/string_table.h"
+#include "texts/string_table.h"
 
 #include "ids.h"
 
