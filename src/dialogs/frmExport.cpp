@@ -3,6 +3,7 @@
 #include "dialogs/controls.h"
 #include "dialogs/preview_size.h"
 #include "engine/image_process.h"
+#include "texts/layer_names.h"
 #include "win/picture_box.h"
 
 #include "ids.h"

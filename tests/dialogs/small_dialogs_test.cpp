@@ -6,7 +6,6 @@
 #include "dialogs/frmNewSize.h"
 #include "dialogs/frmPalette.h"
 #include "dialogs/frmSplash.h"
-#include "texts/file_error_text.h"
 
 namespace kelvane::test {
 namespace {
@@ -126,20 +125,6 @@ TEST_F(PaletteDialog, RefusesWhatIsNoPalette) {
                             error + L"line 2 is not three numbers from 0 to 255",
                             L"This file holds no Colors.", error + L"No such file or directory",
                             error + L"is a folder"));
-}
-
-TEST(FileErrorText, IsTheCommandLinesInEnglishAndTranslated) {
-    for (std::size_t i = 1; i < kFileFaults; ++i) {
-        const FileError error(static_cast<FileFault>(i), "7");
-        const std::wstring english = file_error_text(error);
-        EXPECT_EQ(english, widened(error.what()));
-        set_language_offset(kGermanOffset);
-        EXPECT_NE(file_error_text(error), english);
-        set_language_offset(kEnglishOffset);
-    }
-    const std::error_code missing = std::make_error_code(std::errc::no_such_file_or_directory);
-    EXPECT_EQ(FileError(missing).fault(), FileFault::kNotFound);
-    EXPECT_EQ(file_error_text(FileError("in other words")), L"in other words");
 }
 
 TEST_F(LanguageDialog, SwitchesAtOnceAndOkStoresTheChoice) {
