@@ -1,4 +1,4 @@
-#include "convert/private_folder.h"
+#include "settings/private_folder.h"
 
 #include "settings/folders.h"
 #include "win/platform_error.h"
