@@ -5,7 +5,7 @@
 #include "app/image_window.h"
 #include "app/main_window.h"
 #include "image/bitmap_file.h"
-#include "settings/folders.h"
+#include "settings/temporary_file.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"
 #include "support/windows/modal_script.h"

@@ -1,5 +1,6 @@
 // Opening by ImageMagick, from the menu to the document.
 #include "app_test.h"
+#include "settings/folders.h"
 
 #include "settings/catalogue.h"
 

@@ -3,6 +3,7 @@
 #include "settings/catalogue.h"
 #include "settings/folders.h"
 #include "settings/scratch_folder.h"
+#include "settings/temporary_file.h"
 #include "win/platform_error.h"
 #include "win/unique_handle.h"
 
