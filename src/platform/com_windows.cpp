@@ -1,18 +1,11 @@
 #include "platform/com_windows.h"
 
+#include "base/text.h"
+
 #include <string>
 
 namespace kelvane {
 namespace {
-
-std::string utf8(const std::wstring& text) {
-    const int units = static_cast<int>(text.size());
-    const int bytes =
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), units, nullptr, 0, nullptr, nullptr);
-    std::string result(static_cast<std::size_t>(bytes), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), units, result.data(), bytes, nullptr, nullptr);
-    return result;
-}
 
 // One line without the full stop; empty when the system has no words for it.
 std::wstring system_words(HRESULT result) {
@@ -36,7 +29,7 @@ bool means_damage(HRESULT result) {
 
 FileError decoding_error(HRESULT result) {
     const std::wstring words = means_damage(result) ? std::wstring() : system_words(result);
-    return words.empty() ? FileError(FileFault::kDamaged) : FileError(utf8(words));
+    return words.empty() ? FileError(FileFault::kDamaged) : FileError(narrow_text(words));
 }
 
 } // namespace kelvane

@@ -1,5 +1,6 @@
 #include "texts/error_text.h"
 
+#include "base/text.h"
 #include "engine/engine_error.h"
 #include "texts/file_error_text.h"
 #include "texts/string_table.h"
@@ -19,7 +20,7 @@ std::wstring error_text(const std::exception& error) {
         return LoadString(engine->string_id() - kEnglishOffset);
     if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr)
         return platform_error_text(ERROR_NOT_ENOUGH_MEMORY);
-    return widened(error.what());
+    return wide_text(error.what());
 }
 
 } // namespace kelvane

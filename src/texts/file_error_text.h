@@ -11,7 +11,4 @@ namespace kelvane {
 /// error's own words where it has none.
 std::wstring file_error_text(const FileError& error);
 
-/// UTF-8 for windows.
-std::wstring widened(const std::string& utf8);
-
 } // namespace kelvane

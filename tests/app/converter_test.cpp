@@ -1,8 +1,8 @@
 // Opening by ImageMagick, from the menu to the document.
 #include "app_test.h"
-#include "settings/folders.h"
 
 #include "settings/catalogue.h"
+#include "settings/folders.h"
 
 #include "ids.h"
 

@@ -1,4 +1,5 @@
 // The string table and what the texts of layers and of errors take from it.
+#include "base/text.h"
 #include "texts/file_error_text.h"
 #include "texts/layer_names.h"
 #include "texts/string_table.h"
@@ -99,7 +100,7 @@ TEST(FileErrorText, IsTheCommandLinesInEnglishAndTranslated) {
     for (std::size_t i = 1; i < kFileFaults; ++i) {
         const FileError error(static_cast<FileFault>(i), "7");
         const std::wstring english = file_error_text(error);
-        EXPECT_EQ(english, widened(error.what()));
+        EXPECT_EQ(english, wide_text(error.what()));
         set_language_offset(kGermanOffset);
         EXPECT_NE(file_error_text(error), english);
         set_language_offset(kEnglishOffset);
