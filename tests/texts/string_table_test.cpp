@@ -1,8 +1,10 @@
 // The string table and what the texts of layers and of errors take from it.
 #include "base/text.h"
+#include "texts/error_text.h"
 #include "texts/file_error_text.h"
 #include "texts/layer_names.h"
 #include "texts/string_table.h"
+#include "win/platform_error.h"
 
 #include "ids.h"
 
@@ -108,6 +110,7 @@ TEST(FileErrorText, IsTheCommandLinesInEnglishAndTranslated) {
     const std::error_code missing = std::make_error_code(std::errc::no_such_file_or_directory);
     EXPECT_EQ(FileError(missing).fault(), FileFault::kNotFound);
     EXPECT_EQ(file_error_text(FileError("in other words")), L"in other words");
+    EXPECT_FALSE(error_text(PlatformError(ERROR_PATH_NOT_FOUND)).empty());
 }
 
 } // namespace
