@@ -17,7 +17,7 @@ inline std::string utf8_text(const std::filesystem::path& path) {
     return {text.begin(), text.end()};
 }
 
-// Windows only, between UTF-8 and UTF-16. What is not well formed becomes U+FFFD.
+/// Between UTF-8 and UTF-16; Windows only. What is not well formed becomes U+FFFD.
 std::wstring wide_text(std::string_view utf8);
 std::string narrow_text(std::wstring_view utf16);
 
