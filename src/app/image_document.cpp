@@ -5,7 +5,7 @@
 #include "image/size_limit.h"
 #include "process/tone.h"
 #include "settings/catalogue.h"
-#include "settings/string_table.h"
+#include "texts/string_table.h"
 
 #include "ids.h"
 

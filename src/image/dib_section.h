@@ -3,7 +3,7 @@
 
 #include "image/gdi_handles.h"
 #include "image/image_view.h"
-#include "platform/pixel_store.h"
+#include "image/pixel_store.h"
 
 #include <cstdint>
 #include <memory>
