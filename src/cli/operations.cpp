@@ -16,7 +16,7 @@
 namespace kelvane {
 namespace {
 
-// The engine refuses only pictures without pixels; a failed allocation is what leads to those.
+// With valid arguments the engine refuses only empty pictures, which come from failed allocations.
 void require(bool done) {
     if (!done) throw FileError(FileFault::kNoMemory);
 }

@@ -1,4 +1,4 @@
-// cImageProcessDIB, the engine's face: what the windows and the command line call.
+// cImageProcessDIB, the engine's interface to windows and command line.
 #pragma once
 
 #include "base/random_source.h"
@@ -81,7 +81,7 @@ class cImageProcessDIB {
     bool GrayScale(cDIBSection& cImage);
     bool Fade(cDIBSection& cImage, int level);
     bool Lighten(cDIBSection& cImage, int percent);
-    /// `fSaturation` is not looked at: pixels keep theirs.
+    /// `fSaturation` is ignored: pixels keep theirs.
     bool Colourise(cDIBSection& cImage, float fHue, float fSaturation = 0);
     bool AddNoise(cDIBSection& cImage, int percent, bool bRandom = false);
     bool NegativeImage(cDIBSection& cImage);

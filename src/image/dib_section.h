@@ -32,7 +32,7 @@ class cDIBSection {
     /// Replaces the picture by a black one of the given size. False, and empty, when that
     /// size does not fit or there is no memory left.
     bool Create(int lWidth, int lHeight) { return create(lWidth, lHeight, nullptr); }
-    /// Gives the pixels back; the object is empty and can be created anew.
+    /// Frees the pixels. The object is empty afterwards; `Create` may be called again.
     void ClearUp();
 
     int Width() const { return width_; }

@@ -1,4 +1,4 @@
-// The inner loops of resampling, once for every processor level.
+// The inner loops of resampling, one set for each kind of processor.
 #pragma once
 
 #include <cstdint>

@@ -22,7 +22,7 @@ BITMAPINFO bitmap_info(int width, int height, std::size_t bytes_per_row) {
 
 class GdiStore final : public PixelStore {
   public:
-    /// Takes what it can get; `ready` says whether that was everything.
+    /// Handles may be missing afterwards; see `ready`.
     GdiStore(int width, int height, std::size_t bytes_per_row, HDC like)
         : context_(CreateCompatibleDC(like)) {
         if (context_ == nullptr) return;
@@ -40,7 +40,7 @@ class GdiStore final : public PixelStore {
 
     bool ready() const { return bitmap_ != nullptr; }
     std::uint8_t* bits() override {
-        GdiFlush(); // drawing that GDI still holds back has to be in the bytes
+        GdiFlush(); // GDI batches drawing: finish it before the bytes are read
         return static_cast<std::uint8_t*>(bits_);
     }
     HDC device_context() const override { return context_; }

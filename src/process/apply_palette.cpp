@@ -1,5 +1,5 @@
-// Row by row through strips of columns gives the same picture as column by column, as long as each
-// pixel takes its left neighbour's error before that of the row before.
+// The walk is row by row inside strips of columns. It gives the same picture as column by column,
+// as long as each pixel adds its left neighbour's error before that of the row before.
 #include "base/cpu.h"
 #include "process/closest_colour.h"
 #include "process/column_strips.h"

@@ -30,8 +30,8 @@ struct RunStarts {
 /// is its own parent.
 struct RunForest {
     RunNumber* parent;
-    /// First the ones in all runs before this one, later the ones of this one, at last those of a
-    /// root's whole tree.
+    /// Changes its meaning from pass to pass: the ones in all runs before this one, then the ones
+    /// of this run, then for a root those of its whole tree.
     std::uint32_t* pixels;
 };
 

@@ -1,6 +1,6 @@
-// The text of the inner loops over runs, compiled once per processor level: everything has internal
-// linkage and nothing comes from the standard library, so that the linker never hands one level's
-// code to another.
+// The inner loops over runs, compiled once per processor level: everything has internal linkage and
+// nothing comes from the standard library, so that the linker cannot merge code of different
+// levels.
 
 #include "process/area_rows.h"
 

@@ -8,11 +8,11 @@
 
 namespace kelvane {
 
-/// Up to this many pixels an operation at the speed of memory is over before anyone waits for it.
+/// Up to this many pixels a memory-bound operation is too short to need progress.
 inline constexpr std::int64_t kQuickPixels = 16'000'000;
-/// Strips of larger pictures: steps in which their progress shows.
+/// Number of strips, and so of visible progress steps, for larger pictures.
 inline constexpr int kStrips = 8;
-/// Pixels per strip where the row before is carried along, which is to stay near the processor.
+/// Pixels per strip where the row before is kept; it has to stay in the first-level cache.
 inline constexpr int kNarrowStripPixels = 1024;
 
 /// Columns of a strip for operations whose pixels carry nothing along. Whole rows stream best from
@@ -22,11 +22,11 @@ inline int strip_pixels(int width, int height) {
     return std::max(quick ? width : width / kStrips, 32);
 }
 
-/// Calls on_span(x, count, y) for `count` pixels from (x, y) until every pixel of the columns
-/// from `first` on was met once, and reports each column by its byte offset when it is finished.
-/// Columns finish in ascending order, but walking one at a time would touch a cache line for
-/// three bytes: the walk goes through strips of columns, rows ascending inside a strip of
-/// `strip` pixels, the last one apart.
+/// Calls on_span(x, count, y) for `count` pixels from (x, y) until every pixel of the columns from
+/// `first` on was visited once, and reports each column by its byte offset when it is finished.
+/// Columns finish in ascending order, but walking one at a time would touch a cache line for three
+/// bytes: the walk goes through strips of columns, rows ascending inside a strip of `strip` pixels,
+/// the last one apart.
 template <typename OnSpan>
 void walk_columns(int first, int width, int height, const ProgressReporter& progress,
                   OnSpan on_span, int strip) {

@@ -13,8 +13,8 @@ namespace kelvane {
 // The loops run over the target; the source must be at least as large. These operations report
 // `Complete` only.
 
-/// Brightness is 929 G + 71 B, red apart. The target keeps the pixel with the *smaller* one for
-/// AddLightest, with the larger one for AddDarkest, its own when they are equal.
+/// Brightness is 929 G + 71 B; red does not count. The target keeps the pixel with the *smaller*
+/// one for AddLightest, with the larger one for AddDarkest, its own when they are equal.
 void AddLightest(ConstImageView from, ImageView to, ProgressObserver* observer = nullptr);
 void AddDarkest(ConstImageView from, ImageView to, ProgressObserver* observer = nullptr);
 

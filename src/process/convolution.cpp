@@ -19,8 +19,7 @@ bool fits_narrow(const FilterKernel& kernel) {
     return kernel.weight() > 0 && largest <= 32767;
 }
 
-// The place of the kernel's column i among the different ones found so far, it being added when
-// it is new.
+// Index of the kernel's column i among the distinct columns; a new one is added.
 int place_of_column(NarrowKernel& narrow, const FilterKernel& kernel, int i) {
     std::int16_t* column = narrow.cell[narrow.columns];
     for (int j = -kernel.half(); j <= kernel.half(); ++j)
@@ -65,7 +64,7 @@ class Convolver {
         : row_step_(row_step), taps_(taps_of(kernel, row_step)), narrow_(fits_narrow(kernel)) {
         if (!narrow_) return;
         columns_ = narrow_kernel(kernel);
-        // Sharing columns pays for large kernels that have few different ones.
+        // Sharing columns pays for large kernels with few distinct ones.
         const bool shares = kernel.size() > 3 && columns_.columns < kernel.size();
         few_ = rows_.few && !shares && fits_bytes(taps_);
     }
@@ -88,7 +87,7 @@ class Convolver {
     bool few_ = false;
 };
 
-// Larger kernels take long enough to be watched.
+// Larger kernels are slow enough to need progress in smaller steps.
 int strip_for(const FilterKernel& kernel, ConstImageView picture) {
     const int strip = strip_pixels(picture.width, picture.height);
     return kernel.size() <= 5 ? strip : std::min(strip, kLongestSpan / 3);

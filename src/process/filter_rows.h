@@ -1,4 +1,4 @@
-// The inner loops of filters and sums over one span of a row, once for every processor level.
+// The inner loops of filters and sums over one span of a row, one set for each kind of processor.
 #pragma once
 
 #include <cstddef>

@@ -1,7 +1,7 @@
-// The text of the inner loops, compiled once per processor level: everything has internal linkage
-// and nothing comes from the standard library, so that the linker never hands one level's code to
-// another. The file that includes this one provides `PairLanes`, the level's vector of sums, and
-// `kFew`, its entry of that name.
+// The inner loops, compiled once per processor level: everything has internal linkage and nothing
+// comes from the standard library, so that the linker cannot merge code of different levels. The
+// file that includes this one provides `PairLanes`, the level's vector of sums, and `kFew`, its
+// entry of that name.
 //
 // Most loops are plain and left to the compiler's vectorizer; the arithmetic is chosen to fit the
 // narrowest lanes that hold it.

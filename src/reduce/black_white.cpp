@@ -62,7 +62,8 @@ void copy_unwritten(ImageView destination, ImageView source) {
 } // namespace
 
 void BlackAndWhite(ImageView source, ImageView destination, int limit, ProgressObserver* observer) {
-    // The sums decide without a grey picture in between; GrayScale's events still come first.
+    // Weighted sums are compared directly, without a grey picture; receivers still expect
+    // GrayScale's events.
     const ProgressReporter progress(observer);
     report_all_columns(source.width, ProgressReporter(observer));
     weigh_columns(source, destination, dark_by_grey(limit), progress);

@@ -88,7 +88,7 @@ TEST(PictureReader, OrientationIsHonoured) {
     }
 }
 
-// A JPEG file with a small one, whose end mark is not the file's, in its headers.
+// A JPEG file with a thumbnail in its headers; the thumbnail's end mark is not the file's.
 FileBytes with_thumbnail(const FileBytes& jpeg) {
     const auto length = static_cast<std::uint8_t>(jpeg.size() + 2 - 256);
     return FileBytes{0xFF, 0xD8, 0xFF, 0xE1, 1, length} + jpeg +
