@@ -1,4 +1,4 @@
-// What the bytes of a picture file tell without a decoder.
+// The checks for completeness on the bytes of a picture file.
 #include "image/completeness.h"
 #include "image/gif_format.h"
 #include "image/icon_format.h"

@@ -1,6 +1,5 @@
 #include "app/image_window.h"
 
-#include "app/picture_clipboard.h"
 #include "base/file_error.h"
 #include "texts/error_text.h"
 #include "texts/string_table.h"
@@ -192,7 +191,7 @@ void frmImage::bring_to_front() {
 }
 
 void frmImage::CopyImage() {
-    if (!CopyToClipboard(document_.picture(), main_.frame(), false))
+    if (!document_.picture().CopyToClipboard(false, main_.frame()))
         main_.show_error(IDS_IMAGE_COPY_ERROR, {});
 }
 
@@ -266,7 +265,7 @@ void frmImage::paint() {
     const cDIBSection& picture = document_.picture();
     const int x = -position(0);
     const int y = -position(1);
-    if (!picture.empty()) PaintPicture(picture, paint.context(), x, y);
+    if (!picture.empty()) picture.PaintPicture(paint.context(), x, y);
     ExcludeClipRect(paint.context(), x, y, x + picture.Width(), y + picture.Height());
     FillRect(paint.context(), &paint.area(), GetSysColorBrush(COLOR_APPWORKSPACE));
 }

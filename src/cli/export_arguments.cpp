@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace kelvane {
@@ -21,14 +22,22 @@ constexpr double kLargestPixel = 1e9;
 
 // A choice on the command line and the number that the options know it by.
 struct Choice {
-    const char* name;
+    std::string_view name;
     std::int16_t value;
 };
+// The entries of a table, known by their positions.
+template <class Entry, std::size_t N, class Name>
+constexpr std::array<Choice, N> by_position(const std::array<Entry, N>& table, Name name) {
+    std::array<Choice, N> choices{};
+    for (std::size_t i = 0; i < N; ++i)
+        choices[i] = {std::invoke(name, table[i]), static_cast<std::int16_t>(i)};
+    return choices;
+}
+
 constexpr std::array kUnitChoices{Choice{"mil", 0}, Choice{"inch", 1}, Choice{"mic", 2},
                                   Choice{"mm", 3}};
-constexpr std::array kEagleChoices{Choice{"4", 0}, Choice{"3", 1}, Choice{"2", 2}};
-constexpr std::array kShapeChoices{Choice{"polygon", kShapePolygon}, Choice{"wire", kShapeWire},
-                                   Choice{"rectangle", kShapeRectangle}};
+constexpr auto kEagleChoices = by_position(kEagleVersions, &EagleVersion::number);
+constexpr auto kShapeChoices = by_position(kShapeNames, std::identity());
 constexpr std::array kTraceChoices{Choice{"full", 1}, Choice{"lines", 0}};
 
 template <std::size_t N>

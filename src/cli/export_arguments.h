@@ -13,12 +13,12 @@ namespace kelvane {
 struct ExportArguments {
     PictureRequest picture;
     std::string output;
-    std::string layer = "20";
+    std::string layer = std::to_string(ExportOptions().lay);
     std::string unit = "mil";
     std::string size = "1";
-    std::string eagle = "4";
+    std::string eagle{kEagleVersions.front().number};
     std::string trace = "full";
-    std::string shape = "polygon";
+    std::string shape{kShapeNames.front()};
     bool stats = false;
 };
 

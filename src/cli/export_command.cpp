@@ -37,7 +37,7 @@ ExitCode export_picture(const ExportArguments& arguments, const Console& console
     const PictureJob job(arguments.picture);
     const std::string output = output_name(arguments);
     refuse_to_overwrite(job.inputs(), output);
-    // Before the file behind standard output is replaced, if it is the same.
+    // Asked now: the file behind standard output may be the one that the script replaces.
     std::ostream& stats = is_standard_output(output) ? console.error : console.out;
 
     ConsoleProgress progress(console);

@@ -24,7 +24,7 @@ bool begins_frame(std::uint8_t marker) {
            marker != 0xCC;
 }
 
-// Reads the segments and follows the scans of a file.
+// Reads the segments and parses the scans of a file.
 class Reader {
   public:
     explicit Reader(Bytes file) : file_(file), segments_(file) {}
@@ -161,7 +161,7 @@ class Reader {
                });
     }
 
-    // Encoders write some ten scans; a file of very many is made to keep a decoder busy.
+    // Encoders write some ten scans; a file of very many is an attempt to occupy the decoder.
     static constexpr int kMostScans = 100;
     static constexpr std::uint64_t kAllCoefficients = ~std::uint64_t{0};
 

@@ -11,11 +11,10 @@ namespace kelvane {
 
 class UprightPicture;
 
-/// Reads the picture in `file`; transparent pixels come out as seen on white paper, a
-/// photograph's orientation mark is honoured. Of several images the first is taken, of an icon the
-/// largest, of an animation the whole canvas with its first frame. Throws `FileError` with the
-/// cause (without the file's name) when there is none to be had, as for a file that holds only a
-/// part of its picture.
+/// Reads the picture in `file`; transparent pixels are composed on white, and the orientation mark
+/// is applied. Of several images the first is taken, of an icon the largest, of an animation the
+/// whole canvas with its first frame. Throws `FileError` with the cause (without the file's name)
+/// when no picture can be read; truncated files are refused.
 cDIBSection read_picture(const std::filesystem::path& file);
 
 /// The same for a picture file's bytes.

@@ -11,7 +11,7 @@ std::size_t bytes_of_type(std::uint32_t type) {
     return type < std::size(kBytes) ? kBytes[type] : 0;
 }
 
-// Of some values, only the last one can be missing alone.
+// Values lie one after the other: when the last one is inside the file, all are.
 bool holds_values(const TiffValues& values) {
     return values.count() == 0 || values.at(values.count() - 1);
 }

@@ -1,4 +1,4 @@
-// Decoded rows become a picture: on white paper and the right way up.
+// Assembles decoded rows into a picture: composed on white and turned upright.
 #pragma once
 
 #include "image/dib_section.h"
@@ -19,13 +19,13 @@ struct PixelLayout {
     bool premultiplied = false;
 };
 
-/// What a channel of straight alpha shows on white paper, rounded to the nearest; alpha 0 gives
-/// 255 and alpha 255 the channel, exactly.
+/// A channel with straight alpha composed on white, rounded to the nearest; alpha 0 gives 255 and
+/// alpha 255 the channel, exactly.
 constexpr std::uint8_t on_white(int channel, int alpha) {
     return static_cast<std::uint8_t>((channel * alpha + 255 * (255 - alpha) + 127) / 255);
 }
 
-/// The same for a channel that is multiplied by its alpha; one above its alpha shows as white.
+/// The same for premultiplied alpha; a channel above its alpha gives white.
 constexpr std::uint8_t premultiplied_on_white(int channel, int alpha) {
     return static_cast<std::uint8_t>(channel > alpha ? 255 : channel + 255 - alpha);
 }

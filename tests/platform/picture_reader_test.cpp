@@ -53,12 +53,12 @@ TEST(PictureReader, TransparencyShowsWhitePaper) {
 
 // Channels of 128 and alpha 128; offset 138 says whether the channels are multiplied by it.
 TEST(PictureReader, PremultipliedAlpha) {
-    const FileBytes colours = data_bytes("half.tif"), gray = data_bytes("half-gray.tif");
+    const FileBytes colours = data_bytes("half.tif"), grey = data_bytes("half-gray.tif");
     expect_quarters(colours, 4, 2, {{{127, 127, 255}, {127, 255, 127}, {255, 127, 127}, kWhite}});
     expect_quarters(patched(colours, 138, {2}), 4, 2,
                     {{{127, 127, 191}, {127, 191, 127}, {191, 127, 127}, kWhite}});
-    expect_quarters(gray, 4, 2, {{{127, 127, 127}, {191, 191, 191}, kWhite, kWhite}});
-    expect_quarters(patched(gray, 138, {2}), 4, 2,
+    expect_quarters(grey, 4, 2, {{{127, 127, 127}, {191, 191, 191}, kWhite, kWhite}});
+    expect_quarters(patched(grey, 138, {2}), 4, 2,
                     {{{127, 127, 127}, {159, 159, 159}, {191, 191, 191}, kWhite}});
 }
 
@@ -88,7 +88,7 @@ TEST(PictureReader, OrientationIsHonoured) {
     }
 }
 
-// A JPEG file with a small one, whose end mark is not the file's, in its headers.
+// A JPEG file with a thumbnail in its headers; the thumbnail's end mark is not the file's.
 FileBytes with_thumbnail(const FileBytes& jpeg) {
     const auto length = static_cast<std::uint8_t>(jpeg.size() + 2 - 256);
     return FileBytes{0xFF, 0xD8, 0xFF, 0xE1, 1, length} + jpeg +
