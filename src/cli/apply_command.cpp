@@ -16,6 +16,9 @@
 namespace kelvane {
 namespace {
 
+// A picture that holds anything else than white has a pixel up to this grey.
+constexpr int kOffWhite = 254;
+
 struct Request {
     PictureRequest picture;
     std::string output;
@@ -39,9 +42,11 @@ void apply_operations(const Request& request, const Console& console) {
     ConsoleProgress progress(console);
     cImageProcessDIB engine;
     engine.set_observer(&progress);
-    const cDIBSection picture = job.run(engine, console.in);
+    const OpenedPicture opened = job.run(engine, console.in, kOffWhite);
     with_file_name(shown_output(request.output),
-                   [&] { save_bitmap(picture.view(), utf8_path(request.output)); });
+                   [&] { save_bitmap(opened.picture.view(), utf8_path(request.output)); });
+    progress.wipe();
+    job.tell(opened.origin, console);
 }
 
 } // namespace

@@ -29,6 +29,9 @@ class JpegSegments {
     Bytes content_;
 };
 
+/// The TIFF structure in the EXIF segment of a JPEG file; empty without one.
+Bytes jpeg_exif(Bytes file_bytes);
+
 /// Whether the file runs to its end mark, every scan holds all of its blocks, and the scans bring
 /// all bits of all coefficients. The compressed data is followed without being decoded; of
 /// arithmetic coding only the markers are looked at.
