@@ -52,26 +52,28 @@ void add_size_arguments(CLI::App& command, SizeArguments& arguments) {
                     "--width or --height")
         ->default_str("mil")
         ->check(CLI::IsMember({"mil", "inch", "mic", "mm"}));
-    CLI::Option* const ways[] = {
-        command.add_option("--size", arguments.size, "edge of one pixel in the unit")
-            ->default_str("1")
-            ->type_name("X"),
-        command
-            .add_option("--width", arguments.width,
-                        "how wide the picture becomes, such as 20mm, 0.8in, 800mil or 500mic")
-            ->type_name("LENGTH"),
-        command.add_option("--height", arguments.height, "how high the picture becomes")
-            ->type_name("LENGTH"),
-        command
-            .add_option("--dpi", arguments.dpi,
-                        "pixels per inch; file: what the PNG, JPEG, BMP or TIFF file says")
-            ->type_name("N|file")};
-    for (CLI::Option* const one : ways)
-        for (CLI::Option* const other : ways)
-            if (one != other) one->excludes(other);
+    command.add_option("--size", arguments.size, "edge of one pixel in the unit")
+        ->default_str("1")
+        ->type_name("X");
+    command
+        .add_option("--width", arguments.width,
+                    "instead of --size: how wide the picture becomes, such as 20mm, 0.8in, 800mil "
+                    "or 500mic")
+        ->type_name("LENGTH");
+    command.add_option("--height", arguments.height, "instead of --size: how high it becomes")
+        ->type_name("LENGTH");
+    command
+        .add_option("--dpi", arguments.dpi,
+                    "instead of --size: pixels per inch; file: what the PNG, JPEG, BMP or TIFF "
+                    "file says")
+        ->type_name("N|file");
 }
 
 PixelSize::PixelSize(const SizeArguments& arguments) {
+    if (arguments.size.has_value() + arguments.width.has_value() + arguments.height.has_value() +
+            arguments.dpi.has_value() >
+        1)
+        throw UsageError("--size, --width, --height and --dpi exclude each other");
     Length side;
     if (arguments.width) {
         way_ = Way::kWidth;
