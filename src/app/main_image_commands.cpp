@@ -2,7 +2,6 @@
 #include "app/main_window.h"
 
 #include "app/busy.h"
-#include "app/error_text.h"
 #include "dialogs/frmCombination.h"
 #include "dialogs/frmCustomFilter.h"
 #include "dialogs/frmHue.h"
@@ -10,6 +9,7 @@
 #include "dialogs/frmNoise.h"
 #include "dialogs/frmPalette.h"
 #include "dialogs/frmSW.h"
+#include "texts/error_text.h"
 
 #include "ids.h"
 

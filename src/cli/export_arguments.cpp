@@ -1,12 +1,12 @@
 #include "cli/export_arguments.h"
 
+#include "base/output_file.h"
+#include "base/text.h"
 #include "cli/file_argument.h"
 #include "cli/layer_argument.h"
 #include "cli/length_argument.h"
 #include "cli/usage_error.h"
-#include "cli/utf8_path.h"
 #include "export/length.h"
-#include "platform/output_file.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,11 +1,11 @@
 #include "cli/export_command.h"
 
+#include "base/text.h"
 #include "cli/board_text.h"
 #include "cli/console_progress.h"
 #include "cli/exit_code.h"
 #include "cli/export_arguments.h"
 #include "cli/file_argument.h"
-#include "cli/utf8_path.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,10 +1,10 @@
 #include "cli/size_arguments.h"
 
+#include "base/file_error.h"
 #include "cli/length_argument.h"
 #include "cli/number_argument.h"
 #include "cli/usage_error.h"
 #include "export/length.h"
-#include "image/file_error.h"
 
 #include <CLI/CLI.hpp>
 

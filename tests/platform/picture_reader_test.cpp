@@ -131,8 +131,10 @@ TEST(PictureReader, OtherBytesAreAnErrorInOneLine) {
               "not a picture that can be read");
     EXPECT_EQ(cause_of({}), "the file is empty");
     // Seven bits a pixel: the decoder's own words, or the system's.
-    EXPECT_THAT(cause_of(patched(data_bytes("deep24.bmp"), 28, {7})),
-                ::testing::MatchesRegex("[^\n]*[^\n.]"));
+    const std::string cause = cause_of(patched(data_bytes("deep24.bmp"), 28, {7}));
+    EXPECT_GT(cause.size(), 10u);
+    EXPECT_EQ(cause.find('\n'), std::string::npos) << cause;
+    EXPECT_FALSE(cause.ends_with('.')) << cause;
 }
 
 TEST(PictureReader, SizesThatCannotBe) {
