@@ -122,7 +122,7 @@ std::string warning_text(BoardWarning warning, const BoardReport& report,
         break;
     }
     return many(report.objects, shape_name(options)) + " are more than EAGLE draws quickly (" +
-           std::to_string(kManyObjects) +
+           std::to_string(kMostObjects) +
            "); --op despeckle:N drops specks, --op resample:WIDTHxHEIGHT makes the picture smaller";
 }
 

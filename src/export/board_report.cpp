@@ -109,7 +109,7 @@ BoardReport check_board(ConstImageView reduced, const BoardQuestion& question) {
 
 void add_objects(BoardReport& report, const ExportReport& counts) {
     report.objects = counts.shapes + counts.bridges;
-    if (report.objects > kManyObjects) report.warnings.push_back(BoardWarning::kManyObjects);
+    if (report.objects > kMostObjects) report.warnings.push_back(BoardWarning::kManyObjects);
 }
 
 } // namespace kelvane

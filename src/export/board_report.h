@@ -36,11 +36,11 @@ enum class BoardWarning {
     kThinGaps,
     kOutlineLayer, ///< the board's outline, which is milled
     kNotMirrored,  ///< a layer seen from below, and the picture is not mirrored
-    kManyObjects,  ///< more than `kManyObjects`
+    kManyObjects,  ///< more than `kMostObjects`
 };
 
 /// Beyond this number of objects EAGLE takes minutes to draw.
-inline constexpr std::uint64_t kManyObjects = 20000;
+inline constexpr std::uint64_t kMostObjects = 20000;
 
 /// Lines or gaps.
 struct BoardWidths {
