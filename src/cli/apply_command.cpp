@@ -7,6 +7,7 @@
 #include "cli/picture_job.h"
 #include "cli/usage_error.h"
 #include "image/bitmap_file.h"
+#include "process/dark_bounds.h"
 
 #include <CLI/CLI.hpp>
 
@@ -15,9 +16,6 @@
 
 namespace kelvane {
 namespace {
-
-// A picture that holds anything else than white has a pixel up to this grey.
-constexpr int kOffWhite = 254;
 
 struct Request {
     PictureRequest picture;
@@ -42,7 +40,7 @@ void apply_operations(const Request& request, const Console& console) {
     ConsoleProgress progress(console);
     cImageProcessDIB engine;
     engine.set_observer(&progress);
-    const OpenedPicture opened = job.run(engine, console.in, kOffWhite);
+    const OpenedPicture opened = job.run(engine, console.in, kAnyGrey);
     with_file_name(shown_output(request.output),
                    [&] { save_bitmap(opened.picture.view(), utf8_path(request.output)); });
     progress.wipe();

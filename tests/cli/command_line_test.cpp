@@ -55,7 +55,7 @@ TEST_F(CommandLine, ExportWithDefaults) {
     EXPECT_EQ(
         outcome.out + outcome.error,
         "kelvane-cli: warning: lines thinner than 5.9 mil in 1 place, the thinnest 1.0 mil at "
-        "(1 1); --min-line sets what the board maker can print\n"
+        "(0 0); --min-line sets what the board maker can print\n"
         "kelvane-cli: warning: layer 20 (Dimension) is the outline of the board; the silk "
         "screen is --layer tPlace\n");
     EXPECT_EQ(file_text(folder_ / "in.scr"),
@@ -179,7 +179,7 @@ TEST_F(CommandLine, ATerminalGetsOneLine) {
     EXPECT_EQ(
         run({"export", path("in.bmp"), "-o", out, "--width", "20mm", "--layer", "21"}, true).error,
         "kelvane-cli: " + out +
-            ": picture 20.00 x 16.00 mm; ink 16.00 x 8.00 mm; 1 polygon, 182 bytes; thinnest "
+            ": picture 20.00 x 16.00 mm; ink 16.00 x 8.00 mm; 1 polygon, 185 bytes; thinnest "
             "line 8.000 mm\n");
 }
 
