@@ -145,24 +145,21 @@ TEST_F(CommandLine, ResolutionOfTheFile) {
 
 TEST_F(CommandLine, StrictLetsNoWarningPass) {
     save_bitmap(drawn({"####.", "#####"}).view(), folder_ / "in.bmp");
-    const std::vector<std::string> fine{"--width", "20mm", "--layer", "tPlace", "--strict"};
-    const auto with = [&](std::vector<std::string> more) {
-        more.insert(more.begin(), fine.begin(), fine.end());
-        return more;
+    const auto strict = [&](std::vector<std::string> more) {
+        more.insert(more.begin(), {"--strict", "--width", "20mm", "--layer"});
+        return export_in(more);
     };
-    EXPECT_EQ(export_in(fine).error, "");
-    EXPECT_EQ(export_in(with({"--unit", "mm", "--op", "mirror", "--op", "flip"})).exit_code, 0);
-    std::filesystem::remove(folder_ / "out.scr");
-    for (const std::vector<std::string>& more : {std::vector<std::string>{"--min-line", "20mm"},
-                                                 {"--op", "lighten:1000"},
-                                                 {"--layer", "20"}}) {
-        std::vector<std::string> options = with(more);
-        if (more[0] == "--layer") options.erase(options.begin() + 2, options.begin() + 4);
-        const Outcome outcome = export_in(options);
-        EXPECT_EQ(outcome.exit_code, kExitWarned) << testing::PrintToString(more) << outcome.error;
+    for (const std::vector<std::string>& warned :
+         {std::vector<std::string>{"20"}, {"bStop"}, {"tPlace", "--min-line", "20mm"}}) {
+        const Outcome outcome = strict(warned);
+        EXPECT_EQ(outcome.exit_code, kExitWarned) << testing::PrintToString(warned);
         EXPECT_THAT(outcome.error, HasSubstr("out.scr: not written, because of --strict\n"));
         EXPECT_FALSE(std::filesystem::exists(folder_ / "out.scr"));
     }
+    const Outcome fine = strict({"tPlace", "--op", "mirror"});
+    EXPECT_EQ(fine.exit_code, kExitDone);
+    EXPECT_EQ(fine.error, "");
+    EXPECT_THAT(file_text(folder_ / "out.scr"), StartsWith("Grid mm;"));
     // Out of range is no warning, and mirroring twice is none.
     EXPECT_EQ(export_in({"--width", "900mm", "--layer", "bStop", "--mirror", "--strict"}).exit_code,
               kExitOutOfRange);
