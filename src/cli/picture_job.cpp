@@ -11,6 +11,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <exception>
 #include <limits>
 #include <ostream>
 
@@ -47,12 +48,25 @@ PictureJob::PictureJob(const PictureRequest& request)
 OpenedPicture PictureJob::run(cImageProcessDIB& engine, std::istream& standard_input,
                               int visible) const {
     const std::vector<std::uint8_t> file = read(standard_input);
-    OpenedPicture opened = open(file, transparency_.value_or(Transparency::kPaper), engine);
-    if (transparency_ || DarkBounds(opened.picture.view(), visible)) return opened;
+    if (transparency_) return open(file, *transparency_, engine);
+    const auto shows = [&](const OpenedPicture& opened) {
+        return DarkBounds(opened.picture.view(), visible).has_value();
+    };
+    OpenedPicture paper;
+    std::exception_ptr failure;
+    try {
+        paper = open(file, Transparency::kPaper, engine);
+        if (shows(paper)) return paper;
+    } catch (const FileError&) {
+        failure = std::current_exception(); // trim fails where nothing is dark
+    }
     OpenedPicture ink = open(file, Transparency::kInk, engine);
-    if (!DarkBounds(ink.picture.view(), visible)) return opened;
-    ink.origin.ink_instead_of_nothing = true;
-    return ink;
+    if (shows(ink)) {
+        ink.origin.ink_instead_of_nothing = true;
+        return ink;
+    }
+    if (failure) std::rethrow_exception(failure);
+    return paper;
 }
 
 std::vector<std::uint8_t> PictureJob::read(std::istream& standard_input) const {

@@ -198,6 +198,7 @@ TEST_F(CommandLine, TransparentPictures) {
     std::string gif = file_text(data + "transparent.gif");
     write_text(folder_ / "white.gif", gif.replace(13, 12, std::string(12, '\xFF')));
     EXPECT_EQ(dark_pixels(path("white.gif"), {}), "256, ink");
+    EXPECT_EQ(dark_pixels(path("white.gif"), {"--op", "trim"}), "256, ink");
     EXPECT_EQ(dark_pixels(path("white.gif"), {"--alpha", "paper"}), "0");
     EXPECT_EQ(dark_pixels(path("white.gif"), {"--op", "negative"}),
               "512"); // paper leaves something
