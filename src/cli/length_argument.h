@@ -19,10 +19,12 @@ struct Length {
 /// The largest length, in whatever unit: no board is larger, and coordinates stay finite.
 inline constexpr double kLargestLength = 1e9;
 
+/// Whether 0 is a length.
+enum class LeastLength { kZero, kAboveZero };
+
 /// `text` as a decimal number, directly followed by mm, mil, in, inch or mic or by nothing. Throws
 /// `UsageError` that begins with `name` for all else, and for numbers below `least` or above
 /// `kLargestLength`.
-enum class LeastLength { kZero, kAboveZero };
 Length length_argument(std::string_view name, std::string_view text, LeastLength least);
 
 } // namespace kelvane
