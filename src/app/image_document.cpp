@@ -3,6 +3,7 @@
 #include "image/bitmap_file.h"
 #include "image/picture_reader.h"
 #include "image/size_limit.h"
+#include "process/dark_bounds.h"
 #include "process/tone.h"
 #include "settings/catalogue.h"
 #include "texts/string_table.h"
@@ -29,10 +30,17 @@ cDIBSection resampled(const cDIBSection& picture, int width, int height) {
     return result;
 }
 
+// A picture that white paper would leave blank is shown as ink, if it has transparent pixels.
+cDIBSection visible_picture(const std::filesystem::path& file) {
+    cDIBSection picture = read_picture(file);
+    if (DarkBounds(picture.view(), kAnyGrey)) return picture;
+    return read_picture(file, Transparency::kInk);
+}
+
 // Empty for a picture without pixels, which is refused without a message.
 cDIBSection picture_of_any_size(const std::filesystem::path& file) {
     try {
-        return read_picture(file);
+        return visible_picture(file);
     } catch (const FileError& error) {
         if (error.fault() != FileFault::kNoPixels) throw;
         return {};

@@ -199,6 +199,15 @@ bool JpegSegments::next() {
     return true;
 }
 
+Bytes jpeg_exif(Bytes file_bytes) {
+    constexpr std::uint8_t kApp1 = 0xE1;
+    constexpr std::string_view kExif{"Exif\0\0", 6};
+    for (JpegSegments segments(file_bytes); segments.next();)
+        if (segments.marker() == kApp1 && begins_with(segments.content(), kExif))
+            return segments.content().subspan(kExif.size());
+    return {};
+}
+
 Completeness jpeg_completeness(Bytes file_bytes) {
     return Reader(file_bytes).completeness();
 }

@@ -29,6 +29,9 @@ class JpegSegments {
     Bytes content_;
 };
 
+/// The TIFF structure in the EXIF segment of a JPEG file; empty without one.
+Bytes jpeg_exif(Bytes file_bytes);
+
 /// Whether the file reaches its end mark, every scan holds all of its blocks, and the scans
 /// together hold all bits of all coefficients. Huffman codes are parsed without decoding samples;
 /// of arithmetic coding only the markers are checked.

@@ -51,6 +51,18 @@ TEST(PictureReader, TransparencyShowsWhitePaper) {
     expect_quarters("transparent.gif", 32, 16, {{kRed, kWhite, kBlue, kWhite}});
 }
 
+// What is opaque is black, whatever its colour; a picture without transparency stays as it is.
+TEST(PictureReader, TransparencyAsInk) {
+    const auto difference = [](const char* name, const Quarters& expected) {
+        return largest_difference(decode_picture(data_bytes(name), Transparency::kInk), expected);
+    };
+    constexpr std::array<int, 3> kBlack{0, 0, 0}, kHalf{127, 127, 127};
+    EXPECT_EQ(difference("alpha.png", {{kBlack, kWhite, kHalf, kWhite}}), 0);
+    EXPECT_EQ(difference("transparent.gif", {{kBlack, kWhite, kBlack, kWhite}}), 0);
+    EXPECT_EQ(difference("half.tif", {{kHalf, kHalf, kHalf, kWhite}}), 0);
+    EXPECT_EQ(difference("deep.png", kFourColours), 0);
+}
+
 // Channels of 128 and alpha 128; offset 138 says whether the channels are multiplied by it.
 TEST(PictureReader, PremultipliedAlpha) {
     const FileBytes colours = data_bytes("half.tif"), grey = data_bytes("half-gray.tif");
