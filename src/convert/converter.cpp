@@ -1,6 +1,6 @@
 #include "convert/converter.h"
 
-#include "convert/command_line.h"
+#include "convert/quoted_argument.h"
 #include "settings/catalogue.h"
 
 #include <windows.h>

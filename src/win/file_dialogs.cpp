@@ -1,6 +1,7 @@
 #include "win/file_dialogs.h"
 
 #include "win/platform_error.h"
+#include "win/text_or_null.h"
 
 #include <cderr.h>
 #include <commdlg.h>
@@ -11,10 +12,6 @@ namespace kelvane::win {
 namespace {
 
 constexpr std::size_t kLongestPath = 32768;
-
-const wchar_t* text_or_null(const std::wstring& text) {
-    return text.empty() ? nullptr : text.c_str();
-}
 
 // The system separates by zeros, and a second zero ends the list.
 std::wstring system_filter(std::wstring filter) {

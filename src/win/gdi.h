@@ -33,15 +33,12 @@ template <class Handle, auto Destroy> class Owned {
 };
 
 using Bitmap = Owned<HBITMAP, DeleteObject>;
-using Brush = Owned<HBRUSH, DeleteObject>;
 using Icon = Owned<HICON, DestroyIcon>;
 using Font = Owned<HFONT, DeleteObject>;
-using Menu = Owned<HMENU, DestroyMenu>;
 using AcceleratorTable = Owned<HACCEL, DestroyAcceleratorTable>;
 using Module = Owned<HMODULE, FreeLibrary>;
 /// A device context from CreateCompatibleDC.
 using MemoryContext = Owned<HDC, DeleteDC>;
-using GlobalBlock = Owned<HGLOBAL, GlobalFree>;
 
 /// An object selected into a device context; the previous one comes back at the end.
 class Selected {

@@ -1,6 +1,6 @@
 // The console program that the console runner's tests run. Its first argument says what to do;
 // those of a converter make it one that cannot convert.
-#include "convert/command_line.h"
+#include "convert/quoted_argument.h"
 #include "convert/exec.h"
 #include "convert/private_folder.h"
 

@@ -1,4 +1,4 @@
-#include "convert/command_line.h"
+#include "convert/quoted_argument.h"
 #include "convert/exec.h"
 #include "convert/get_cmd_output.h"
 #include "win/unique_handle.h"

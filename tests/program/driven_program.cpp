@@ -1,6 +1,6 @@
 #include "driven_program.h"
 
-#include "convert/command_line.h"
+#include "convert/quoted_argument.h"
 #include "support/windows/modal_script.h"
 #include "win/dialog.h"
 

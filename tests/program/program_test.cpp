@@ -2,7 +2,7 @@
 #include "driven_program.h"
 
 #include "app/commands.h"
-#include "convert/command_line.h"
+#include "convert/quoted_argument.h"
 #include "convert/get_cmd_output.h"
 #include "settings/catalogue.h"
 #include "settings/string_table.h"
