@@ -10,14 +10,15 @@
 namespace kelvane {
 
 class frmImage;
-class mfrmMain;
+class MainServices;
 
-/// What a command does: an operation on the active document, or more than that for the active
-/// document's form, or something that needs no document. Without an action it is shown greyed.
+/// What a command does. An operation is run on the active document, which is then drawn; a form
+/// command gets the active document's form; a main command needs no document. A command without
+/// an action is shown greyed.
 using Operation = void (*)(ImageDocument&);
-using FormAction = void (mfrmMain::*)(frmImage&);
-using MainAction = void (mfrmMain::*)();
-using Action = std::variant<std::monostate, Operation, FormAction, MainAction>;
+using FormCommand = void (*)(MainServices&, frmImage&);
+using MainCommand = void (*)(MainServices&);
+using Action = std::variant<std::monostate, Operation, FormCommand, MainCommand>;
 
 /// A key that works without the menu.
 struct Shortcut {

@@ -50,8 +50,7 @@ std::wstring cause_of(const std::exception& error) {
 
 } // namespace
 
-frmImage::frmImage(MainServices& main, HWND mdi_client)
-    : main_(main), mdi_client_(mdi_client), document_(main.settings(), this) {}
+frmImage::frmImage(DocumentServices& main) : main_(main), document_(main.settings(), this) {}
 
 void frmImage::create() {
     WNDCLASSEXW window_class{};
@@ -61,7 +60,7 @@ void frmImage::create() {
     register_class(window_class);
     expect_window();
     if (CreateMDIWindowW(kClassName, caption().c_str(), WS_HSCROLL | WS_VSCROLL, CW_USEDEFAULT,
-                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, mdi_client_,
+                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, main_.mdi_client(),
                          GetModuleHandleW(nullptr), 0) == nullptr)
         throw PlatformError(GetLastError());
 }
@@ -110,8 +109,8 @@ void frmImage::fit_window() {
     if (IsZoomed(window()) || IsIconic(window())) return;
     RECT own{}, room{};
     GetWindowRect(window(), &own);
-    MapWindowPoints(nullptr, mdi_client_, reinterpret_cast<POINT*>(&own), 2);
-    GetClientRect(mdi_client_, &room);
+    MapWindowPoints(nullptr, main_.mdi_client(), reinterpret_cast<POINT*>(&own), 2);
+    GetClientRect(main_.mdi_client(), &room);
     const SIZE view = view_size();
     const LONG frame_width = own.right - own.left - view.cx;
     const LONG frame_height = own.bottom - own.top - view.cy;
@@ -144,12 +143,13 @@ std::wstring frmImage::caption() const {
 // MDI's list of windows is made of captions, but not by itself when one changes.
 void frmImage::loadLanguage() {
     SetWindowTextW(window(), caption().c_str());
-    SendMessageW(mdi_client_, WM_MDIREFRESHMENU, 0, 0);
+    SendMessageW(main_.mdi_client(), WM_MDIREFRESHMENU, 0, 0);
 }
 
-std::wstring frmImage::size_text() const {
-    return std::to_wstring(document_.ImageWidth()) + L" x " +
-           std::to_wstring(document_.ImageHeight());
+void frmImage::show_status() const {
+    main_.SetStatus(L"#", document_.FileTitle(),
+                    std::to_wstring(document_.ImageWidth()) + L" x " +
+                        std::to_wstring(document_.ImageHeight()));
 }
 
 bool frmImage::SaveFile() {
@@ -162,7 +162,7 @@ bool frmImage::SaveFile() {
             document_.save(*file);
             main_.AddMRUFile(*file, false);
             loadLanguage();
-            main_.form_activated(*this); // its title has changed
+            show_status(); // the title has changed
             main_.SetStatus(L"", L"#", L"#");
         }
     } catch (const std::exception& error) {
@@ -187,7 +187,7 @@ bool frmImage::QuerySave() {
 // The question speaks of a picture that the user sees.
 void frmImage::bring_to_front() {
     if (IsIconic(main_.frame())) ShowWindow(main_.frame(), SW_RESTORE);
-    SendMessageW(mdi_client_, IsIconic(window()) ? WM_MDIRESTORE : WM_MDIACTIVATE,
+    SendMessageW(main_.mdi_client(), IsIconic(window()) ? WM_MDIRESTORE : WM_MDIACTIVATE,
                  reinterpret_cast<WPARAM>(window()), 0);
 }
 
@@ -249,7 +249,7 @@ LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
         if (key(w)) return 0;
         break;
     case WM_MDIACTIVATE:
-        if (reinterpret_cast<HWND>(l) == window()) main_.form_activated(*this);
+        if (reinterpret_cast<HWND>(l) == window()) show_status();
         if (reinterpret_cast<HWND>(w) == window()) main_.form_deactivated(*this);
         break;
     case WM_CLOSE:

@@ -1,8 +1,8 @@
 // frmImage, the window of one document.
 #pragma once
 
+#include "app/document_services.h"
 #include "app/image_document.h"
-#include "app/main_services.h"
 #include "image/progress.h"
 #include "win/window.h"
 
@@ -17,10 +17,9 @@ namespace kelvane {
 /// document needs to open, save and close. It relays the engine's events to the main window.
 class frmImage : public win::Window, private ProgressObserver {
   public:
-    /// Without a window until the document has its picture, by `OpenFile`, `OpenFile2` or
-    /// `show_new`, which show it inside the MDI client and throw `PlatformError` when there can be
-    /// no window. `main` outlives the form.
-    frmImage(MainServices& main, HWND mdi_client);
+    /// Makes no window yet: `OpenFile`, `OpenFile2` and `show_new` do so when the document has its
+    /// picture, and throw `PlatformError` when the window cannot be made. `main` outlives the form.
+    explicit frmImage(DocumentServices& main);
 
     ImageDocument& document() { return document_; }
     const ImageDocument& document() const { return document_; }
@@ -45,8 +44,8 @@ class frmImage : public win::Window, private ProgressObserver {
     void Render();
     /// Sets the window's caption in the program's language.
     void loadLanguage();
-    /// "<width> x <height>" of the picture.
-    std::wstring size_text() const;
+    /// Writes the document's title and "<width> x <height>" of its picture to the status line.
+    void show_status() const;
 
   protected:
     LRESULT on_message(UINT message, WPARAM w, LPARAM l) override;
@@ -89,8 +88,7 @@ class frmImage : public win::Window, private ProgressObserver {
 
     void paint();
 
-    MainServices& main_;
-    HWND mdi_client_;
+    DocumentServices& main_;
     ImageDocument document_;
     std::array<int, 2> wheel_rest_{}; // turns too small for a step yet
     bool laying_out_ = false;

@@ -2,14 +2,13 @@
 
 #include "app/command_table.h"
 #include "app/error_text.h"
-#include "app/shell_errors.h"
+#include "app/form_operations.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
 #include "settings/string_table.h"
 #include "win/dialog.h"
 #include "win/message_box.h"
 #include "win/platform_error.h"
-#include "win/shell.h"
 
 #include "ids.h"
 
@@ -22,7 +21,6 @@ namespace {
 
 constexpr const wchar_t* kClassName = L"KelvaneMain";
 constexpr const wchar_t* kHelpFile = L"\\EAGLE_Kelvane.chm";
-constexpr DWORD kPaintPause = 50; // milliseconds between two repaints in an operation
 
 // Not shared: the system would answer with the icon of any size that was loaded first.
 win::Icon program_icon(int width_metric, int height_metric) {
@@ -41,11 +39,7 @@ void set_language(const SettingsFile& settings) {
             LoadString(IDS_NO_SUCH_LANGUAGE, {settings.file().wstring(), std::to_wstring(offset)}));
 }
 
-bool is_input(UINT message) {
-    return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
-           (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) ||
-           (message >= WM_NCMOUSEMOVE && message <= WM_NCXBUTTONDBLCLK);
-}
+template <class... Visitors> struct Overloaded : Visitors... { using Visitors::operator()...; };
 
 } // namespace
 
@@ -105,18 +99,6 @@ bool mfrmMain::create_children() {
     return status_bar_.window() != nullptr && mdi_client_ != nullptr;
 }
 
-void mfrmMain::loadLanguage() {
-    const std::wstring title = LoadString(IDS_TITLE) + KELVANE_VERSION;
-    SetWindowTextW(window(), title.c_str());
-    menu_->loadLanguage();
-    for (const auto& form : forms_)
-        form->loadLanguage();
-    DrawMenuBar(window());
-    status_bar_.SetStatus(completion_ ? LoadString(IDS_IMAGE_COMPLETE) + completion_->time
-                                      : std::wstring(),
-                          L"#", L"#");
-}
-
 void mfrmMain::layout() {
     RECT area{};
     GetClientRect(window(), &area);
@@ -152,12 +134,9 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_HELP:
         answer_help_key(*reinterpret_cast<const HELPINFO*>(l));
         return TRUE;
-    case WM_INITMENUPOPUP: {
-        const frmImage* form = active_form();
-        menu_->enable(kCmdUndo, form != nullptr && form->document().undoEnable());
-        menu_->escape_documents(mdi_client_);
+    case WM_INITMENUPOPUP:
+        prepare_menu();
         break;
-    }
     case WM_DROPFILES:
         open_dropped(reinterpret_cast<HDROP>(w));
         return 0;
@@ -198,95 +177,52 @@ bool mfrmMain::translate(MSG& message) const {
     return false;
 }
 
-// A bar that moves with every row would take longer than most operations.
-void mfrmMain::ProgressValue(long position) {
-    if (GetTickCount() - last_paint_ < kPaintPause) return;
-    status_bar_.ProgressValue(position);
-    let_windows_paint();
-    last_paint_ = GetTickCount();
+void mfrmMain::prepare_menu() {
+    const frmImage* form = active_form();
+    menu_->enable(kCmdUndo, form != nullptr && form->document().undoEnable());
+    menu_->escape_documents(mdi_client_);
 }
 
-// Keys and clicks are dropped: they could start what has to wait, or a loop of their own (a menu,
-// the moving of a window) in the midst of the operation. False when Esc was among them or the
-// program is to end, for work that can be stopped.
-bool mfrmMain::let_windows_paint() {
-    bool go_on = true;
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return false;
-        }
-        if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) go_on = false;
-        if (!is_input(message.message)) DispatchMessageW(&message);
+void mfrmMain::answer_help_key(const HELPINFO& request) {
+    const auto menu = static_cast<HMENU>(request.hItemHandle);
+    if (request.iContextType != HELPINFO_MENUITEM)
+        show_help(forms_.empty() ? IDH_START : IDH_MAIN_WINDOW);
+    else if (IsMenu(menu)) // Wine asks a second time, with a window in the menu's place
+        show_help(menu_->help_page(menu));
+}
+
+void mfrmMain::command(unsigned id) {
+    if (refuse_while_busy()) return;
+    try {
+        if (id >= kCmdRecent1 && id <= kCmdRecent4)
+            open_recent(static_cast<int>(id) - kCmdRecent1 + 1);
+        else
+            perform(*find_command(id));
+    } catch (const std::exception& error) {
+        show_failure(error);
     }
-    return go_on;
 }
 
-// A dialog, which disables the window, is seen without a message.
-bool mfrmMain::refuse_while_busy() {
-    if (!busy_ && IsWindowEnabled(window())) return false;
-    MessageBeep(MB_ICONEXCLAMATION);
-    if (busy_) SetStatus(LoadString(IDS_IMAGE_BUSY), L"#", L"#");
-    return true;
+void mfrmMain::perform(const MenuEntry& entry) {
+    MainServices& services = *this;
+    std::visit(Overloaded{[](std::monostate) {},
+                          [&](Operation operation) {
+                              if (frmImage* form = GetActiveform())
+                                  process(services, *form, operation);
+                          },
+                          [&](FormCommand action) {
+                              if (frmImage* form = GetActiveform()) action(services, *form);
+                          },
+                          [&](MainCommand action) { action(services); }},
+               entry.action);
 }
 
-void mfrmMain::SetStatus(const std::wstring& message, const std::wstring& title,
-                         const std::wstring& size) {
-    if (message != L"#") completion_.reset();
-    status_bar_.SetStatus(message, title, size);
-}
-
-void mfrmMain::operation_complete(const frmImage& form, const std::wstring& time) {
-    completion_ = Completion{&form, time};
-    status_bar_.SetStatus(LoadString(IDS_IMAGE_COMPLETE) + time, L"#", L"#");
-}
-
-void mfrmMain::AddMRUFile(const std::wstring& file, bool flag) {
-    recent_.AddFile(file, flag);
-    menu_->show_recent(recent_);
-}
-
-std::optional<std::wstring> mfrmMain::ask_save_file(win::FileQuestion question) {
-    question.folder = save_folder_;
-    auto file = win::ask_save_file(window(), question);
-    if (file) {
-        save_folder_ = ExistingFolderOf(*file);
-        write_setting(settings_, settings::kSaveFolder, save_folder_);
-    }
-    return file;
-}
-
-void mfrmMain::show_error(int id, const std::wstring& cause) {
-    win::message_box(window(), LoadString(id) + cause, LoadString(IDS_ERROR_TITLE),
-                     MB_OK | MB_ICONEXCLAMATION);
-}
-
-// The modal dialog that is open, if there is one; never the splash window, which would take a
-// message along when it goes.
-HWND mfrmMain::message_owner() const {
-    return IsWindowEnabled(window()) ? window() : GetLastActivePopup(window());
-}
-
-void mfrmMain::show_failure(const std::exception& error) {
-    win::message_box(message_owner(), error_text(error), LoadString(IDS_ERROR_TITLE),
-                     MB_OK | MB_ICONEXCLAMATION);
-}
-
-void mfrmMain::ShellEx(const std::wstring& file, const std::wstring& operation,
-                       const std::wstring& parameters, const std::wstring& folder, int show) {
-    const HWND owner = message_owner();
-    const int answer = win::shell_execute(owner, {file, operation, parameters, folder, show});
-    if (const int text = shell_error_text(answer); text != 0)
-        win::message_box(owner, LoadString(text), LoadString(IDS_ERROR_TITLE),
-                         MB_OK | MB_ICONEXCLAMATION);
-}
-
-void mfrmMain::check_colour_depth(int bits_per_pixel) {
-    if (bits_per_pixel > 8) return;
-    win::message_box(
-        window(), LoadString(IDS_COLOUR_DEPTH) + L"\r\n\r\n" + LoadString(IDS_COLOUR_DEPTH_RESTART),
-        kApplicationTitle, MB_OK | MB_ICONEXCLAMATION);
+frmImage* mfrmMain::GetActiveform() {
+    frmImage* form = active_form();
+    if (form == nullptr)
+        win::message_box(window(), LoadString(IDS_SELECT_IMAGE), kApplicationTitle,
+                         MB_OK | MB_ICONINFORMATION);
+    return form;
 }
 
 frmImage* mfrmMain::active_form() const {
@@ -296,18 +232,44 @@ frmImage* mfrmMain::active_form() const {
     return active == nullptr || found == forms_.end() ? nullptr : found->get();
 }
 
-void mfrmMain::form_activated(frmImage& form) {
-    SetStatus(L"#", form.document().FileTitle(), form.size_text());
+void mfrmMain::open_recent(int i) {
+    if (!recent_.FileExists(i)) return;
+    const std::wstring file = recent_.file(i); // the list changes when it is opened
+    if (recent_.fileflag(i))
+        converter_.OpenByConverter(file);
+    else
+        open_file(file);
 }
 
-void mfrmMain::form_deactivated(const frmImage& form) {
-    if (completion_ && completion_->form == &form) SetStatus(L"", L"#", L"#");
+void mfrmMain::open_dropped(HDROP drop) {
+    const bool refused = refuse_while_busy();
+    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count && !refused; ++i) {
+        std::wstring file(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
+        file.resize(DragQueryFileW(drop, i, file.data(), static_cast<UINT>(file.size())));
+        open_file(file);
+    }
+    DragFinish(drop);
 }
 
-void mfrmMain::form_closed(frmImage& form) {
-    form_deactivated(form);
-    std::erase_if(forms_, [&](const auto& each) { return each.get() == &form; });
-    if (forms_.empty()) SetStatus(L"#", L"", L"");
+bool mfrmMain::QueryUnload() {
+    for (const auto& form : forms_)
+        if (form->document().Dirty() && !form->QuerySave()) return false;
+    save_recent();
+    return true;
+}
+
+// Another running program may have saved its files in the meantime.
+void mfrmMain::save_recent() {
+    recent_.Merge(settings_);
+    recent_.Save(settings_);
+}
+
+void mfrmMain::check_colour_depth(int bits_per_pixel) {
+    if (bits_per_pixel > 8) return;
+    win::message_box(
+        window(), LoadString(IDS_COLOUR_DEPTH) + L"\r\n\r\n" + LoadString(IDS_COLOUR_DEPTH_RESTART),
+        kApplicationTitle, MB_OK | MB_ICONEXCLAMATION);
 }
 
 } // namespace kelvane

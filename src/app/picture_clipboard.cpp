@@ -1,7 +1,7 @@
 #include "app/picture_clipboard.h"
 
+#include "app/document_services.h"
 #include "app/error_text.h"
-#include "app/main_services.h"
 #include "settings/string_table.h"
 #include "win/clipboard.h"
 #include "win/message_box.h"
