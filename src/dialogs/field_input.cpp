@@ -1,8 +1,5 @@
 #include "dialogs/field_input.h"
 
-#include "win/dialog.h"
-#include "win/message_box.h"
-
 #include <algorithm>
 #include <charconv>
 
@@ -43,11 +40,6 @@ std::optional<double> decimal_number(std::wstring_view text) {
     std::string point = plain(text);
     std::replace(point.begin(), point.end(), ',', '.');
     return whole_text<double>(point);
-}
-
-void refuse_field(HWND dialog, int field, const std::wstring& reason) {
-    win::message_box(dialog, reason, win::window_text(dialog), MB_OK | MB_ICONEXCLAMATION);
-    SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, field)), TRUE);
 }
 
 } // namespace kelvane

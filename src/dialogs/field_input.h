@@ -1,8 +1,6 @@
 // What people type into a dialog's fields.
 #pragma once
 
-#include <windows.h>
-
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,9 +16,5 @@ std::optional<int> whole_number(std::wstring_view text, int lowest, int highest)
 
 /// A number with decimals, after a point or, as Germans type, a comma.
 std::optional<double> decimal_number(std::wstring_view text);
-
-/// Says under the dialog's title what is wrong with a field, then puts the cursor there with the
-/// field's text selected, so that typing replaces it.
-void refuse_field(HWND dialog, int field, const std::wstring& reason);
 
 } // namespace kelvane

@@ -1,6 +1,6 @@
 #include "dialogs/frmCombination.h"
 
-#include "dialogs/controls.h"
+#include "dialogs/drop_down_list.h"
 #include "dialogs/field_input.h"
 #include "settings/string_table.h"
 
@@ -46,12 +46,10 @@ constexpr std::array<Row, 2> kRows{
 } // namespace
 
 frmCombination::frmCombination(std::vector<CombinationSource> sources)
-    : Dialog(IDD_COMBINATION), sources_(std::move(sources)) {}
+    : Form(IDD_COMBINATION, IDS_COMBINE_TITLE, kCaptions), sources_(std::move(sources)) {}
 
 void frmCombination::load() {
-    Cancelled = true;
-    set_title(LoadString(IDS_COMBINE_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
     for (const Row& row : kRows) {
         set_text(row.multiplier, L"1");
         set_text(row.offset, L"0");
@@ -152,12 +150,6 @@ void frmCombination::on_command(int control, int notification) {
     }
 }
 
-INT_PTR frmCombination::on_message(UINT message, WPARAM /*w*/, LPARAM l) {
-    if (message != WM_DRAWITEM) return FALSE;
-    preview_.draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
-    return TRUE;
-}
-
 // The first field that holds no number that is allowed; 0 when all have been read.
 int frmCombination::read_numbers() {
     for (std::size_t i = 0; i < kRows.size(); ++i) {
@@ -175,23 +167,16 @@ int frmCombination::read_numbers() {
 bool frmCombination::confirm() {
     for (std::size_t i = 0; i < kRows.size(); ++i) {
         ImageSource[i] = selected_entry(control(kRows[i].list));
-        if (ImageSource[i] < 0) {
-            refuse_field(window(), kRows[i].list, LoadString(IDS_COMBINE_SELECT_TWO));
-            return false;
-        }
+        if (ImageSource[i] < 0) return refuse(kRows[i].list, LoadString(IDS_COMBINE_SELECT_TWO));
     }
     CombinationType = chosen_type();
     const int wrong = CombinationType == kSum ? read_numbers() : 0;
-    if (wrong != 0) {
-        refuse_field(window(), wrong,
-                     LoadString(IDS_COMBINE_INVALID, {std::to_wstring(-kLargestNumber),
-                                                      std::to_wstring(kLargestNumber)}));
-        return false;
-    }
+    if (wrong != 0)
+        return refuse(wrong, LoadString(IDS_COMBINE_INVALID, {std::to_wstring(-kLargestNumber),
+                                                              std::to_wstring(kLargestNumber)}));
     const cDIBSection& first = *chosen_picture(IDC_COMBINE_FIRST);
     NewImageWidth = first.Width();
     NewImageHeight = first.Height();
-    Cancelled = false;
     return true;
 }
 

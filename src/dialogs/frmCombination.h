@@ -1,10 +1,10 @@
 // frmCombination: which two pictures are combined, and how.
 #pragma once
 
+#include "dialogs/form.h"
 #include "dialogs/live_preview.h"
 #include "engine/image_process.h"
 #include "image/dib_section.h"
-#include "win/dialog.h"
 
 #include <array>
 #include <string>
@@ -20,12 +20,10 @@ struct CombinationSource {
 
 /// The new picture has the size of the first one; the caller resamples the second to it. A live
 /// preview shows what comes of the two.
-class frmCombination : public win::Dialog {
+class frmCombination : public Form {
   public:
     /// The first two sources are offered to start with.
     explicit frmCombination(std::vector<CombinationSource> sources);
-
-    bool Cancelled = true;
 
     // The rest is valid unless `Cancelled`. Arrays go by picture: 0 first, 1 second.
 
@@ -47,7 +45,7 @@ class frmCombination : public win::Dialog {
     bool confirm() override;
     void density_changed() override;
     void on_command(int control, int notification) override;
-    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+    void draw(const DRAWITEMSTRUCT& box) override { preview_.draw(box); }
 
   private:
     void fill_lists();

@@ -1,10 +1,9 @@
 #include "dialogs/frmConfigMagick.h"
 
 #include "convert/converter.h"
-#include "dialogs/controls.h"
-#include "dialogs/field_input.h"
 #include "settings/catalogue.h"
 #include "win/file_dialogs.h"
+#include "win/wait_cursor.h"
 
 #include "ids.h"
 
@@ -65,12 +64,10 @@ std::wstring installed_program() {
 } // namespace
 
 frmConfigMagick::frmConfigMagick(const SettingsFile& settings, OpenInShell open)
-    : Dialog(IDD_MAGICK), settings_(settings), open_(std::move(open)) {}
+    : Form(IDD_MAGICK, IDS_MAGICK_TITLE, kCaptions), settings_(settings), open_(std::move(open)) {}
 
 void frmConfigMagick::load() {
-    Cancelled = true;
-    set_title(LoadString(IDS_MAGICK_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
     bool known = false;
     for (const Program& program : kPrograms) {
         const std::wstring stored = read_setting(settings_, program.setting);
@@ -126,10 +123,9 @@ void frmConfigMagick::browse(const Program& program) {
 std::optional<std::wstring> frmConfigMagick::wrong_with(const Program& program) const {
     const std::wstring file = path(program);
     if (!is_program(file)) return LoadString(IDS_MAGICK_NOT_FOUND, {file, program.name});
-    const HCURSOR before = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    const win::WaitCursor cursor;
     const KeepWaiting keep_waiting = [this] { return !cancel_requested(); };
     const std::optional<bool> right = IsImageMagick ? IsImageMagick(file, keep_waiting) : true;
-    SetCursor(before);
     if (!right) return std::nullopt;
     return *right ? std::wstring() : LoadString(IDS_MAGICK_OTHER_PROGRAM, {file, program.name});
 }
@@ -142,12 +138,10 @@ bool frmConfigMagick::confirm() {
         const std::optional<std::wstring> wrong = wrong_with(program);
         if (!wrong || cancel_requested()) return false;
         if (wrong->empty()) continue;
-        refuse_field(window(), program.field, *wrong);
-        return false;
+        return refuse(program.field, *wrong);
     }
     for (const Program& program : kPrograms)
         write_setting(settings_, program.setting, path(program));
-    Cancelled = false;
     return true;
 }
 

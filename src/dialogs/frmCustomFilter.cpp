@@ -1,6 +1,6 @@
 #include "dialogs/frmCustomFilter.h"
 
-#include "dialogs/controls.h"
+#include "dialogs/drop_down_list.h"
 #include "dialogs/field_input.h"
 #include "win/arrow_keys.h"
 #include "win/key_filter.h"
@@ -56,13 +56,11 @@ FilterKernel current_kernel(const cImageProcessDIB& engine) {
 } // namespace
 
 frmCustomFilter::frmCustomFilter(cImageProcessDIB& engine)
-    : Dialog(IDD_CUSTOM), ImageProcess(engine) {}
+    : Form(IDD_CUSTOM, IDS_CUSTOM_TITLE, kCaptions), ImageProcess(engine) {}
 
 void frmCustomFilter::load() {
-    Cancelled = true;
+    Form::load();
     tab_stop_ = KernelGrid::kCentre;
-    set_title(LoadString(IDS_CUSTOM_TITLE));
-    set_captions(window(), kCaptions);
     for (const Base& base : kBases)
         add_entry(control(IDC_CUSTOM_BASE), LoadString(base.text));
     select_entry(control(IDC_CUSTOM_BASE), 0);
@@ -160,21 +158,16 @@ void frmCustomFilter::calculate_weight() const {
 bool frmCustomFilter::confirm() {
     const int weight = whole_number(text(IDC_CUSTOM_WEIGHT)).value_or(0);
     const auto radius = grid_.radius();
-    if (!radius) return refuse(IDS_CUSTOM_BLACK, IDC_CUSTOM_CELL + KernelGrid::kCentre);
-    if (*radius == 0) return refuse(IDS_CUSTOM_TOO_SMALL, IDC_CUSTOM_CELL + KernelGrid::kCentre);
+    const auto reject = [this](int field, int text) {
+        return refuse(field, LoadString(text), MB_ICONINFORMATION);
+    };
+    constexpr int kCentre = IDC_CUSTOM_CELL + KernelGrid::kCentre;
+    if (!radius) return reject(kCentre, IDS_CUSTOM_BLACK);
+    if (*radius == 0) return reject(kCentre, IDS_CUSTOM_TOO_SMALL);
     // The engine runs no filter that divides by 0, so the picture would silently stay as it is.
-    if (weight == 0) return refuse(IDS_CUSTOM_BLACK, IDC_CUSTOM_WEIGHT);
+    if (weight == 0) return reject(IDC_CUSTOM_WEIGHT, IDS_CUSTOM_BLACK);
     hand_over(grid_.kernel(weight));
-    Cancelled = false;
     return true;
-}
-
-// Says why the filter cannot be taken and leads to the field where that is put right.
-bool frmCustomFilter::refuse(int text_id, int field) const {
-    win::message_box(window(), LoadString(text_id), LoadString(IDS_CUSTOM_TITLE),
-                     MB_OK | MB_ICONINFORMATION);
-    SendMessageW(window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(field)), TRUE);
-    return false;
 }
 
 void frmCustomFilter::hand_over(const FilterKernel& kernel) {

@@ -1,15 +1,15 @@
 // frmCustomFilter: a convolution kernel of up to 7 x 7 coefficients, typed in.
 #pragma once
 
+#include "dialogs/form.h"
 #include "dialogs/kernel_grid.h"
 #include "engine/image_process.h"
-#include "win/dialog.h"
 
 #include <bitset>
 
 namespace kelvane {
 
-class frmCustomFilter : public win::Dialog {
+class frmCustomFilter : public Form {
   public:
     /// The engine that gets the filter, as its custom one. When it has a custom filter already,
     /// the grid starts with that; otherwise with the kernel that changes nothing.
@@ -17,7 +17,6 @@ class frmCustomFilter : public win::Dialog {
 
     cImageProcessDIB& ImageProcess;
     /// True when the dialog was left without OK; the engine is as it was then.
-    bool Cancelled = true;
 
   protected:
     void load() override;
@@ -34,7 +33,6 @@ class frmCustomFilter : public win::Dialog {
     void cell_changed(int cell);
     void base_chosen();
     void calculate_weight() const;
-    bool refuse(int text, int field) const;
     void hand_over(const FilterKernel& kernel);
     INT_PTR cell_brush(HDC context, int cell) const;
 

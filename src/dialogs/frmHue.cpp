@@ -1,6 +1,5 @@
 #include "dialogs/frmHue.h"
 
-#include "dialogs/controls.h"
 #include "dialogs/field_input.h"
 #include "dialogs/slider.h"
 #include "process/hls_rgb.h"
@@ -63,12 +62,12 @@ LONG thumb_middle(HWND slider, int position) {
 } // namespace
 
 frmHue::frmHue(const cDIBSection& picture)
-    : SliderDialog(IDD_HUE, {IDC_HUE_VALUE, IDC_HUE_SLIDER, IDC_HUE_PREVIEW}, picture),
+    : SliderDialog(IDD_HUE, IDS_HUE_TITLE, kCaptions,
+                   {IDC_HUE_VALUE, IDC_HUE_SLIDER, IDC_HUE_PREVIEW}, picture),
       spectrum_(every_hue()) {}
 
 void frmHue::load() {
-    set_title(LoadString(IDS_HUE_TITLE));
-    set_captions(window(), kCaptions);
+    SliderDialog::load();
     set_slider_range(control(IDC_HUE_SLIDER), (kHighest - kLowest) * kSteps, 5, kSteps);
     set_text(IDC_HUE_VALUE, text_at(position_of(static_cast<double>(Hue))));
     start();
@@ -115,22 +114,15 @@ void frmHue::apply(cDIBSection& picture) {
     engine_.Colourise(picture, static_cast<float>(*hue()));
 }
 
-INT_PTR frmHue::on_message(UINT message, WPARAM w, LPARAM l) {
-    if (message != WM_DRAWITEM || w != IDC_HUE_SPECTRUM)
-        return SliderDialog::on_message(message, w, l);
-    const auto& box = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
+void frmHue::draw(const DRAWITEMSTRUCT& box) {
+    if (box.CtlID != IDC_HUE_SPECTRUM) return SliderDialog::draw(box);
     win::draw_picture(box.hDC, box.rcItem, spectrum_);
-    return TRUE;
 }
 
 bool frmHue::confirm() {
     const std::optional<double> value = hue();
-    if (!value) {
-        refuse_field(window(), IDC_HUE_VALUE, LoadString(IDS_HUE_INVALID));
-        return false;
-    }
+    if (!value) return refuse(IDC_HUE_VALUE, LoadString(IDS_HUE_INVALID));
     Hue = static_cast<float>(*value);
-    Cancelled = false;
     return true;
 }
 

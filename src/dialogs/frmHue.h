@@ -17,7 +17,7 @@ class frmHue : public SliderDialog {
     void load() override;
     bool confirm() override;
     void density_changed() override;
-    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+    void draw(const DRAWITEMSTRUCT& box) override;
     std::optional<int> typed_position() const override;
     std::wstring text_at(int position) const override;
     void apply(cDIBSection& picture) override;

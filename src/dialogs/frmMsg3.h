@@ -1,11 +1,11 @@
 // frmMsg3: the warning after an export whose coordinates left EAGLE's range.
 #pragma once
 
-#include "win/dialog.h"
+#include "dialogs/form.h"
 
 namespace kelvane {
 
-class frmMsg3 : public win::Dialog {
+class frmMsg3 : public Form {
   public:
     frmMsg3();
 

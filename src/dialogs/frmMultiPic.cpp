@@ -1,6 +1,5 @@
 #include "dialogs/frmMultiPic.h"
 
-#include "dialogs/controls.h"
 #include "image/file_error.h"
 #include "image/picture_reader.h"
 #include "win/dpi.h"
@@ -76,15 +75,13 @@ cDIBSection read_or_nothing(const std::filesystem::path& file) {
 } // namespace
 
 frmMultiPic::frmMultiPic(std::vector<SubImage> images)
-    : Dialog(IDD_SUBIMAGE), images_(std::move(images)) {
+    : Form(IDD_SUBIMAGE, IDS_SUBIMAGE_TITLE, kCaptions), images_(std::move(images)) {
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&classes);
 }
 
 void frmMultiPic::load() {
-    Cancelled = true;
-    set_title(LoadString(IDS_SUBIMAGE_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
     const HWND list = control(IDC_SUBIMAGE_LIST);
     ListView_SetExtendedListViewStyle(list, LVS_EX_DOUBLEBUFFER);
     make_previews();
@@ -213,7 +210,6 @@ bool frmMultiPic::confirm() {
     const int image = selected();
     if (image < 0) return false;
     Index = image;
-    Cancelled = false;
     return true;
 }
 

@@ -1,7 +1,7 @@
 // frmMultiPic: which image of a file that holds several is to be opened.
 #pragma once
 
-#include "win/dialog.h"
+#include "dialogs/form.h"
 #include "win/gdi.h"
 
 #include <windows.h>
@@ -24,11 +24,10 @@ struct SubImage {
 
 /// A list of previews, read when they come into view: hundreds of images open as fast as two. The
 /// files must stay while the dialog is shown.
-class frmMultiPic : public win::Dialog {
+class frmMultiPic : public Form {
   public:
     explicit frmMultiPic(std::vector<SubImage> images);
 
-    bool Cancelled = true;
     /// Position of the chosen image, from 0; the one to start with when set before. Valid unless
     /// `Cancelled`.
     int Index = 0;

@@ -1,6 +1,5 @@
 #include "dialogs/frmNewSize.h"
 
-#include "dialogs/controls.h"
 #include "dialogs/field_input.h"
 #include "image/dib_section.h"
 #include "settings/catalogue.h"
@@ -46,12 +45,11 @@ std::optional<int> side_in(const std::wstring& text) {
 } // namespace
 
 frmNewSize::frmNewSize(const SettingsFile& settings, int width, int height)
-    : Dialog(IDD_NEW_SIZE), settings_(settings), width_(width), height_(height) {}
+    : Form(IDD_NEW_SIZE, IDS_SIZE_TITLE, kCaptions), settings_(settings), width_(width),
+      height_(height) {}
 
 void frmNewSize::load() {
-    Cancelled = true;
-    set_title(LoadString(IDS_SIZE_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
 
     const int width = read_setting(settings_, settings::kNewWidth);
     const int height = read_setting(settings_, settings::kNewHeight);
@@ -72,16 +70,13 @@ void frmNewSize::show_size(int width, int height) {
 bool frmNewSize::confirm() {
     const std::optional<int> width = side_in(text(IDC_SIZE_WIDTH));
     const std::optional<int> height = side_in(text(IDC_SIZE_HEIGHT));
-    if (!width || !height) {
-        refuse_field(window(), width ? IDC_SIZE_HEIGHT : IDC_SIZE_WIDTH,
-                     LoadString(IDS_SIZE_INVALID, {std::to_wstring(kLongestSide)}));
-        return false;
-    }
+    if (!width || !height)
+        return refuse(width ? IDC_SIZE_HEIGHT : IDC_SIZE_WIDTH,
+                      LoadString(IDS_SIZE_INVALID, {std::to_wstring(kLongestSide)}));
     NewWidth = *width;
     NewHeight = *height;
     write_setting(settings_, settings::kNewWidth, NewWidth);
     write_setting(settings_, settings::kNewHeight, NewHeight);
-    Cancelled = false;
     return true;
 }
 

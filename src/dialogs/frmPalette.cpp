@@ -1,7 +1,5 @@
 #include "dialogs/frmPalette.h"
 
-#include "dialogs/controls.h"
-#include "dialogs/field_input.h"
 #include "dialogs/file_error_text.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
@@ -69,12 +67,11 @@ void draw_colours(const DRAWITEMSTRUCT& box, std::span<const cPalette::Colour> c
 
 } // namespace
 
-frmPalette::frmPalette(const SettingsFile& settings) : Dialog(IDD_PALETTE), settings_(settings) {}
+frmPalette::frmPalette(const SettingsFile& settings)
+    : Form(IDD_PALETTE, IDS_PALETTE_TITLE, kCaptions), settings_(settings) {}
 
 void frmPalette::load() {
-    Cancelled = true;
-    set_title(LoadString(IDS_PALETTE_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
     if (FileName.empty()) FileName = first_palette(program_folder());
     set_text(IDC_PALETTE_FILE, FileName.wstring());
     read_colours();
@@ -128,23 +125,17 @@ void frmPalette::browse() {
     if (!chosen) return;
     set_text(IDC_PALETTE_FILE, *chosen);
     const std::wstring wrong = read_colours();
-    if (!wrong.empty()) refuse_field(window(), IDC_PALETTE_FILE, wrong);
+    if (!wrong.empty()) refuse(IDC_PALETTE_FILE, wrong);
 }
 
-INT_PTR frmPalette::on_message(UINT message, WPARAM /*w*/, LPARAM l) {
-    if (message != WM_DRAWITEM) return FALSE;
-    draw_colours(*reinterpret_cast<const DRAWITEMSTRUCT*>(l), palette_.colours());
-    return TRUE;
+void frmPalette::draw(const DRAWITEMSTRUCT& box) {
+    draw_colours(box, palette_.colours());
 }
 
 bool frmPalette::confirm() {
     const std::wstring wrong = read_colours();
-    if (!wrong.empty()) {
-        refuse_field(window(), IDC_PALETTE_FILE, wrong);
-        return false;
-    }
+    if (!wrong.empty()) return refuse(IDC_PALETTE_FILE, wrong);
     FileName = text(IDC_PALETTE_FILE);
-    Cancelled = false;
     return true;
 }
 

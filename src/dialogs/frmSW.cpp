@@ -1,6 +1,5 @@
 #include "dialogs/frmSW.h"
 
-#include "dialogs/controls.h"
 #include "dialogs/slider.h"
 #include "settings/catalogue.h"
 #include "win/arrow_keys.h"
@@ -68,14 +67,13 @@ void repaint(HWND control) {
 } // namespace
 
 frmSW::frmSW(const SettingsFile& settings, const cDIBSection& picture)
-    : Dialog(IDD_REDUCE), settings_(settings), preview_(picture) {
+    : Form(IDD_REDUCE, IDS_REDUCE_TITLE, kCaptions), settings_(settings), preview_(picture) {
     register_sliders();
 }
 
 void frmSW::load() {
+    Form::load();
     result = 0;
-    set_title(LoadString(IDS_REDUCE_TITLE));
-    set_captions(window(), kCaptions);
     density_changed();
     if (!preview_.detail_shows_all()) serve_keys();
     restore();
@@ -90,8 +88,8 @@ void frmSW::serve_keys() const {
 }
 
 void frmSW::density_changed() {
-    for (const int box : {IDC_REDUCE_OVERVIEW, IDC_REDUCE_DETAIL})
-        win::fit_picture_box(control(box), kPreviewEdge, kPreviewEdge);
+    fit_preview(IDC_REDUCE_OVERVIEW);
+    fit_preview(IDC_REDUCE_DETAIL);
 }
 
 void frmSW::restore() {
@@ -178,9 +176,6 @@ INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_HSCROLL:
         show_preview();
         return TRUE;
-    case WM_DRAWITEM:
-        draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
-        return TRUE;
     case WM_SETCURSOR:
         return show_hand();
     case WM_LBUTTONDOWN:
@@ -199,24 +194,21 @@ INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
         dragging_ = false;
         return TRUE;
     default:
-        return FALSE;
+        return Form::on_message(message, w, l);
     }
 }
 
-void frmSW::draw(const DRAWITEMSTRUCT& box) const {
-    const double zoom = win::picture_zoom(window());
-    if (box.CtlID == IDC_REDUCE_OVERVIEW) {
-        win::draw_picture_box(box, preview_.overview(), zoom);
-        draw_frame(box, zoom);
-    } else {
-        win::draw_picture_box(box, preview_.detail(), zoom);
-    }
+void frmSW::draw(const DRAWITEMSTRUCT& box) {
+    const bool is_overview = box.CtlID == IDC_REDUCE_OVERVIEW;
+    draw_preview(box, is_overview ? preview_.overview() : preview_.detail());
+    if (is_overview) draw_frame(box);
 }
 
 // Marks in the overview what the detail shows, unless that is everything; boldly while the arrow
 // keys move it.
-void frmSW::draw_frame(const DRAWITEMSTRUCT& box, double zoom) const {
+void frmSW::draw_frame(const DRAWITEMSTRUCT& box) const {
     if (preview_.detail_shows_all()) return;
+    const double zoom = win::picture_zoom(window());
     const PixelArea area = preview_.detail_in_overview();
     const auto zoomed = [zoom](int pixels) { return static_cast<LONG>(pixels * zoom); };
     RECT frame{zoomed(area.left), zoomed(area.top), zoomed(area.left + area.width),

@@ -1,8 +1,8 @@
 // frmSplash: shown while the program starts.
 #pragma once
 
+#include "dialogs/form.h"
 #include "dialogs/program_face.h"
-#include "win/dialog.h"
 
 #include <string>
 
@@ -11,7 +11,7 @@ namespace kelvane {
 /// Shown with `show_modeless` before its owner, the main window, is: then it is in the middle of
 /// the screen and the main window appears behind it. Goes by itself, after a moment or when it is
 /// clicked, as long as messages are dispatched.
-class frmSplash : public win::Dialog {
+class frmSplash : public Form {
   public:
     /// How long it stays, in milliseconds.
     static constexpr unsigned kStay = 1500;

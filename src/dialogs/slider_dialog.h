@@ -1,9 +1,9 @@
 // Base of the dialogs that ask for one number and show at once what it does to the picture.
 #pragma once
 
+#include "dialogs/form.h"
 #include "dialogs/live_preview.h"
 #include "engine/image_process.h"
-#include "win/dialog.h"
 
 #include <optional>
 #include <string>
@@ -12,10 +12,7 @@ namespace kelvane {
 
 /// A field and a slider, which follow each other, and a live preview. A number that is being typed
 /// and is none yet leaves slider and preview where they are.
-class SliderDialog : public win::Dialog {
-  public:
-    bool Cancelled = true;
-
+class SliderDialog : public Form {
   protected:
     struct Controls {
         int field;
@@ -23,7 +20,8 @@ class SliderDialog : public win::Dialog {
         int preview;
     };
 
-    SliderDialog(int template_id, const Controls& controls, const cDIBSection& picture);
+    SliderDialog(int template_id, int title, std::span<const Caption> captions,
+                 const Controls& controls, const cDIBSection& picture);
 
     /// The slider's position for the number in the field; nothing when there is none.
     virtual std::optional<int> typed_position() const = 0;
@@ -36,6 +34,7 @@ class SliderDialog : public win::Dialog {
     void follow_field();
     void density_changed() override;
     void on_command(int control, int notification) override;
+    void draw(const DRAWITEMSTRUCT& box) override { preview_.draw(box); }
     INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
 
     cImageProcessDIB engine_;

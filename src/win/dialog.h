@@ -41,6 +41,9 @@ class Dialog {
     void show_modeless(HWND owner);
     void close();
 
+    /// True from `show_modal` on until it returns true: the dialog's results are not valid.
+    bool Cancelled = true;
+
     /// The dialog's window; null while it is not shown.
     HWND window() const { return window_; }
 
