@@ -3,6 +3,7 @@
 #include "app/command_table.h"
 #include "app/error_text.h"
 #include "app/form_operations.h"
+#include "dialogs/program_face.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
 #include "settings/string_table.h"
@@ -22,14 +23,7 @@ namespace {
 constexpr const wchar_t* kClassName = L"KelvaneMain";
 constexpr const wchar_t* kHelpFile = L"\\EAGLE_Kelvane.chm";
 
-// Not shared: the system would answer with the icon of any size that was loaded first.
-win::Icon program_icon(int width_metric, int height_metric) {
-    return win::Icon(static_cast<HICON>(
-        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE), IMAGE_ICON,
-                   GetSystemMetrics(width_metric), GetSystemMetrics(height_metric), 0)));
-}
-
-// The settings file can be edited by hand, and without a language there are no texts.
+// Throws for an offset without texts: the settings file can be edited by hand.
 void set_language(const SettingsFile& settings) {
     const int offset = read_setting(settings, settings::kLanguage);
     const bool exists = offset == kGermanOffset || offset == kEnglishOffset;
@@ -56,9 +50,9 @@ mfrmMain::mfrmMain(SettingsFile settings)
 mfrmMain::~mfrmMain() {
     win::set_dialog_help({});
     if (window() == nullptr) return;
-    DestroyWindow(window()); // takes the documents along
-    // Not closed by the user: the WM_QUIT that is posted now would at once end the message box
-    // that says what has failed.
+    DestroyWindow(window()); // and the documents' windows
+    // The program ends by an exception. WM_QUIT, which WM_DESTROY has posted, would close the
+    // message box that reports it.
     MSG message;
     PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
 }
@@ -69,9 +63,11 @@ void mfrmMain::create() {
     menu_ = std::make_unique<MainMenu>();
     shortcuts_ = win::AcceleratorTable(create_shortcuts());
 
-    // As long as the window class, which is registered once.
-    static const win::Icon large_icon = program_icon(SM_CXICON, SM_CYICON);
-    static const win::Icon small_icon = program_icon(SM_CXSMICON, SM_CYSMICON);
+    // Static: the window class, which is registered once, refers to them.
+    static const win::Icon large_icon =
+        program_icon(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON));
+    static const win::Icon small_icon =
+        program_icon(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON));
     WNDCLASSEXW window_class{};
     window_class.lpszClassName = kClassName;
     window_class.hIcon = large_icon.get();
@@ -125,7 +121,7 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
         return 0;
     }
     case WM_COMMAND:
-        if (LOWORD(w) >= kFirstChildId) break; // MDI's own: the list of documents
+        if (LOWORD(w) >= kFirstChildId) break; // an entry of MDI's list of documents
         if (find_command(LOWORD(w)) == nullptr &&
             !(LOWORD(w) >= kCmdRecent1 && LOWORD(w) <= kCmdRecent4))
             break;
@@ -187,7 +183,7 @@ void mfrmMain::answer_help_key(const HELPINFO& request) {
     const auto menu = static_cast<HMENU>(request.hItemHandle);
     if (request.iContextType != HELPINFO_MENUITEM)
         show_help(forms_.empty() ? IDH_START : IDH_MAIN_WINDOW);
-    else if (IsMenu(menu)) // Wine asks a second time, with a window in the menu's place
+    else if (IsMenu(menu)) // Wine sends the message twice, the second time with a window handle
         show_help(menu_->help_page(menu));
 }
 
@@ -234,7 +230,7 @@ frmImage* mfrmMain::active_form() const {
 
 void mfrmMain::open_recent(int i) {
     if (!recent_.FileExists(i)) return;
-    const std::wstring file = recent_.file(i); // the list changes when it is opened
+    const std::wstring file = recent_.file(i); // a copy: opening changes the list
     if (recent_.fileflag(i))
         converter_.OpenByConverter(file);
     else
