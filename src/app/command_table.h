@@ -24,8 +24,8 @@ using Action = std::variant<std::monostate, Operation, FormCommand, MainCommand>
 struct Shortcut {
     unsigned short key = 0;         // virtual key code; 0: none
     bool control = false;           // together with Ctrl
-    const wchar_t* shown = nullptr; // the key's name
-    bool handled_by_system = false; // MDI itself knows it
+    const wchar_t* shown = nullptr; // its name in the menu
+    bool handled_by_system = false; // no accelerator: the system sends the command
 };
 
 struct MenuEntry {
@@ -36,8 +36,8 @@ struct MenuEntry {
     Shortcut shortcut = {};
 };
 
-/// Every entry in menu order; an entry with a deeper one behind it is a submenu. The recent files
-/// come before `kCmdClose`.
+/// Every entry in menu order; an entry followed by a deeper one is a submenu. The recent files are
+/// inserted before `kCmdClose`.
 std::span<const MenuEntry> command_table();
 
 /// The entry with this command; null when there is none.

@@ -19,7 +19,7 @@ namespace {
 
 constexpr const wchar_t* kClassName = L"KelvaneImage";
 
-// An elapsed time as the system's clock writes one.
+// An elapsed time in the format of the system's clock.
 std::wstring clock_text(double days) {
     const auto seconds = static_cast<unsigned>(std::lround(days * 86400));
     SYSTEMTIME time{};
@@ -35,11 +35,11 @@ std::wstring clock_text(double days) {
     return text;
 }
 
-// WM_DPICHANGED_AFTERPARENT, which the headers know for later systems only: the main window has
-// come to a monitor of another density.
+// WM_DPICHANGED_AFTERPARENT, which the headers define for later systems only: the main window has
+// moved to a monitor of another density.
 constexpr UINT kDensityChanged = 0x02E3;
 
-// Why a file did not open, and what may help.
+// The error's text; for an unknown format also a hint at the converter.
 std::wstring cause_of(const std::exception& error) {
     std::wstring cause = error_text(error);
     const auto* file_error = dynamic_cast<const FileError*>(&error);
@@ -103,8 +103,8 @@ void frmImage::show_as(const std::wstring& name) {
     create();
 }
 
-// As large as the picture with the bars that it needs, and as wide as its title, as far as the main
-// window has room.
+// Sizes the window to the picture with its scroll bars, at least as wide as the title needs, within
+// the MDI client area.
 void frmImage::fit_window() {
     if (IsZoomed(window()) || IsIconic(window())) return;
     RECT own{}, room{};
@@ -123,7 +123,7 @@ void frmImage::fit_window() {
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// The window's title with its icon and three buttons, in pixels.
+// Width of the window's title with its icon and three buttons, in pixels.
 LONG frmImage::title_width() const {
     const win::Font font = win::caption_font(window());
     const win::WindowContext context(window());
@@ -140,7 +140,7 @@ std::wstring frmImage::caption() const {
     return LoadString(IDS_IMAGE_CAPTION) + document_.Filename();
 }
 
-// MDI's list of windows is made of captions, but not by itself when one changes.
+// MDI does not update the caption in its list of windows by itself.
 void frmImage::loadLanguage() {
     SetWindowTextW(window(), caption().c_str());
     SendMessageW(main_.mdi_client(), WM_MDIREFRESHMENU, 0, 0);
@@ -184,7 +184,7 @@ bool frmImage::QuerySave() {
     }
 }
 
-// The question speaks of a picture that the user sees.
+// So that the user sees which picture the question is about.
 void frmImage::bring_to_front() {
     if (IsIconic(main_.frame())) ShowWindow(main_.frame(), SW_RESTORE);
     SendMessageW(main_.mdi_client(), IsIconic(window()) ? WM_MDIRESTORE : WM_MDIACTIVATE,
@@ -222,7 +222,7 @@ LRESULT frmImage::default_procedure(UINT message, WPARAM w, LPARAM l) {
 LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
     switch (message) {
     case WM_CREATE:
-        fit_window(); // not shown yet
+        fit_window(); // before the window is shown
         break;
     case WM_PAINT:
         paint();
@@ -231,7 +231,7 @@ LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
         return TRUE; // `paint` covers everything
     case WM_SIZE:
         layout();
-        break; // MDI has its part in it
+        break; // DefMDIChildProc handles it as well
     case kDensityChanged:
         layout(); // scroll bars have another width
         return 0;

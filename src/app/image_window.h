@@ -26,15 +26,15 @@ class frmImage : public win::Window, private ProgressObserver {
 
     /// Loads a picture file, reduced when it is very large. `bNew`: the file is a temporary one;
     /// the document is named "Image" and a number and the recent files stay as they are. False
-    /// with a message when the file cannot be read, which names it unless it is temporary; without
-    /// one for a picture without pixels.
+    /// when the file cannot be read, with a message that names the file unless it is temporary;
+    /// false without a message for a picture without pixels.
     bool OpenFile(const std::wstring& file, bool bNew);
     /// Loads a picture file at its full size under another file's name.
     bool OpenFile2(const std::wstring& file, const std::wstring& name);
     /// Names a document that was made in memory "Image" and a number, and shows it.
     void show_new();
-    /// Asks for a bitmap file and writes it; failures are shown. False even after success:
-    /// `QuerySave` has always stopped the closing then.
+    /// Asks for a bitmap file and writes it; failures are shown. False even after success, so that
+    /// `QuerySave` stops the closing: users rely on that.
     bool SaveFile();
     /// Brings the picture to the front and asks whether to save it. True: the document may be
     /// closed. Yes saves and gives false, so that the user closes a document that is saved.
@@ -90,7 +90,7 @@ class frmImage : public win::Window, private ProgressObserver {
 
     DocumentServices& main_;
     ImageDocument document_;
-    std::array<int, 2> wheel_rest_{}; // turns too small for a step yet
+    std::array<int, 2> wheel_rest_{}; // wheel movement that has not scrolled a pixel yet
     bool laying_out_ = false;
 };
 

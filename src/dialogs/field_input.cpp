@@ -6,7 +6,7 @@
 namespace kelvane {
 namespace {
 
-// Without the blanks at both ends. A character that no number has becomes a "?".
+// ASCII without blanks at both ends; other characters become "?", which is in no number.
 std::string plain(std::wstring_view text) {
     const std::size_t first = text.find_first_not_of(L" \t");
     if (first == std::wstring_view::npos) return {};

@@ -1,4 +1,4 @@
-// frmAbout: what the program is, and which version of it.
+// frmAbout: name, version and purpose of the program.
 #pragma once
 
 #include "dialogs/form.h"

@@ -30,7 +30,7 @@ constexpr int kSum = 1;
 constexpr int kAddLightest = 2;
 constexpr int kAddDarkest = 3;
 
-// Enough to turn any byte into any other.
+// Offsets of this size turn any byte into any other.
 constexpr int kLargestNumber = 255;
 
 // The controls of one picture.
@@ -94,7 +94,7 @@ void frmCombination::show_size() {
     ShowWindow(control(IDC_COMBINE_RESAMPLED), sizes_differ ? SW_SHOW : SW_HIDE);
 }
 
-// Only the weighted sum has numbers.
+// Multipliers and offsets belong to the weighted sum.
 void frmCombination::show_type() {
     for (const Row& row : kRows) {
         enable(row.multiplier, chosen_type() == kSum);
@@ -115,7 +115,7 @@ void frmCombination::density_changed() {
     preview_.fit(control(IDC_COMBINE_PREVIEW));
 }
 
-// Numbers that are being typed and are none yet leave the preview as it is.
+// Incomplete input leaves the preview unchanged.
 void frmCombination::show_preview() {
     if (chosen_type() == kSum && read_numbers() != 0) return;
     preview_.show(control(IDC_COMBINE_PREVIEW), [this](cDIBSection& first) { combine(first); });
@@ -150,7 +150,7 @@ void frmCombination::on_command(int control, int notification) {
     }
 }
 
-// The first field that holds no number that is allowed; 0 when all have been read.
+// Reads multipliers and offsets. The first field without an allowed number; 0 when all are valid.
 int frmCombination::read_numbers() {
     for (std::size_t i = 0; i < kRows.size(); ++i) {
         const auto multiplier =

@@ -12,20 +12,20 @@
 
 namespace kelvane {
 
-/// An open picture and the name it goes by. The picture outlives the dialog.
+/// An open picture and the title of its document. The picture outlives the dialog.
 struct CombinationSource {
     std::wstring title;
     const cDIBSection* picture;
 };
 
 /// The new picture has the size of the first one; the caller resamples the second to it. A live
-/// preview shows what comes of the two.
+/// preview shows the result.
 class frmCombination : public Form {
   public:
-    /// The first two sources are offered to start with.
+    /// The first two sources are selected at first.
     explicit frmCombination(std::vector<CombinationSource> sources);
 
-    // The rest is valid unless `Cancelled`. Arrays go by picture: 0 first, 1 second.
+    // Results, valid unless `Cancelled`. Index 0 of an array is the first picture, 1 the second.
 
     /// 1 weighted sum, 2 `AddLightest`, which keeps the darker pixel, 3 `AddDarkest`, which keeps
     /// the lighter one.

@@ -34,7 +34,7 @@ namespace {
 constexpr const wchar_t* kDownloadPage = L"https://imagemagick.org/script/download.php#windows";
 constexpr const wchar_t* kGhostscriptPage = L"https://ghostscript.com/releases/gsdnld.html";
 
-// Since version 7 one program does the work of all the others.
+// Since version 7 this program does the work of all the others.
 constexpr const wchar_t* kDoesBoth = L"Magick.exe";
 
 constexpr Caption kCaptions[] = {
@@ -49,9 +49,9 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_MAGICK_CANCEL},
 };
 
-// Today's program in the folders where the user wants programs to be found, and in no others: the
-// current one could be anybody's. Empty when it is not there. The older Convert.exe is not looked
-// for: Windows has a program of that name that does something else.
+// Path of magick.exe in the folders of PATH; empty when it is in none. Not in the current folder,
+// where anyone may have put a program. The older Convert.exe is not searched for: Windows has
+// another program of that name.
 std::wstring installed_program() {
     const wchar_t* folders = _wgetenv(L"PATH");
     std::array<wchar_t, MAX_PATH> path{};
@@ -79,8 +79,8 @@ void frmConfigMagick::load() {
         propose_other(program);
 }
 
-// What stands in a program's field, without the quotation marks that the Explorer puts around the
-// paths it copies.
+// The text of a program's field, without the quotation marks that the Explorer puts around copied
+// paths.
 std::wstring frmConfigMagick::path(const Program& program) const {
     const std::wstring typed = text(program.field);
     const std::size_t first = typed.find_first_not_of(L" \t\"");
@@ -88,7 +88,7 @@ std::wstring frmConfigMagick::path(const Program& program) const {
     return typed.substr(first, typed.find_last_not_of(L" \t\"") - first + 1);
 }
 
-// When `found` is there, fills the other field unless that one names a file already.
+// If `found` exists, fills the other field unless it names an existing program already.
 void frmConfigMagick::propose_other(const Program& found) const {
     const Program& other = kPrograms[&found == &kPrograms[0] ? 1 : 0];
     const std::filesystem::path program = path(found);
@@ -119,7 +119,7 @@ void frmConfigMagick::browse(const Program& program) {
     propose_other(program);
 }
 
-// Empty for a program that will do; nothing when the check was stopped.
+// The error text, empty for a usable program; nothing when the user stopped the check.
 std::optional<std::wstring> frmConfigMagick::wrong_with(const Program& program) const {
     const std::wstring file = path(program);
     if (!is_program(file)) return LoadString(IDS_MAGICK_NOT_FOUND, {file, program.name});
@@ -130,7 +130,7 @@ std::optional<std::wstring> frmConfigMagick::wrong_with(const Program& program) 
     return *right ? std::wstring() : LoadString(IDS_MAGICK_OTHER_PROGRAM, {file, program.name});
 }
 
-// Checking a program takes a while, in which the user can stop the check or cancel the dialog.
+// Checking a program takes time, in which the user can stop the check or cancel the dialog.
 bool frmConfigMagick::confirm() {
     for (const Program& program : kPrograms)
         propose_other(program);

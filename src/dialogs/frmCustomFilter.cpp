@@ -33,7 +33,7 @@ constexpr Base kBases[] = {
     {IDS_CUSTOM_BASE_SHARPEN, kSharpen}, {IDS_CUSTOM_BASE_SHARPEN_MORE, kSharpenMore},
 };
 
-// Characters a field takes: as many as its largest number has digits.
+// Length limits of the fields, in characters.
 constexpr int kCellLength = 5;
 constexpr int kWeightLength = 9;
 
@@ -105,7 +105,7 @@ void frmCustomFilter::on_command(int id, int notification) {
     if (id == IDC_CUSTOM_AUTO && checked(IDC_CUSTOM_AUTO)) calculate_weight();
 }
 
-// Tab leaves the grid from here and comes back to here.
+// Makes the cell the grid's only tab stop: Tab leaves the grid from it and returns to it.
 void frmCustomFilter::cell_entered(int cell) {
     const auto stop = [this](int at, bool on) {
         const HWND field = control(IDC_CUSTOM_CELL + at);
@@ -118,7 +118,7 @@ void frmCustomFilter::cell_entered(int cell) {
     SendMessageW(control(IDC_CUSTOM_CELL + cell), EM_SETSEL, 0, -1);
 }
 
-// From the cell with the focus, which is the tab stop, to its neighbour; not beyond the border.
+// Moves the focus from the tab stop to the neighbouring cell; nothing at the grid's border.
 void frmCustomFilter::move_focus(WPARAM key) const {
     constexpr int kLast = KernelGrid::kSide - 1;
     const int row = tab_stop_ / KernelGrid::kSide + (key == VK_DOWN) - (key == VK_UP);
@@ -164,7 +164,7 @@ bool frmCustomFilter::confirm() {
     constexpr int kCentre = IDC_CUSTOM_CELL + KernelGrid::kCentre;
     if (!radius) return reject(kCentre, IDS_CUSTOM_BLACK);
     if (*radius == 0) return reject(kCentre, IDS_CUSTOM_TOO_SMALL);
-    // The engine runs no filter that divides by 0, so the picture would silently stay as it is.
+    // The engine ignores a filter of weight 0: the picture would stay as it is without a message.
     if (weight == 0) return reject(IDC_CUSTOM_WEIGHT, IDS_CUSTOM_BLACK);
     hand_over(grid_.kernel(weight));
     return true;

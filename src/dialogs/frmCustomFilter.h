@@ -11,8 +11,8 @@ namespace kelvane {
 
 class frmCustomFilter : public Form {
   public:
-    /// The engine that gets the filter, as its custom one. When it has a custom filter already,
-    /// the grid starts with that; otherwise with the kernel that changes nothing.
+    /// `engine` receives the filter as its custom filter. The grid starts with the custom filter
+    /// that the engine has, if any, else with the kernel that changes nothing.
     explicit frmCustomFilter(cImageProcessDIB& engine);
 
     cImageProcessDIB& ImageProcess;
@@ -38,9 +38,9 @@ class frmCustomFilter : public Form {
 
     /// What the cells hold; text that is no number counts as 0.
     KernelGrid grid_;
-    /// Cells shown as having no part in the filter.
+    /// Cells drawn grey: their coefficient is 0.
     std::bitset<KernelGrid::kCells> grey_;
-    /// The grid's only cell that Tab reaches: the one that had the focus last.
+    /// The only cell that is a tab stop: the one that had the focus last.
     int tab_stop_ = KernelGrid::kCentre;
 };
 

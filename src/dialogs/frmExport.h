@@ -1,4 +1,4 @@
-// frmExport: what an export to an EAGLE script is to look like, with a preview of what is traced.
+// frmExport: options of an export to an EAGLE script, with a preview of what is traced.
 #pragma once
 
 #include "dialogs/export_choices.h"
@@ -16,7 +16,7 @@ class frmExport : public Form {
     /// The export asked for, after OK.
     ExportOptions options() const { return choices_.options(); }
 
-    /// Makes the preview anew: the picture reduced as an export reduces it, then scaled.
+    /// Makes the preview: the picture reduced as an export reduces it, then scaled.
     void loadPreview();
     const cDIBSection& preview() const { return preview_; }
 

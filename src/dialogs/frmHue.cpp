@@ -35,7 +35,7 @@ int position_of(double hue) {
     return static_cast<int>(std::lround((hue - kLowest) * kSteps));
 }
 
-// One row of every hue that the slider has, as bright as colours get.
+// One row with a pixel for each slider position, in its hue at full saturation.
 cDIBSection every_hue() {
     cDIBSection strip;
     if (!strip.Create((kHighest - kLowest) * kSteps + 1, 1)) return strip;
@@ -78,7 +78,7 @@ void frmHue::density_changed() {
     place_spectrum();
 }
 
-// Puts the strip of hues exactly over the way of the slider's thumb.
+// Aligns the strip of hues with the range of the slider's thumb.
 void frmHue::place_spectrum() const {
     const HWND slider = control(IDC_HUE_SLIDER);
     const int position = slider_position(slider);

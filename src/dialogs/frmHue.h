@@ -1,11 +1,11 @@
-// frmHue: the hue that a picture is coloured in.
+// frmHue: the hue for colouring a picture.
 #pragma once
 
 #include "dialogs/slider_dialog.h"
 
 namespace kelvane {
 
-/// The slider is under a strip of all hues.
+/// Above the slider is a strip of all hues.
 class frmHue : public SliderDialog {
   public:
     explicit frmHue(const cDIBSection& picture);

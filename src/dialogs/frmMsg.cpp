@@ -16,7 +16,7 @@ constexpr Caption kCaptions[] = {
     {IDOK, IDS_OPEN_ERROR_CLOSE},
 };
 
-// With the line ends that edit fields want, and without characters that would end the text.
+// Converts line ends to CR LF, which edit fields need, and drops zeros, which would end the text.
 std::wstring field_text(const std::wstring& text) {
     std::wstring result;
     for (const wchar_t c : text) {

@@ -11,8 +11,7 @@ namespace kelvane {
 /// Its second button opens "formats.html", the page about formats beside the program.
 class frmMsg : public Form {
   public:
-    /// `message`: the program's own words. `report`: the converter's, of any length and with any
-    /// line ends; empty when it said nothing.
+    /// `report`: output of the converter, of any length and with any line ends; may be empty.
     frmMsg(const std::wstring& message, const std::wstring& report, OpenInShell open);
 
   protected:

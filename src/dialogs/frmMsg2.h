@@ -6,8 +6,8 @@
 
 namespace kelvane {
 
-/// Its button stores whether the warning is to be shown again; the close box stores nothing. Asking
-/// the setting beforehand is the caller's.
+/// Its button stores whether the warning is to be shown again; the close box stores nothing. The
+/// caller reads the setting and shows the warning or not.
 class frmMsg2 : public Form {
   public:
     explicit frmMsg2(const SettingsFile& settings);

@@ -9,8 +9,8 @@ class frmMsg3 : public Form {
   public:
     frmMsg3();
 
-    /// Whether the script just written is to be deleted. Only the button says so: the close box
-    /// keeps the script whatever is ticked.
+    /// The script just written is to be deleted. Set by the button only; the close box leaves it
+    /// false.
     bool DeleteScript = false;
 
   protected:

@@ -6,9 +6,8 @@
 
 namespace kelvane {
 
-/// Starts with the size that was confirmed last, or with the picture's own when there was none.
-/// Width and height follow each other as long as the picture's ratio is to be kept, up to the
-/// largest size of that ratio.
+/// Starts with the stored size of the last use, else with the picture's own. While the picture's
+/// ratio is to be kept, width and height follow each other, up to the largest size of that ratio.
 class frmNewSize : public Form {
   public:
     /// Two sides of this length, in pixels, are the largest square that a picture buffer holds;
@@ -38,7 +37,7 @@ class frmNewSize : public Form {
     const SettingsFile& settings_;
     int width_;
     int height_;
-    bool following_ = false; // a field is being filled by the other one
+    bool following_ = false; // true while one field sets the other
 };
 
 } // namespace kelvane

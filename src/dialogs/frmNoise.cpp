@@ -17,7 +17,7 @@ constexpr Caption kCaptions[] = {
 };
 
 constexpr int kMost = 100;
-// Always the same grains, so that only what the user changes changes.
+// Fixed seed: the preview changes only when the user changes a setting.
 constexpr std::uint32_t kSeed = 1;
 
 } // namespace

@@ -22,12 +22,12 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_PALETTE_CANCEL},
 };
 
-// Squares of colour: no larger than this at 96 dots per inch, and with a gap between them from the
-// second number, in pixels, on.
+// Side of a colour's square: the largest, at 96 dots per inch, and the smallest with a gap to the
+// next square, in pixels.
 constexpr int kLargestSquare = 24;
 constexpr int kSmallestWithGap = 5;
 
-// By name the first palette file of a folder; empty when there is none.
+// The first palette file of a folder in the order of names; empty when there is none.
 std::filesystem::path first_palette(const std::filesystem::path& folder) {
     std::set<std::filesystem::path> found;
     std::error_code error;
@@ -77,8 +77,7 @@ void frmPalette::load() {
     read_colours();
 }
 
-// Reads the file whose name stands in the field and shows its colours. What is wrong with it;
-// empty for a good one.
+// Reads the file named in the field and shows its colours. The error text; empty on success.
 std::wstring frmPalette::read_colours() {
     const std::wstring file = text(IDC_PALETTE_FILE);
     palette_ = cPalette();
@@ -106,7 +105,7 @@ void frmPalette::on_command(int control, int notification) {
     if (control == IDC_PALETTE_BROWSE) browse();
 }
 
-// The folder of the file in the field, or else of the last picture, or else of the program.
+// The folder of the file in the field, else that of the last opened picture, else the program's.
 std::wstring frmPalette::browse_folder() const {
     const std::filesystem::path file = text(IDC_PALETTE_FILE);
     std::error_code ignored;

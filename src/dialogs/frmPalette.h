@@ -9,9 +9,8 @@
 
 namespace kelvane {
 
-/// Shows the colours of the chosen file and confirms only one that holds some. It starts with the
-/// first palette file beside the program, if there is one, and browses from there or from where
-/// pictures were opened last.
+/// Shows the colours of the chosen file; OK accepts only a file that holds some. It starts with the
+/// first palette file in the program's folder, if any.
 class frmPalette : public Form {
   public:
     explicit frmPalette(const SettingsFile& settings);

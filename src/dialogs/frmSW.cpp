@@ -30,8 +30,7 @@ constexpr Caption kCaptions[] = {
 
 constexpr int kLowestLimit = 1;
 constexpr int kHighestLimit = 255;
-// Where a slider stands before its reduction was used for the first time: for brightness what the
-// export reduces at.
+// Slider position before a reduction was first used; for brightness the limit of the export.
 constexpr int kDesignedLimit = 128;
 
 struct Slider {
@@ -80,7 +79,7 @@ void frmSW::load() {
     show_kind();
 }
 
-// The overview, in which there is a frame to move, can have the focus.
+// Lets the overview take the focus and the arrow keys, which move the frame in it.
 void frmSW::serve_keys() const {
     const HWND overview = control(IDC_REDUCE_OVERVIEW);
     SetWindowLongW(overview, GWL_STYLE, GetWindowLongW(overview, GWL_STYLE) | WS_TABSTOP);
@@ -97,8 +96,8 @@ void frmSW::restore() {
         const int stored = read_setting(settings_, each.setting);
         prepare_slider(control(each.id), stored == 0 ? kDesignedLimit : stored);
     }
-    // A channel whose key is missing beside another's is unticked. While no key is there at all,
-    // the reduction has never been made: without a channel it could not be, so all are ticked.
+    // A channel without a key is unticked, unless all keys are missing: the reduction was then
+    // never used, and all channels are ticked.
     const bool stored = std::ranges::any_of(kChannelBoxes, [this](const ChannelBox& box) {
         return !settings_.ReadIniValue(box.setting.section, box.setting.key).empty();
     });
@@ -129,7 +128,7 @@ bool frmSW::lacks_channel() const {
            !channels.blue;
 }
 
-// The chosen reduction's controls.
+// Shows and enables the controls of the chosen reduction.
 void frmSW::show_kind() {
     for (const Slider& each : kSliders)
         ShowWindow(control(each.id), control(each.id) == slider() ? SW_SHOW : SW_HIDE);
@@ -140,7 +139,7 @@ void frmSW::show_kind() {
 
 void frmSW::show_preview() {
     set_text(IDC_REDUCE_LIMIT, std::to_wstring(slider_position(slider())));
-    // Edges are where colours differ by the limit or more: the sentence on pixels is not theirs.
+    // No hint for edges: their limit is a difference between pixels.
     if (lacks_channel())
         set_text(IDC_REDUCE_HINT, LoadString(IDS_REDUCE_NO_COLOUR));
     else
@@ -204,8 +203,8 @@ void frmSW::draw(const DRAWITEMSTRUCT& box) {
     if (is_overview) draw_frame(box);
 }
 
-// Marks in the overview what the detail shows, unless that is everything; boldly while the arrow
-// keys move it.
+// Marks in the overview what the detail shows, unless that is everything. The frame is thick while
+// the overview has the focus.
 void frmSW::draw_frame(const DRAWITEMSTRUCT& box) const {
     if (preview_.detail_shows_all()) return;
     const double zoom = win::picture_zoom(window());
@@ -220,7 +219,7 @@ void frmSW::draw_frame(const DRAWITEMSTRUCT& box) const {
     }
 }
 
-// Over the overview the pointer says that there is something to move.
+// Hand as mouse pointer over the overview, whose frame can be dragged.
 INT_PTR frmSW::show_hand() const {
     POINT pointer{};
     RECT area{};
@@ -232,8 +231,9 @@ INT_PTR frmSW::show_hand() const {
     return TRUE;
 }
 
-// Moves the detail to a place in the overview, which `position` gives in the dialog. False for a
-// place outside; a frame that is being dragged follows the pointer along the border.
+// Moves the detail to the place of the mouse in the overview. `position`: lParam of a mouse message
+// of the dialog. False outside the overview, unless the frame is being dragged: it then follows the
+// mouse along the border.
 bool frmSW::pick_detail(LPARAM position) {
     const HWND box = control(IDC_REDUCE_OVERVIEW);
     POINT place{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
@@ -249,7 +249,7 @@ bool frmSW::pick_detail(LPARAM position) {
     return true;
 }
 
-// The arrow keys move the detail as long as the overview has the focus.
+// Sent by the overview while it has the focus.
 bool frmSW::move_detail(WPARAM key) {
     const int right = key == VK_RIGHT ? 1 : key == VK_LEFT ? -1 : 0;
     const int down = key == VK_DOWN ? 1 : key == VK_UP ? -1 : 0;

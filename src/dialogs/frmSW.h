@@ -1,4 +1,4 @@
-// frmSW: which reduction to black and white, with which limit, and what it would look like.
+// frmSW: kind and limit of a reduction to black and white, with a preview.
 #pragma once
 
 #include "dialogs/form.h"

@@ -1,4 +1,4 @@
-// Base of the dialogs that ask for one number and show at once what it does to the picture.
+// Base of the dialogs for one number with a preview of its effect.
 #pragma once
 
 #include "dialogs/form.h"
@@ -10,8 +10,8 @@
 
 namespace kelvane {
 
-/// A field and a slider, which follow each other, and a live preview. A number that is being typed
-/// and is none yet leaves slider and preview where they are.
+/// A field and a slider, which follow each other, and a live preview. Incomplete input leaves
+/// slider and preview unchanged.
 class SliderDialog : public Form {
   protected:
     struct Controls {
@@ -23,13 +23,13 @@ class SliderDialog : public Form {
     SliderDialog(int template_id, int title, std::span<const Caption> captions,
                  const Controls& controls, const cDIBSection& picture);
 
-    /// The slider's position for the number in the field; nothing when there is none.
+    /// The slider's position for the number in the field; nothing when that is no valid number.
     virtual std::optional<int> typed_position() const = 0;
     virtual std::wstring text_at(int position) const = 0;
-    /// What OK would do, on the preview; only while the field holds a number.
+    /// Applies to the preview what OK would do. Called only while the field holds a valid number.
     virtual void apply(cDIBSection& picture) = 0;
 
-    /// From `load`, once slider and field are filled.
+    /// To be called at the end of `load`.
     void start();
     void follow_field();
     void density_changed() override;

@@ -11,7 +11,7 @@ namespace {
 constexpr INT_PTR kConfirmed = 1;
 constexpr INT_PTR kCancelled = 2;
 
-// Posted: the system has finished with WM_DPICHANGED.
+// Posted, so that it arrives when the system has finished with WM_DPICHANGED.
 constexpr UINT kArrangedAnew = WM_APP + 100;
 
 const wchar_t* resource(int id) {

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kLongestPath = 32768;
 
-// The system separates by zeros, and a second zero ends the list.
+// The system wants zeros as separators and a second zero at the end.
 std::wstring system_filter(std::wstring filter) {
     std::replace(filter.begin(), filter.end(), L'|', L'\0');
     filter += L'\0';
@@ -22,7 +22,7 @@ std::wstring system_filter(std::wstring filter) {
 
 using Show = BOOL(WINAPI*)(OPENFILENAMEW*);
 
-// Nothing when cancelled; a proposal that the system takes for no file name is dropped.
+// Nothing when cancelled. A proposal that the system rejects as a file name is dropped.
 std::optional<std::wstring> ask(Show show, HWND owner, const FileQuestion& question, DWORD flags) {
     const std::wstring filter = system_filter(question.filter);
     std::wstring path(question.proposal);
