@@ -20,7 +20,6 @@ class frmConfigMagick : public Form {
     /// `open` opens the two pages for downloads.
     frmConfigMagick(const SettingsFile& settings, OpenInShell open);
 
-    /// True when the user gave up; nothing was stored then.
     /// Whether an existing program is part of ImageMagick; called by OK. It may dispatch messages
     /// while `keep_waiting` answers true. Nothing when the user stopped it: the dialog then stays
     /// open. Without this function every existing file is accepted.

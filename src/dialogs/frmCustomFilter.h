@@ -16,7 +16,6 @@ class frmCustomFilter : public Form {
     explicit frmCustomFilter(cImageProcessDIB& engine);
 
     cImageProcessDIB& ImageProcess;
-    /// True when the dialog was left without OK; the engine is as it was then.
 
   protected:
     void load() override;

@@ -12,8 +12,7 @@ class frmExport : public Form {
     /// `picture` is only read, and must live as long as the dialog.
     frmExport(const SettingsFile& settings, const cDIBSection& picture);
 
-    /// True when the dialog was left without OK; nothing was remembered then.
-    /// The export asked for, after OK.
+    /// The export asked for; valid unless `Cancelled`.
     ExportOptions options() const { return choices_.options(); }
 
     /// Makes the preview: the picture reduced as an export reduces it, then scaled.
