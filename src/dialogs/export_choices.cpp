@@ -38,6 +38,7 @@ ExportChoices ExportChoices::read(const SettingsFile& settings) {
     const int shape = read_setting(settings, settings::kLinewiseShape).value_or(kShapePolygon);
     if (shape == kShapeWire || shape == kShapeRectangle)
         choices.linewise_shape = static_cast<ShapeKind>(shape);
+    choices.mirrored = chosen(settings, settings::kMirrored, false);
     return choices;
 }
 
@@ -51,6 +52,7 @@ void ExportChoices::write(const SettingsFile& settings) const {
     write_setting(settings, settings::kAutotraceShape,
                   autotrace_shape == kShapePolygon ? kChosen : kNotChosen);
     write_setting(settings, settings::kLinewiseShape, linewise_shape);
+    write_setting(settings, settings::kMirrored, mirrored ? kChosen : kNotChosen);
 }
 
 ExportOptions ExportChoices::options() const {
