@@ -53,8 +53,7 @@ std::string many(std::uint64_t count, const std::string& noun) {
 }
 
 std::string shape_name(const ExportOptions& options) {
-    constexpr std::array kNames{"polygon", "wire", "rectangle"};
-    return kNames[static_cast<std::size_t>(options.optPoly)];
+    return std::string(kShapeNames[static_cast<std::size_t>(options.optPoly)]);
 }
 
 std::string byte_text(std::uint64_t bytes) {
