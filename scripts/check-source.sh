@@ -30,12 +30,12 @@ echo "tests: $test_lines lines to $code_lines of code ($((100 * test_lines / cod
 check_layers() {
     local engine='platform image process reduce export engine' folder allowed file line
     declare -A may=(
-        [platform]='image' [image]='platform' [process]='platform image'
+        [platform]='image' [image]='platform' [process]='platform image' [view]='image process'
         [reduce]='platform image process' [export]='platform image process reduce'
         [engine]='platform image process reduce export'
         [cli]="$engine" [win]='platform image res' [settings]='platform image export win res'
         [convert]='platform image win settings res' [dialogs]="$engine win settings convert res"
-        [app]="$engine win settings convert dialogs res")
+        [app]="$engine view win settings convert dialogs res")
     for folder in src/*/; do
         folder=$(basename "$folder")
         [ -n "${may[$folder]:-}" ] || { echo "src/$folder: no rule for this folder"; continue; }
