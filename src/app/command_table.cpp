@@ -79,6 +79,15 @@ struct CommandActions {
                  document.ProcessImage(kEmphasizeFirst);
                  document.ProcessImage(kEmphasizeSecond);
              })},
+            separator(),
+            {1, kCmdCropToSelection, IDS_MENU_CROP_TO_SELECTION, &M::crop_to_selection},
+            {1, kCmdCropToDrawing, IDS_MENU_CROP_TO_DRAWING, &M::crop_to_drawing},
+            {1, kCmdMirror, IDS_MENU_MIRROR, operation([](D& document) { document.Mirror(); })},
+            {1, kCmdFlip, IDS_MENU_FLIP, operation([](D& document) { document.Flip(); })},
+            {1, kCmdRotateRight, IDS_MENU_ROTATE_RIGHT,
+             operation([](D& document) { document.RotateRight(); })},
+            {1, kCmdRotateLeft, IDS_MENU_ROTATE_LEFT,
+             operation([](D& document) { document.RotateLeft(); })},
 
             submenu(0, IDS_MENU_COLORS),
             {1, kCmdDarken, IDS_MENU_DARKEN, operation([](D& document) { document.Fade(); })},

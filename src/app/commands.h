@@ -37,6 +37,12 @@ enum CommandId : unsigned short {
     kCmdResample,
     kCmdCombine,
     kCmdEmphasize,
+    kCmdCropToSelection,
+    kCmdCropToDrawing,
+    kCmdMirror,
+    kCmdFlip,
+    kCmdRotateRight,
+    kCmdRotateLeft,
 
     kCmdDarken,
     kCmdLighten,

@@ -2,6 +2,7 @@
 
 #include "app/error_text.h"
 #include "app/picture_clipboard.h"
+#include "app/picture_menu.h"
 #include "image/file_error.h"
 #include "settings/string_table.h"
 #include "win/dpi.h"
@@ -10,6 +11,8 @@
 #include "win/platform_error.h"
 
 #include "ids.h"
+
+#include <windowsx.h>
 
 #include <algorithm>
 #include <cmath>
@@ -35,10 +38,6 @@ std::wstring clock_text(double days) {
     return text;
 }
 
-// WM_DPICHANGED_AFTERPARENT, which the headers know for later systems only: the main window has
-// come to a monitor of another density.
-constexpr UINT kDensityChanged = 0x02E3;
-
 // Why a file did not open, and what may help.
 std::wstring cause_of(const std::exception& error) {
     std::wstring cause = error_text(error);
@@ -51,13 +50,14 @@ std::wstring cause_of(const std::exception& error) {
 } // namespace
 
 frmImage::frmImage(MainServices& main, HWND mdi_client)
-    : main_(main), mdi_client_(mdi_client), document_(main.settings(), this) {}
+    : main_(main), mdi_client_(mdi_client), document_(main.settings(), this),
+      view_(document_, [this] { main_.form_activated(*this); }) {}
 
 void frmImage::create() {
     WNDCLASSEXW window_class{};
     window_class.lpszClassName = kClassName;
     window_class.hIcon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE));
-    window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    window_class.hCursor = LoadCursorW(nullptr, IDC_CROSS); // dragging selects
     register_class(window_class);
     expect_window();
     if (CreateMDIWindowW(kClassName, caption().c_str(), WS_HSCROLL | WS_VSCROLL, CW_USEDEFAULT,
@@ -112,11 +112,11 @@ void frmImage::fit_window() {
     GetWindowRect(window(), &own);
     MapWindowPoints(nullptr, mdi_client_, reinterpret_cast<POINT*>(&own), 2);
     GetClientRect(mdi_client_, &room);
-    const SIZE view = view_size();
+    const SIZE view = view_.area();
     const LONG frame_width = own.right - own.left - view.cx;
     const LONG frame_height = own.bottom - own.top - view.cy;
-    const SIZE whole =
-        size_with_bars({room.right - own.left - frame_width, room.bottom - own.top - frame_height});
+    const SIZE whole = view_.size_with_bars(
+        {room.right - own.left - frame_width, room.bottom - own.top - frame_height});
     const LONG width = std::max(whole.cx, title_width()) + frame_width;
     const LONG height = whole.cy + frame_height;
     SetWindowPos(window(), nullptr, 0, 0, std::min(width, room.right - own.left),
@@ -191,14 +191,19 @@ void frmImage::bring_to_front() {
                  reinterpret_cast<WPARAM>(window()), 0);
 }
 
+std::wstring frmImage::zoom_text() const {
+    return std::to_wstring(view_.zoom()) + L" %";
+}
+
 void frmImage::CopyImage() {
-    if (!CopyToClipboard(document_.picture(), main_.frame(), false))
+    const auto selection = view_.selection();
+    const cDIBSection part = selection ? document_.part(*selection) : cDIBSection();
+    if (!CopyToClipboard(selection ? part : document_.picture(), main_.frame(), false))
         main_.show_error(IDS_IMAGE_COPY_ERROR, {});
 }
 
 void frmImage::Render() {
-    layout();
-    InvalidateRect(window(), nullptr, FALSE);
+    view_.picture_changed();
 }
 
 void frmImage::InitProgress(long lMax) {
@@ -220,33 +225,14 @@ LRESULT frmImage::default_procedure(UINT message, WPARAM w, LPARAM l) {
 }
 
 LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_NCCREATE) view_.attach(window());
+    if (const auto answer = view_.handle(message, w, l)) return *answer;
     switch (message) {
     case WM_CREATE:
         fit_window(); // not shown yet
         break;
-    case WM_PAINT:
-        paint();
-        return 0;
-    case WM_ERASEBKGND:
-        return TRUE; // `paint` covers everything
-    case WM_SIZE:
-        layout();
-        break; // MDI has its part in it
-    case kDensityChanged:
-        layout(); // scroll bars have another width
-        return 0;
-    case WM_HSCROLL:
-    case WM_VSCROLL:
-        scroll(message == WM_VSCROLL, LOWORD(w));
-        return 0;
-    case WM_MOUSEWHEEL:
-        wheel((LOWORD(w) & MK_SHIFT) == 0, GET_WHEEL_DELTA_WPARAM(w));
-        return 0;
-    case WM_MOUSEHWHEEL:
-        wheel(0, -GET_WHEEL_DELTA_WPARAM(w));
-        return 0;
-    case WM_KEYDOWN:
-        if (key(w)) return 0;
+    case WM_CONTEXTMENU:
+        if (show_menu(l)) return 0;
         break;
     case WM_MDIACTIVATE:
         if (reinterpret_cast<HWND>(l) == window()) main_.form_activated(*this);
@@ -261,14 +247,18 @@ LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
     return default_procedure(message, w, l);
 }
 
-void frmImage::paint() {
-    const win::Paint paint(window());
-    const cDIBSection& picture = document_.picture();
-    const int x = -position(0);
-    const int y = -position(1);
-    if (!picture.empty()) PaintPicture(picture, paint.context(), x, y);
-    ExcludeClipRect(paint.context(), x, y, x + picture.Width(), y + picture.Height());
-    FillRect(paint.context(), &paint.area(), GetSysColorBrush(COLOR_APPWORKSPACE));
+// False when the right button was released on the frame. A menu key names no place.
+bool frmImage::show_menu(LPARAM place) {
+    RECT client{};
+    GetClientRect(window(), &client);
+    POINT point{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+    ScreenToClient(window(), &point);
+    if (place == -1)
+        point = {client.right / 2, client.bottom / 2};
+    else if (!PtInRect(&client, point))
+        return false;
+    show_picture_menu(view_, window(), main_.frame(), point);
+    return true;
 }
 
 } // namespace kelvane

@@ -10,6 +10,8 @@
 #include "dialogs/frmNoise.h"
 #include "dialogs/frmPalette.h"
 #include "dialogs/frmSW.h"
+#include "settings/string_table.h"
+#include "win/message_box.h"
 
 #include "ids.h"
 
@@ -75,6 +77,19 @@ void mfrmMain::combine(frmImage& active) {
         if (done) combined.show_new();
         return done;
     });
+}
+
+void mfrmMain::crop_to_selection(frmImage& form) {
+    if (const auto part = form.view().selection())
+        process(form, [&](ImageDocument& document) { document.Crop(*part); });
+}
+
+void mfrmMain::crop_to_drawing(frmImage& form) {
+    bool found = true;
+    process(form, [&](ImageDocument& document) { found = document.CropToDrawing(); });
+    if (!found)
+        win::message_box(window(), LoadString(IDS_IMAGE_NOTHING_DARK), kApplicationTitle,
+                         MB_OK | MB_ICONINFORMATION);
 }
 
 void mfrmMain::colourise(frmImage& form) {

@@ -155,6 +155,7 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_INITMENUPOPUP: {
         const frmImage* form = active_form();
         menu_->enable(kCmdUndo, form != nullptr && form->document().undoEnable());
+        menu_->enable(kCmdCropToSelection, form != nullptr && form->view().selection());
         menu_->escape_documents(mdi_client_);
         break;
     }
@@ -298,6 +299,7 @@ frmImage* mfrmMain::active_form() const {
 
 void mfrmMain::form_activated(frmImage& form) {
     SetStatus(L"#", form.document().FileTitle(), form.size_text());
+    status_bar_.SetZoom(form.zoom_text());
 }
 
 void mfrmMain::form_deactivated(const frmImage& form) {
@@ -307,7 +309,9 @@ void mfrmMain::form_deactivated(const frmImage& form) {
 void mfrmMain::form_closed(frmImage& form) {
     form_deactivated(form);
     std::erase_if(forms_, [&](const auto& each) { return each.get() == &form; });
-    if (forms_.empty()) SetStatus(L"#", L"", L"");
+    if (!forms_.empty()) return;
+    SetStatus(L"#", L"", L"");
+    status_bar_.SetZoom({});
 }
 
 } // namespace kelvane

@@ -135,6 +135,8 @@ class mfrmMain : public win::Window, private MainServices {
     void custom_filter(frmImage& form);
     void resample(frmImage& form);
     void combine(frmImage& form);
+    void crop_to_selection(frmImage& form);
+    void crop_to_drawing(frmImage& form);
     void colourise(frmImage& form);
     void apply_palette(frmImage& form);
     void reduce(frmImage& form);

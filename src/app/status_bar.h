@@ -1,4 +1,4 @@
-// The main window's last line: three fields and the progress bar.
+// The main window's last line: three fields, the progress bar and the zoom.
 #pragma once
 
 #include "win/gdi.h"
@@ -19,11 +19,13 @@ class StatusBar {
     /// Every text but "#" is shown, after a blank.
     void SetStatus(const std::wstring& message, const std::wstring& title,
                    const std::wstring& size);
+    /// What the last field shows; empty for nothing.
+    void SetZoom(const std::wstring& zoom);
     /// The bar begins anew.
     void ProgressMax(long maximum);
     void ProgressValue(long position);
     void ShowProgress(bool show);
-    /// The text of a field as it is shown: 0 message, 1 title, 2 size.
+    /// The text of a field as it is shown: 0 message, 1 title, 2 size, 4 zoom.
     std::wstring text(int field) const;
 
     HWND window() const { return bar_; }

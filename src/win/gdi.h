@@ -34,6 +34,7 @@ template <class Handle, auto Destroy> class Owned {
 
 using Bitmap = Owned<HBITMAP, DeleteObject>;
 using Brush = Owned<HBRUSH, DeleteObject>;
+using Pen = Owned<HPEN, DeleteObject>;
 using Icon = Owned<HICON, DestroyIcon>;
 using Font = Owned<HFONT, DeleteObject>;
 using Menu = Owned<HMENU, DestroyMenu>;

@@ -1,0 +1,39 @@
+#include "app/picture_painter.h"
+
+#include "app/picture_clipboard.h"
+#include "view/scaled_part.h"
+
+#include <algorithm>
+#include <new>
+
+namespace kelvane {
+
+void PicturePainter::draw(HDC context, const cDIBSection& picture, const ViewGeometry& view) {
+    if (picture.empty() || ViewSize{picture.Width(), picture.Height()} != view.picture()) return;
+    const ViewPoint from = view.scroll();
+    if (view.zoom() == ViewGeometry::kOneToOne)
+        return PaintPicture(picture, context, -from.x, -from.y);
+    const ViewSize extent = view.extent();
+    const ViewSize size{std::min(extent.width - from.x, view.window().width),
+                        std::min(extent.height - from.y, view.window().height)};
+    if (size.width <= 0 || size.height <= 0) return;
+    const Part part{view.across(), view.down(), from, size};
+    if (copied_ == part || copy(picture, part)) PaintPicture(copy_, context, 0, 0);
+}
+
+bool PicturePainter::copy(const cDIBSection& picture, const Part& part) {
+    copied_.reset();
+    if (copy_.Width() != part.size.width || copy_.Height() != part.size.height)
+        if (!copy_.Create(part.size.width, part.size.height)) return false;
+    try {
+        GdiFlush(); // an earlier copy may still be on its way to the screen
+        draw_scaled_part(picture.view(), part.across, part.down, part.from.x, part.from.y,
+                         copy_.view());
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    copied_ = part;
+    return true;
+}
+
+} // namespace kelvane
