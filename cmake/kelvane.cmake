@@ -36,11 +36,16 @@ if(KELVANE_FUZZ)
   target_link_options(kelvane_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
-# kelvane_library(NAME SOURCES file... [LINKS library...])
-# One static library per folder; LINKS names the folders below it.
+# kelvane_library(NAME [OBJECT] SOURCES file... [LINKS library...])
+# A static library, or an object library, of one folder of src. LINKS names a library of every other
+# folder that it includes: scripts/check-source.sh reads it and allows no more.
 function(kelvane_library name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
-  add_library(${name} STATIC ${arg_SOURCES})
+  cmake_parse_arguments(arg "OBJECT" "" "SOURCES;LINKS" ${ARGN})
+  if(arg_OBJECT)
+    add_library(${name} OBJECT ${arg_SOURCES})
+  else()
+    add_library(${name} STATIC ${arg_SOURCES})
+  endif()
   target_link_libraries(${name} PUBLIC kelvane_flags ${arg_LINKS})
 endfunction()
 

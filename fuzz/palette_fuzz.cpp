@@ -1,7 +1,7 @@
 // The bytes of a palette file, and every pixel of a picture drawn with its colours.
-#include "image/cpu.h"
+#include "base/cpu.h"
+#include "base/file_error.h"
 #include "image/dib_section.h"
-#include "image/file_error.h"
 #include "process/diffusion.h"
 #include "process/palette.h"
 

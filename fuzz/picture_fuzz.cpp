@@ -2,9 +2,9 @@
 // independent reader checks.
 #include "png_checksums.h"
 
+#include "base/file_error.h"
 #include "engine/image_process.h"
 #include "export/script_reader.h"
-#include "image/file_error.h"
 #include "image/picture_reader.h"
 #include "image/size_limit.h"
 

@@ -26,31 +26,45 @@ code_lines=$(lines "${code[@]}")
 test_lines=$(lines "${tests[@]}")
 echo "tests: $test_lines lines to $code_lines of code ($((100 * test_lines / code_lines)) %)"
 
-# Which folders each folder of src may include, besides itself.
-check_layers() {
-    local engine='platform image process reduce export engine' folder allowed file line
-    declare -A may=(
-        [platform]='image' [image]='platform' [process]='platform image' [view]='image process'
-        [reduce]='platform image process' [export]='platform image process reduce'
-        [engine]='platform image process reduce export'
-        [cli]="$engine" [win]='platform image res' [settings]='platform image export win res'
-        [convert]='platform image win settings res' [dialogs]="$engine win settings convert res"
-        [app]="$engine view win settings convert dialogs res")
-    for folder in src/*/; do
-        folder=$(basename "$folder")
-        [ -n "${may[$folder]:-}" ] || { echo "src/$folder: no rule for this folder"; continue; }
-        allowed="$folder ${may[$folder]}"
-        grep -rnE '^ *# *include "' "src/$folder" | while read -r line; do
-            file=$(sed -E 's/.*"([^"]*)".*/\1/; s|^ids.h$|res/ids.h|' <<<"$line")
-            [[ " $allowed " == *" ${file%%/*} "* ]] || echo "$line"
-        done || true
+# What the CMake files of src say: "FOLDER is LIBRARY", "FOLDER links LIBRARY".
+cmake_libraries() {
+    local file
+    for file in src/*/CMakeLists.txt; do
+        sed 's/#.*//; s/[()]/ & /g' "$file" | tr -s '[:space:]' '\n' |
+            awk -v folder="$(basename "$(dirname "$file")")" '
+                $0 == "kelvane_library" { getline; getline; print folder, "is", $0; inside = 1; next }
+                $0 == ")" { inside = links = 0 }
+                $0 == "LINKS" { links = inside }
+                links && /^kelvane_/ { print folder, "links", $0 }'
     done
 }
-complain "includes against the direction of the layers" "$(check_layers)"
+# "FOLDER OTHER" for every other folder of which FOLDER links a library.
+folder_links() {
+    awk '$2 == "is" { folder[$3] = $1 }
+         $2 == "links" { from[++n] = $1; to[n] = $3 }
+         END { for (i = 1; i <= n; ++i) if (folder[to[i]] != from[i]) print from[i], folder[to[i]] }' \
+        <(cmake_libraries) | sort -u
+}
+folder_links=$(folder_links)
+
+# A folder may include itself and those that it links. res/ids.h, which has no folder before its
+# name, is found only where CMake gives the folder res.
+check_layers() {
+    local line folder file
+    declare -A allowed
+    while read -r line; do allowed[$line]=yes; done <<<"$folder_links"
+    grep -rnE '^ *# *include "' src | while read -r line; do
+        folder=${line#src/} folder=${folder%%/*}
+        file=${line#*\"} file=${file%%\"*}
+        [[ $file == ids.h || $file == "$folder"/* || ${allowed[$folder ${file%%/*}]:-} ]] || echo "$line"
+    done
+}
+complain "includes of folders that CMake does not link" "$(check_layers)"
+complain "folders that link each other" "$(tsort <<<"$folder_links" 2>&1 >/dev/null || true)"
 
 system_headers='^[^:]*:[0-9]+: *# *include *<(windows|windowsx|winuser|wingdi|winbase|commctrl|commdlg|shell[a-z0-9]*|shlobj|shlwapi|ole[a-z0-9]*|objbase|wincodec|unistd|sys/[a-z]+)\.h>'
 complain "system headers outside the platform folders" \
-    "$(grep -rnE '#' src/image src/process src/reduce src/export src/engine src/cli | grep -E "$system_headers" || true)"
+    "$(grep -rnE '#' src/base src/image src/process src/reduce src/export src/engine src/cli | grep -E "$system_headers" || true)"
 complain "platform conditionals (declare in a header, let the build pick the source)" \
     "$(grep -rnE '^ *# *(if|ifdef|ifndef|elif).*(_WIN32|_WIN64|__linux__|__unix__|__MINGW|_MSC_VER)' "${sources[@]}" || true)"
 complain "more than 600 lines" \

@@ -4,7 +4,7 @@
 #include "image/picture_reader.h"
 #include "image/size_limit.h"
 #include "settings/catalogue.h"
-#include "settings/string_table.h"
+#include "texts/string_table.h"
 
 #include "ids.h"
 

@@ -1,10 +1,10 @@
 #include "app/image_window.h"
 
-#include "app/error_text.h"
 #include "app/picture_clipboard.h"
 #include "app/picture_menu.h"
-#include "image/file_error.h"
-#include "settings/string_table.h"
+#include "base/file_error.h"
+#include "texts/error_text.h"
+#include "texts/string_table.h"
 #include "win/dpi.h"
 #include "win/gdi.h"
 #include "win/message_box.h"

@@ -1,10 +1,10 @@
 // kelvane.exe: the desktop program. Files named on the command line are opened.
-#include "app/error_text.h"
 #include "app/main_window.h"
+#include "base/com_scope.h"
+#include "base/library_search.h"
 #include "dialogs/frmSplash.h"
-#include "platform/com_windows.h"
-#include "platform/library_search_windows.h"
-#include "settings/string_table.h"
+#include "texts/error_text.h"
+#include "texts/string_table.h"
 #include "win/gdi.h"
 #include "win/message_box.h"
 

@@ -6,7 +6,6 @@
 #include "app/main_window.h"
 
 #include "app/busy.h"
-#include "app/error_text.h"
 #include "convert/conversion.h"
 #include "dialogs/frmConfigMagick.h"
 #include "dialogs/frmMsg.h"
@@ -14,7 +13,8 @@
 #include "dialogs/frmMultiPic.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
-#include "settings/string_table.h"
+#include "texts/error_text.h"
+#include "texts/string_table.h"
 
 #include "ids.h"
 

@@ -2,7 +2,6 @@
 #include "app/main_window.h"
 
 #include "app/busy.h"
-#include "app/error_text.h"
 #include "dialogs/frmCombination.h"
 #include "dialogs/frmCustomFilter.h"
 #include "dialogs/frmHue.h"
@@ -10,7 +9,8 @@
 #include "dialogs/frmNoise.h"
 #include "dialogs/frmPalette.h"
 #include "dialogs/frmSW.h"
-#include "settings/string_table.h"
+#include "texts/error_text.h"
+#include "texts/string_table.h"
 #include "win/message_box.h"
 
 #include "ids.h"

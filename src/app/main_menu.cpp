@@ -1,7 +1,7 @@
 #include "app/main_menu.h"
 
 #include "app/command_table.h"
-#include "settings/string_table.h"
+#include "texts/string_table.h"
 #include "win/dialog.h"
 
 #include "ids.h"

@@ -1,8 +1,8 @@
 #include "app/picture_clipboard.h"
 
-#include "app/error_text.h"
 #include "app/main_services.h"
-#include "settings/string_table.h"
+#include "texts/error_text.h"
+#include "texts/string_table.h"
 #include "win/clipboard.h"
 #include "win/message_box.h"
 #include "win/platform_error.h"

@@ -1,7 +1,7 @@
 #include "app/picture_menu.h"
 
 #include "app/commands.h"
-#include "settings/string_table.h"
+#include "texts/string_table.h"
 #include "win/gdi.h"
 
 #include "ids.h"

@@ -2,7 +2,7 @@
 
 #include "export/export_options.h"
 #include "process/dark_bounds.h"
-#include "settings/string_table.h"
+#include "texts/string_table.h"
 #include "win/dpi.h"
 
 #include "ids.h"

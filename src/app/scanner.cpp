@@ -1,8 +1,8 @@
 #include "app/scanner.h"
 
-#include "app/error_text.h"
 #include "settings/folders.h"
-#include "settings/string_table.h"
+#include "texts/error_text.h"
+#include "texts/string_table.h"
 #include "win/platform_error.h"
 
 #include "ids.h"

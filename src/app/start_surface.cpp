@@ -1,7 +1,7 @@
 #include "app/start_surface.h"
 
 #include "app/commands.h"
-#include "settings/string_table.h"
+#include "texts/string_table.h"
 #include "win/dialog.h"
 #include "win/dpi.h"
 #include "win/platform_error.h"

@@ -1,12 +1,12 @@
 #include "cli/apply_command.h"
 
+#include "base/output_file.h"
+#include "base/text.h"
 #include "cli/console_progress.h"
 #include "cli/file_argument.h"
 #include "cli/picture_job.h"
 #include "cli/usage_error.h"
-#include "cli/utf8_path.h"
 #include "image/bitmap_file.h"
-#include "platform/output_file.h"
 
 #include <CLI/CLI.hpp>
 

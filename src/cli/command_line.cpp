@@ -1,11 +1,11 @@
 #include "cli/command_line.h"
 
+#include "base/file_error.h"
 #include "cli/apply_command.h"
 #include "cli/exit_code.h"
 #include "cli/export_command.h"
 #include "cli/ops_command.h"
 #include "cli/usage_error.h"
-#include "image/file_error.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,10 +1,10 @@
 #include "cli/export_arguments.h"
 
+#include "base/output_file.h"
+#include "base/text.h"
 #include "cli/file_argument.h"
 #include "cli/number_argument.h"
 #include "cli/usage_error.h"
-#include "cli/utf8_path.h"
-#include "platform/output_file.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,10 +1,10 @@
 #include "cli/export_command.h"
 
+#include "base/text.h"
 #include "cli/console_progress.h"
 #include "cli/exit_code.h"
 #include "cli/export_arguments.h"
 #include "cli/file_argument.h"
-#include "cli/utf8_path.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,8 +1,8 @@
 #include "cli/file_argument.h"
 
+#include "base/file_identity.h"
+#include "base/text.h"
 #include "cli/usage_error.h"
-#include "cli/utf8_path.h"
-#include "platform/file_identity.h"
 
 namespace kelvane {
 namespace {

@@ -1,7 +1,7 @@
 // Names of files on the command line: standard streams, and inputs that are not to be lost.
 #pragma once
 
-#include "image/safe_file.h"
+#include "base/safe_file.h"
 
 #include <string>
 #include <vector>

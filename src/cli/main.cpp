@@ -1,6 +1,6 @@
 // kelvane-cli: the engine with no window.
+#include "base/console.h"
 #include "cli/command_line.h"
-#include "platform/console.h"
 
 #include <iostream>
 

@@ -1,10 +1,10 @@
 #include "cli/operations.h"
 
+#include "base/file_error.h"
+#include "base/text.h"
 #include "cli/number_argument.h"
 #include "cli/operation_arguments.h"
 #include "cli/usage_error.h"
-#include "cli/utf8_path.h"
-#include "image/file_error.h"
 #include "image/picture_reader.h"
 #include "reduce/local_black_white.h"
 

@@ -1,10 +1,10 @@
 #include "cli/picture_job.h"
 
+#include "base/file_bytes.h"
+#include "base/file_error.h"
+#include "base/text.h"
 #include "cli/file_argument.h"
 #include "cli/number_argument.h"
-#include "cli/utf8_path.h"
-#include "image/file_bytes.h"
-#include "image/file_error.h"
 #include "image/picture_reader.h"
 #include "image/size_limit.h"
 

@@ -1,7 +1,7 @@
 // The folder in which ImageMagick runs.
 #pragma once
 
-#include "convert/private_folder.h"
+#include "settings/private_folder.h"
 
 namespace kelvane {
 

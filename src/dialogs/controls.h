@@ -1,7 +1,7 @@
 // What the forms ask of their controls again and again.
 #pragma once
 
-#include "settings/string_table.h"
+#include "texts/string_table.h"
 
 #include <windows.h>
 

@@ -1,10 +1,7 @@
 #include "dialogs/export_choices.h"
 
+#include "base/lenient_number.h"
 #include "settings/catalogue.h"
-#include "settings/lenient_number.h"
-#include "settings/string_table.h"
-
-#include "ids.h"
 
 namespace kelvane {
 namespace {
@@ -16,18 +13,6 @@ constexpr int kNotChosen = 0;
 bool chosen(const SettingsFile& settings, const OptionalSetting& setting, bool when_missing) {
     const auto value = read_setting(settings, setting);
     return value ? *value != kNotChosen : when_missing;
-}
-
-// Positions in the layer list, from 1, that have names of their own.
-constexpr int kBoardLayers = 52;
-constexpr int kFirstSchematicLayer = 91;
-constexpr int kLastSchematicLayer = 96;
-
-std::wstring layer_label(int position) {
-    if (position <= kBoardLayers) return load_fixed_string(IDS_LAYER_FIRST + position - 1);
-    if (position >= kFirstSchematicLayer && position <= kLastSchematicLayer)
-        return load_fixed_string(IDS_LAYER_LAST + position - kLastSchematicLayer);
-    return std::to_wstring(position) + load_fixed_string(IDS_LAYER_USERDEFINED);
 }
 
 } // namespace
@@ -68,13 +53,6 @@ ExportOptions ExportChoices::options() const {
     options.unit = static_cast<std::int16_t>(unit);
     options.ver = static_cast<std::int16_t>(version);
     return options;
-}
-
-std::vector<std::wstring> layer_labels() {
-    std::vector<std::wstring> labels;
-    for (int position = 1; position <= kLayerCount; ++position)
-        labels.push_back(layer_label(position));
-    return labels;
 }
 
 } // namespace kelvane

@@ -6,7 +6,6 @@
 #include "settings/settings_file.h"
 
 #include <string>
-#include <vector>
 
 namespace kelvane {
 
@@ -30,10 +29,5 @@ struct ExportChoices {
     /// decimal separator whatever the locale: "0,5" asks for 0.
     ExportOptions options() const;
 };
-
-/// The entries of the layer list: 255, the entry at position n standing for layer n + 1. Labels of
-/// the positions from 50 to 52 are one ahead of the layer they stand for, because no name belongs
-/// to layer 50; scripts have always carried the position.
-std::vector<std::wstring> layer_labels();
 
 } // namespace kelvane

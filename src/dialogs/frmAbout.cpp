@@ -2,7 +2,7 @@
 
 #include "dialogs/controls.h"
 #include "dialogs/program_face.h"
-#include "settings/string_table.h"
+#include "texts/string_table.h"
 #include "win/message_box.h"
 #include "win/shell.h"
 

@@ -1,8 +1,10 @@
 #include "dialogs/frmExport.h"
 
+#include "base/text.h"
 #include "dialogs/controls.h"
 #include "dialogs/preview_size.h"
 #include "engine/image_process.h"
+#include "texts/layer_names.h"
 #include "win/picture_box.h"
 
 #include "ids.h"
@@ -30,10 +32,6 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_EXPORT_CANCEL},
 };
 
-std::wstring wide(std::string_view ascii) {
-    return {ascii.begin(), ascii.end()};
-}
-
 } // namespace
 
 frmExport::frmExport(const SettingsFile& settings, const cDIBSection& picture)
@@ -58,9 +56,9 @@ void frmExport::fill_lists() const {
     for (const std::wstring& label : layer_labels())
         add_entry(control(IDC_EXPORT_LAYER), label);
     for (const EagleVersion& version : kEagleVersions)
-        add_entry(control(IDC_EXPORT_VERSION), wide(version.name));
+        add_entry(control(IDC_EXPORT_VERSION), wide_text(version.name));
     for (const Unit& unit : kUnits)
-        add_entry(control(IDC_EXPORT_UNIT), wide(unit.name));
+        add_entry(control(IDC_EXPORT_UNIT), wide_text(unit.name));
 }
 
 void frmExport::show_choices() const {

@@ -2,7 +2,7 @@
 
 #include "dialogs/controls.h"
 #include "settings/catalogue.h"
-#include "settings/string_table.h"
+#include "texts/string_table.h"
 
 #include "ids.h"
 

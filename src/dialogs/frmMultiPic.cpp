@@ -1,7 +1,7 @@
 #include "dialogs/frmMultiPic.h"
 
+#include "base/file_error.h"
 #include "dialogs/controls.h"
-#include "image/file_error.h"
 #include "image/picture_reader.h"
 #include "win/dpi.h"
 #include "win/picture_box.h"

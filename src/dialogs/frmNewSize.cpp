@@ -4,7 +4,7 @@
 #include "dialogs/field_input.h"
 #include "image/dib_section.h"
 #include "settings/catalogue.h"
-#include "settings/string_table.h"
+#include "texts/string_table.h"
 
 #include "ids.h"
 

@@ -2,9 +2,9 @@
 
 #include "dialogs/controls.h"
 #include "dialogs/field_input.h"
-#include "dialogs/file_error_text.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
+#include "texts/file_error_text.h"
 #include "win/dpi.h"
 #include "win/file_dialogs.h"
 

@@ -1,11 +1,11 @@
 // cImageProcessDIB, the engine's face: what the windows and the command line call.
 #pragma once
 
+#include "base/random_source.h"
 #include "engine/engine_error.h"
 #include "export/vectorize.h"
 #include "image/dib_section.h"
 #include "image/progress.h"
-#include "image/random_source.h"
 #include "process/filter_kernel.h"
 #include "process/geometry.h"
 #include "process/palette.h"

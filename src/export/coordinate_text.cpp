@@ -1,6 +1,6 @@
 #include "export/coordinate_text.h"
 
-#include "export/number_text.h"
+#include "base/number_text.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
 // The text of an EAGLE script as it grows: what all kinds of shapes share.
 #pragma once
 
+#include "base/safe_file.h"
 #include "export/coordinate_text.h"
 #include "export/export_options.h"
-#include "image/safe_file.h"
 
 #include <cstdint>
 #include <memory>

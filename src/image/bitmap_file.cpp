@@ -1,8 +1,8 @@
 #include "image/bitmap_file.h"
 
+#include "base/file_error.h"
+#include "base/safe_file.h"
 #include "image/dib_section.h"
-#include "image/file_error.h"
-#include "image/safe_file.h"
 
 #include <cstring>
 #include <limits>

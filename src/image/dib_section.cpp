@@ -1,6 +1,6 @@
 #include "image/dib_section.h"
 
-#include "image/random_source.h"
+#include "image/random_bits.h"
 #include "image/resample.h"
 
 #include <chrono>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "image/image_view.h"
-#include "platform/pixel_store.h"
+#include "image/pixel_store.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "image/picture_reader.h"
 
+#include "base/file_bytes.h"
 #include "image/completeness.h"
-#include "image/file_bytes.h"
 #include "image/gif_format.h"
 #include "image/icon_format.h"
 #include "image/upright_picture.h"

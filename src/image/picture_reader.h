@@ -1,9 +1,9 @@
 // Opening a picture file.
 #pragma once
 
+#include "base/file_error.h"
 #include "image/byte_numbers.h"
 #include "image/dib_section.h"
-#include "image/file_error.h"
 
 #include <filesystem>
 

@@ -1,7 +1,7 @@
 // Resampling's inner loops for every processor, and the choice between the levels.
 #include "image/resample_rows.inl"
 
-#include "image/cpu.h"
+#include "base/cpu.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #include "image/upright_picture.h"
 
-#include "image/file_error.h"
+#include "base/file_error.h"
 
 #include <algorithm>
 #include <array>

@@ -1,29 +1,12 @@
 #include "platform/com_windows.h"
 
+#include "base/system_message.h"
+#include "base/text.h"
+
 #include <string>
 
 namespace kelvane {
 namespace {
-
-std::string utf8(const std::wstring& text) {
-    const int units = static_cast<int>(text.size());
-    const int bytes =
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), units, nullptr, 0, nullptr, nullptr);
-    std::string result(static_cast<std::size_t>(bytes), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), units, result.data(), bytes, nullptr, nullptr);
-    return result;
-}
-
-// One line without the full stop; empty when the system has no words for it.
-std::wstring system_words(HRESULT result) {
-    constexpr DWORD kHow =
-        FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK;
-    wchar_t text[512];
-    std::wstring words(text, FormatMessageW(kHow, nullptr, static_cast<DWORD>(result), 0, text,
-                                            static_cast<DWORD>(std::size(text)), nullptr));
-    words.erase(words.find_last_not_of(L" .\r\n") + 1);
-    return words;
-}
 
 // Decoders report most damage by codes that say nothing to a user.
 bool means_damage(HRESULT result) {
@@ -35,8 +18,10 @@ bool means_damage(HRESULT result) {
 } // namespace
 
 FileError decoding_error(HRESULT result) {
-    const std::wstring words = means_damage(result) ? std::wstring() : system_words(result);
-    return words.empty() ? FileError(FileFault::kDamaged) : FileError(utf8(words));
+    if (means_damage(result)) return FileError(FileFault::kDamaged);
+    std::wstring words = system_message(static_cast<unsigned long>(result));
+    words.erase(words.find_last_not_of(L" .\r\n") + 1); // without the full stop
+    return words.empty() ? FileError(FileFault::kDamaged) : FileError(narrow_text(words));
 }
 
 } // namespace kelvane

@@ -1,7 +1,7 @@
-// COM for the picture readers: its lifetime on a thread, pointers, and failures in words.
+// COM for the picture readers: pointers, and failures in words.
 #pragma once
 
-#include "image/file_error.h"
+#include "base/file_error.h"
 
 // windows.h leaves COM out of its lean form.
 #include <windows.h>
@@ -12,21 +12,6 @@
 namespace kelvane {
 
 using Microsoft::WRL::ComPtr;
-
-/// COM is ready on this thread while the object lives. A thread on which somebody else has
-/// chosen another kind of apartment serves as well.
-class ComScope {
-  public:
-    ComScope() : started_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
-    ~ComScope() {
-        if (started_) CoUninitialize();
-    }
-    ComScope(const ComScope&) = delete;
-    ComScope& operator=(const ComScope&) = delete;
-
-  private:
-    bool started_;
-};
 
 /// The cause of a failed decoder call as a phrase in UTF-8: the system's words where it has any.
 FileError decoding_error(HRESULT result);

@@ -1,6 +1,7 @@
-#include "platform/console.h"
+#include "base/console.h"
 
-#include "platform/library_search_windows.h"
+#include "base/library_search.h"
+#include "base/text.h"
 
 #include <windows.h>
 
@@ -12,17 +13,6 @@
 #include <memory>
 
 namespace kelvane {
-namespace {
-
-std::string utf8(const wchar_t* text) {
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
-    std::string result(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text, -1, result.data(), size, nullptr, nullptr);
-    result.resize(result.size() - 1); // the closing NUL
-    return result;
-}
-
-} // namespace
 
 // `argv` came through the system's code page and has lost what that cannot write.
 std::vector<std::string> utf8_arguments(int, char**) {
@@ -31,7 +21,7 @@ std::vector<std::string> utf8_arguments(int, char**) {
         CommandLineToArgvW(GetCommandLineW(), &count), LocalFree);
     std::vector<std::string> result;
     for (int i = 1; i < count; ++i)
-        result.push_back(utf8(arguments.get()[i]));
+        result.push_back(narrow_text(arguments.get()[i]));
     return result;
 }
 

@@ -1,4 +1,4 @@
-#include "platform/file_identity.h"
+#include "base/file_identity.h"
 
 #include <windows.h>
 

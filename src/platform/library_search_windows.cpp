@@ -1,4 +1,4 @@
-#include "platform/library_search_windows.h"
+#include "base/library_search.h"
 
 #include <windows.h>
 

@@ -1,5 +1,5 @@
 // Files being written, with the system calls of Linux.
-#include "platform/output_file.h"
+#include "base/output_file.h"
 
 #include "platform/temporary_name.h"
 

@@ -1,5 +1,5 @@
 // Files being written, with the calls of Windows.
-#include "platform/output_file.h"
+#include "base/output_file.h"
 
 #include "platform/temporary_name.h"
 

@@ -1,4 +1,5 @@
 // Pictures through WIC, metafiles through the OLE picture loader.
+#include "base/com_scope.h"
 #include "image/metafile_format.h"
 #include "image/orientation.h"
 #include "image/picture_reader.h"

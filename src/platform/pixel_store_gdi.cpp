@@ -1,6 +1,6 @@
 // Pixels in a DIB section that is selected into a memory device context, so that GDI draws and
 // copies what the engine works on.
-#include "platform/pixel_store.h"
+#include "image/pixel_store.h"
 
 #include <windows.h>
 

@@ -1,5 +1,5 @@
 // Pixels in plain heap memory.
-#include "platform/pixel_store.h"
+#include "image/pixel_store.h"
 
 #include <cstdlib>
 

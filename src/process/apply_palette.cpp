@@ -1,6 +1,6 @@
 // Row by row through strips of columns gives the same picture as column by column, as long as each
 // pixel takes its left neighbour's error before that of the row before.
-#include "image/cpu.h"
+#include "base/cpu.h"
 #include "process/closest_colour.h"
 #include "process/column_strips.h"
 #include "process/diffusion.h"

@@ -1,7 +1,7 @@
 // The inner loops for every processor, and the choice between the levels.
 #include "process/area_rows.inl"
 
-#include "image/cpu.h"
+#include "base/cpu.h"
 
 namespace kelvane {
 

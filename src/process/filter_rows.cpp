@@ -1,6 +1,6 @@
 // The inner loops for every processor, and the choice between the levels.
 #include "process/filter_rows.h"
-#include "image/cpu.h"
+#include "base/cpu.h"
 
 #include <cstdint>
 #include <emmintrin.h>

@@ -1,6 +1,6 @@
 #include "process/geometry_rows.h"
 
-#include "image/cpu.h"
+#include "base/cpu.h"
 
 #include <cstring>
 

@@ -1,7 +1,7 @@
 #include "process/palette.h"
 
-#include "image/file_bytes.h"
-#include "image/file_error.h"
+#include "base/file_bytes.h"
+#include "base/file_error.h"
 
 #include <algorithm>
 #include <charconv>

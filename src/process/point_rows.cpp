@@ -1,6 +1,6 @@
 #include "process/point_rows.h"
 
-#include "image/cpu.h"
+#include "base/cpu.h"
 #include "process/hls_rgb.h"
 
 #include <algorithm>

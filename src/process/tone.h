@@ -2,9 +2,9 @@
 // offsets 0, 3, ... 3 x width - 3.
 #pragma once
 
+#include "base/random_source.h"
 #include "image/image_view.h"
 #include "image/progress.h"
-#include "image/random_source.h"
 
 namespace kelvane {
 

@@ -1,6 +1,6 @@
 #include "reduce/local_rows.h"
 
-#include "image/cpu.h"
+#include "base/cpu.h"
 
 namespace kelvane {
 namespace {

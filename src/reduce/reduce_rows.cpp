@@ -1,6 +1,6 @@
 #include "reduce/reduce_rows.h"
 
-#include "image/cpu.h"
+#include "base/cpu.h"
 
 #include <cstdlib>
 #include <cstring>

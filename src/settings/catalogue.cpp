@@ -1,7 +1,8 @@
 #include "settings/catalogue.h"
 
-#include "export/number_text.h"
-#include "settings/lenient_number.h"
+#include "base/lenient_number.h"
+#include "base/number_text.h"
+#include "base/text.h"
 
 namespace kelvane {
 namespace {
@@ -47,8 +48,7 @@ void write_setting(const SettingsFile& file, const OptionalSetting& setting, int
 }
 
 void write_setting(const SettingsFile& file, const DecimalSetting& setting, double value) {
-    const std::string text = NumberToText(value);
-    file.WriteIniValue(setting.section, setting.key, std::wstring(text.begin(), text.end()));
+    file.WriteIniValue(setting.section, setting.key, wide_text(NumberToText(value)));
 }
 
 void write_setting(const SettingsFile& file, const PathSetting& setting, const std::wstring& path) {

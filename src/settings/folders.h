@@ -1,4 +1,4 @@
-// Folders and temporary files.
+// Folders: the program's, the system's and the one to remember for a file.
 #pragma once
 
 #include <string>
@@ -17,12 +17,5 @@ std::wstring system_folder();
 /// for a bare existing drive "C:" the root "C:\". When nothing of the path exists, the program's
 /// folder.
 std::wstring ExistingFolderOf(const std::wstring& path);
-
-/// The platform's folder for temporary files, with a backslash at its end. Throws `PlatformError`.
-std::wstring TempDir();
-
-/// Makes an empty file with a new name in `folder` (when empty: in `TempDir`) and returns its
-/// path; the name begins with the first three characters of `prefix`. Throws `PlatformError`.
-std::wstring TempFileName(const std::wstring& prefix, const std::wstring& folder);
 
 } // namespace kelvane

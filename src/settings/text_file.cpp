@@ -3,9 +3,9 @@
 // question marks. They never choose UTF-16 by themselves, so that is done here.
 #include "settings/text_file.h"
 
-#include "image/file_bytes.h"
-#include "image/file_error.h"
-#include "image/safe_file.h"
+#include "base/file_bytes.h"
+#include "base/file_error.h"
+#include "base/safe_file.h"
 #include "win/unique_handle.h"
 
 #include <windows.h>

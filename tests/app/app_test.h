@@ -5,11 +5,11 @@
 #include "app/image_window.h"
 #include "app/main_window.h"
 #include "image/bitmap_file.h"
-#include "settings/folders.h"
-#include "settings/string_table.h"
+#include "settings/temporary_file.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"
 #include "support/windows/modal_script.h"
+#include "texts/string_table.h"
 #include "win/dialog.h"
 
 #include <gtest/gtest.h>

@@ -2,6 +2,7 @@
 #include "app_test.h"
 
 #include "settings/catalogue.h"
+#include "settings/folders.h"
 
 #include "ids.h"
 

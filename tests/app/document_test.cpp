@@ -1,7 +1,7 @@
 // The document without a window.
 #include "app/image_document.h"
+#include "base/file_error.h"
 #include "image/bitmap_file.h"
-#include "image/file_error.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"
 

@@ -1,6 +1,8 @@
 // Which page of the help opens where, with a library of our own in the place of Wine's.
 #include "app_test.h"
 
+#include "settings/folders.h"
+
 #include "ids.h"
 
 #include <fstream>

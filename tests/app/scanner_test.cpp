@@ -1,7 +1,7 @@
 // Scanning, with a library of our own in the scanner's place.
 #include "app_test.h"
 
-#include "platform/library_search_windows.h"
+#include "base/library_search.h"
 #include "settings/folders.h"
 
 #include "ids.h"

@@ -1,7 +1,7 @@
 // kelvane-cli as a user meets it: files, texts and exit codes.
+#include "base/text.h"
 #include "cli/command_line.h"
 #include "cli/exit_code.h"
-#include "cli/utf8_path.h"
 #include "image/bitmap_file.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"

@@ -1,8 +1,8 @@
 // The operations of the command line: what each one asks of the engine, and what it refuses.
+#include "base/text.h"
 #include "cli/command_line.h"
 #include "cli/exit_code.h"
 #include "cli/operations.h"
-#include "cli/utf8_path.h"
 #include "image/bitmap_file.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"

@@ -1,7 +1,7 @@
 // Geometry, reductions that find their limits and clean-up on the command line: whole pictures.
+#include "base/text.h"
 #include "cli/command_line.h"
 #include "cli/exit_code.h"
-#include "cli/utf8_path.h"
 #include "image/bitmap_file.h"
 #include "image/picture_reader.h"
 #include "support/pictures.h"

@@ -2,7 +2,7 @@
 // those of a converter make it one that cannot convert.
 #include "convert/command_line.h"
 #include "convert/exec.h"
-#include "convert/private_folder.h"
+#include "settings/private_folder.h"
 
 #include <process.h>
 #include <windows.h>

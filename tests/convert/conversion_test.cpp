@@ -2,8 +2,8 @@
 #include "convert/conversion.h"
 #include "image/picture_reader.h"
 #include "settings/catalogue.h"
-#include "settings/folders.h"
 #include "settings/scratch_folder.h"
+#include "settings/temporary_file.h"
 #include "support/pictures.h"
 #include "win/platform_error.h"
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "settings/scratch_folder.h"
-#include "settings/string_table.h"
 #include "support/pictures.h"
 #include "support/windows/modal_script.h"
+#include "texts/string_table.h"
 #include "win/dialog.h"
 #include "win/gdi.h"
 

@@ -66,18 +66,6 @@ TEST_F(ExportDialogTest, ChoicesAreStoredAndComeBack) {
     EXPECT_EQ(stored(L"poly2"), L"2");
 }
 
-TEST(LayerList, HasAllLayersAndTheShift) {
-    const std::vector<std::wstring> labels = layer_labels();
-    ASSERT_EQ(labels.size(), 255u);
-    const std::pair<int, const wchar_t*> kLabels[] = {
-        {1, L"1  Top (B)"},      {49, L"49 Reference (B)"}, {50, L"51 tDocu (B)"},
-        {51, L"52 bDocu (B)"},   {52, L" Userdefined"},     {53, L"53 Userdefined"},
-        {90, L"90 Userdefined"}, {91, L"91 Nets (S)"},      {96, L"96 Values (S)"},
-        {97, L"97 Userdefined"}, {255, L"255 Userdefined"}};
-    for (const auto& [position, label] : kLabels)
-        EXPECT_EQ(labels[static_cast<std::size_t>(position - 1)], label);
-}
-
 TEST_F(ExportDialogTest, PreviewIsTheReducedPictureScaledAndPainted) {
     cDIBSection expected = picture.Copy();
     cImageProcessDIB().BlackAndWhite2(expected, expected, 128);

@@ -1,7 +1,6 @@
 // The dialogs for a new size, a palette and the language, the about box and the splash window.
 #include "dialogs/dialog_test.h"
 #include "dialogs/field_input.h"
-#include "dialogs/file_error_text.h"
 #include "dialogs/frmAbout.h"
 #include "dialogs/frmLanguage.h"
 #include "dialogs/frmNewSize.h"
@@ -14,7 +13,6 @@ namespace {
 using NewSizeDialog = DialogTest;
 using LanguageDialog = DialogTest;
 using AboutBox = DialogTest;
-using AnyDialog = DialogTest;
 
 std::wstring size_shown(HWND window) {
     return text_of(window, IDC_SIZE_WIDTH) + L" x " + text_of(window, IDC_SIZE_HEIGHT);
@@ -128,20 +126,6 @@ TEST_F(PaletteDialog, RefusesWhatIsNoPalette) {
                             error + L"is a folder"));
 }
 
-TEST(FileErrorText, IsTheCommandLinesInEnglishAndTranslated) {
-    for (std::size_t i = 1; i < kFileFaults; ++i) {
-        const FileError error(static_cast<FileFault>(i), "7");
-        const std::wstring english = file_error_text(error);
-        EXPECT_EQ(english, widened(error.what()));
-        set_language_offset(kGermanOffset);
-        EXPECT_NE(file_error_text(error), english);
-        set_language_offset(kEnglishOffset);
-    }
-    const std::error_code missing = std::make_error_code(std::errc::no_such_file_or_directory);
-    EXPECT_EQ(FileError(missing).fault(), FileFault::kNotFound);
-    EXPECT_EQ(file_error_text(FileError("in other words")), L"in other words");
-}
-
 TEST_F(LanguageDialog, SwitchesAtOnceAndOkStoresTheChoice) {
     const struct {
         int entry, button;
@@ -182,54 +166,6 @@ TEST_F(AboutBox, SaysWhenThereIsNoSystemInformation) {
                               L" ! [OK]: The system information is not available at this time.");
         press(window, IDC_ABOUT_SYSTEM_INFO);
     });
-}
-
-struct BareDialog : win::Dialog {
-    BareDialog() : Dialog(IDD_LANGUAGE) {}
-    static constexpr int kOurs = 99; // no list box sends it
-    void notify() const { SendMessageW(window(), WM_COMMAND, MAKEWPARAM(IDC_LANGUAGE, kOurs), 0); }
-    void load() override { notify(); }
-    bool confirm() override { return check(); }
-    void on_command(int, int notification) override { notifications += notification == kOurs; }
-
-    std::function<bool()> check;
-    int notifications = 0;
-};
-
-TEST_F(AnyDialog, ListensToNothingWhileItLoadsAndConfirms) {
-    BareDialog dialog;
-    const auto answer = [&](std::function<bool()> check) {
-        dialog.check = std::move(check);
-        script.expect_dialog([](HWND) {});
-        return dialog.show_modal(nullptr);
-    };
-    const auto closed_meanwhile = [&] {
-        dialog.notify();
-        dialog.close();
-        return true;
-    };
-    EXPECT_FALSE(answer(closed_meanwhile));
-    EXPECT_EQ(dialog.notifications, 0);
-    EXPECT_TRUE(answer([] { return true; }));
-    EXPECT_THROW(answer([]() -> bool { throw std::bad_alloc(); }), std::bad_alloc);
-}
-
-TEST_F(AboutBox, StandsInTheMiddleOfItsOwnerButOnTheScreen) {
-    const LONG right = GetSystemMetrics(SM_CXSCREEN), bottom = GetSystemMetrics(SM_CYSCREEN);
-    for (const POINT middle : {POINT{500, 400}, POINT{10, 10}, POINT{right - 10, bottom - 10}}) {
-        const HWND owner =
-            CreateWindowW(L"STATIC", L"", WS_POPUP | WS_VISIBLE, middle.x - 50, middle.y - 50, 100,
-                          100, nullptr, nullptr, nullptr, nullptr);
-        script.expect_dialog([&](HWND window) {
-            RECT place{};
-            GetWindowRect(window, &place);
-            const LONG width = place.right - place.left, height = place.bottom - place.top;
-            EXPECT_EQ(place.left, std::clamp((2 * middle.x - width) / 2, 0L, right - width));
-            EXPECT_EQ(place.top, std::clamp((2 * middle.y - height) / 2, 0L, bottom - height));
-        });
-        frmAbout(L"1.2.3").show_modal(owner);
-        DestroyWindow(owner);
-    }
 }
 
 } // namespace

@@ -5,9 +5,9 @@
 #include "convert/command_line.h"
 #include "convert/get_cmd_output.h"
 #include "settings/catalogue.h"
-#include "settings/string_table.h"
 #include "support/temporary_folder.h"
 #include "support/windows/modal_script.h"
+#include "texts/string_table.h"
 
 #include "ids.h"
 

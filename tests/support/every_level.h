@@ -1,7 +1,7 @@
 // Runs a check once for every processor level that this machine has.
 #pragma once
 
-#include "image/cpu.h"
+#include "base/cpu.h"
 
 #include <gtest/gtest.h>
 

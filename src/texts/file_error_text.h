@@ -1,7 +1,7 @@
 // Failures of files in the program's language.
 #pragma once
 
-#include "image/file_error.h"
+#include "base/file_error.h"
 
 #include <string>
 
@@ -10,8 +10,5 @@ namespace kelvane {
 /// What is wrong with the file, as a phrase for the end of a message: the string table's, or the
 /// error's own words where it has none.
 std::wstring file_error_text(const FileError& error);
-
-/// UTF-8 for windows.
-std::wstring widened(const std::string& utf8);
 
 } // namespace kelvane

@@ -1,6 +1,6 @@
-#include "convert/private_folder.h"
+#include "settings/private_folder.h"
 
-#include "settings/folders.h"
+#include "settings/temporary_file.h"
 #include "win/platform_error.h"
 
 #include <windows.h>

@@ -1,13 +1,18 @@
-// A file that is needed for a moment.
+// Temporary files; see private_folder.h for folders.
 #pragma once
-
-#include "settings/folders.h"
 
 #include <windows.h>
 
 #include <string>
 
 namespace kelvane {
+
+/// The platform's folder for temporary files, with a backslash at its end. Throws `PlatformError`.
+std::wstring TempDir();
+
+/// Makes an empty file with a new name in `folder` (when empty: in `TempDir`) and returns its
+/// path; the name begins with the first three characters of `prefix`. Throws `PlatformError`.
+std::wstring TempFileName(const std::wstring& prefix, const std::wstring& folder);
 
 /// An empty file in the platform's folder for temporary files; deleted with the object, whatever
 /// has become of it. Throws `PlatformError`.

@@ -1,4 +1,10 @@
-#include "settings/string_table.h"
+// The string table and what the texts of layers and of errors take from it.
+#include "base/text.h"
+#include "texts/error_text.h"
+#include "texts/file_error_text.h"
+#include "texts/layer_names.h"
+#include "texts/string_table.h"
+#include "win/platform_error.h"
 
 #include "ids.h"
 
@@ -78,6 +84,33 @@ TEST(StringTable, LanguageSwitchesAndFieldsAreFilled) {
         EXPECT_THROW(LoadString(IDS_TITLE), MissingTextError) << offset;
     }
     set_language_offset(kEnglishOffset);
+}
+
+TEST(LayerList, HasAllLayersAndTheShift) {
+    const std::vector<std::wstring> labels = layer_labels();
+    ASSERT_EQ(labels.size(), 255u);
+    const std::pair<int, const wchar_t*> kLabels[] = {
+        {1, L"1  Top (B)"},      {49, L"49 Reference (B)"}, {50, L"51 tDocu (B)"},
+        {51, L"52 bDocu (B)"},   {52, L" Userdefined"},     {53, L"53 Userdefined"},
+        {90, L"90 Userdefined"}, {91, L"91 Nets (S)"},      {96, L"96 Values (S)"},
+        {97, L"97 Userdefined"}, {255, L"255 Userdefined"}};
+    for (const auto& [position, label] : kLabels)
+        EXPECT_EQ(labels[static_cast<std::size_t>(position - 1)], label);
+}
+
+TEST(FileErrorText, IsTheCommandLinesInEnglishAndTranslated) {
+    for (std::size_t i = 1; i < kFileFaults; ++i) {
+        const FileError error(static_cast<FileFault>(i), "7");
+        const std::wstring english = file_error_text(error);
+        EXPECT_EQ(english, wide_text(error.what()));
+        set_language_offset(kGermanOffset);
+        EXPECT_NE(file_error_text(error), english);
+        set_language_offset(kEnglishOffset);
+    }
+    const std::error_code missing = std::make_error_code(std::errc::no_such_file_or_directory);
+    EXPECT_EQ(FileError(missing).fault(), FileFault::kNotFound);
+    EXPECT_EQ(file_error_text(FileError("in other words")), L"in other words");
+    EXPECT_FALSE(error_text(PlatformError(ERROR_PATH_NOT_FOUND)).empty());
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "settings/lenient_number.h"
+#include "base/lenient_number.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,5 +1,5 @@
 // Writers on file systems that have no nameless files, which are killed.
-#include "image/safe_file.h"
+#include "base/safe_file.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

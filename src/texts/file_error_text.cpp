@@ -1,6 +1,7 @@
-#include "dialogs/file_error_text.h"
+#include "texts/file_error_text.h"
 
-#include "settings/string_table.h"
+#include "base/text.h"
+#include "texts/string_table.h"
 
 #include "ids.h"
 
@@ -34,16 +35,8 @@ static_assert(std::size(kTexts) == kFileFaults);
 } // namespace
 
 std::wstring file_error_text(const FileError& error) {
-    if (error.fault() == FileFault::kOther) return widened(error.what());
-    return LoadString(kTexts[static_cast<std::size_t>(error.fault())], {widened(error.detail())});
-}
-
-std::wstring widened(const std::string& utf8) {
-    const int length = static_cast<int>(utf8.size());
-    std::wstring text(utf8.size(), L'\0'); // never longer than in UTF-8
-    const int used = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, text.data(), length);
-    text.resize(static_cast<std::size_t>(used));
-    return text;
+    if (error.fault() == FileFault::kOther) return wide_text(error.what());
+    return LoadString(kTexts[static_cast<std::size_t>(error.fault())], {wide_text(error.detail())});
 }
 
 } // namespace kelvane

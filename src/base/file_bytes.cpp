@@ -1,6 +1,6 @@
-#include "image/file_bytes.h"
+#include "base/file_bytes.h"
 
-#include "image/file_error.h"
+#include "base/file_error.h"
 
 #include <array>
 #include <cerrno>

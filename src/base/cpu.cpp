@@ -1,4 +1,4 @@
-#include "image/cpu.h"
+#include "base/cpu.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "image/file_error.h"
+#include "base/file_error.h"
 
 #include <iterator>
 #include <utility>

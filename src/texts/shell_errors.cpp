@@ -1,4 +1,4 @@
-#include "app/shell_errors.h"
+#include "texts/shell_errors.h"
 
 #include "win/shell.h"
 

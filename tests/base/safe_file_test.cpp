@@ -1,5 +1,5 @@
 // Files that replace others, on a real file system and under writers that are killed.
-#include "image/safe_file.h"
+#include "base/safe_file.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "settings/string_table.h"
+#include "texts/string_table.h"
 
 namespace kelvane {
 namespace {

@@ -1,7 +1,5 @@
-// Random numbers, and pictures made of them.
+// Random numbers that are the same on every system.
 #pragma once
-
-#include "image/image_view.h"
 
 #include <cstdint>
 #include <random>
@@ -18,9 +16,5 @@ class RandomSource {
   private:
     std::mt19937 generator_;
 };
-
-/// Fills the picture with noise of 0 to 255. Grey: row by row, one number a pixel for all three
-/// bytes. Colour: column by column, green and then red from a number each; blue stays 0.
-void randomise_bits(ImageView image, bool gray, RandomSource& random);
 
 } // namespace kelvane

@@ -1,4 +1,4 @@
-#include "image/random_source.h"
+#include "image/random_bits.h"
 
 #include <cmath>
 #include <cstring>

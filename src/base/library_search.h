@@ -1,4 +1,4 @@
-// Where Windows looks for libraries that are loaded by their name alone.
+// Where Windows looks for libraries that are loaded by their name alone; Windows only.
 #pragma once
 
 namespace kelvane {

@@ -1,7 +1,7 @@
 // Writing a file so that a failure never costs the user the one that was there.
 #pragma once
 
-#include "platform/output_file.h"
+#include "base/output_file.h"
 
 #include <filesystem>
 #include <string_view>

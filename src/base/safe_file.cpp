@@ -1,6 +1,6 @@
-#include "image/safe_file.h"
+#include "base/safe_file.h"
 
-#include "image/file_error.h"
+#include "base/file_error.h"
 
 #include <cerrno>
 #include <fstream>
