@@ -474,6 +474,7 @@
 #define IDH_MENU_WINDOW                  25
 #define IDH_MENU_HELP                    26
 #define IDH_SHORTCUTS                    27
+#define IDH_ZOOM                         28
 #define IDH_DIALOGS                      30
 #define IDH_MESSAGES                     31
 #define IDH_MORE                         40

@@ -62,6 +62,8 @@ enum CommandId : unsigned short {
     kCmdHelp,
     kCmdAbout,
     kCmdLanguage,
+
+    kCmdFirstLogo, // of the surface without pictures, not of the menu
 };
 
 /// MDI children and their entries in the Window menu are numbered from here on.

@@ -44,7 +44,7 @@ int run(int show) {
     frmSplash splash(KELVANE_VERSION);
     mfrmMain main(settings);             // sets the language
     splash.show_modeless(main.window()); // is seen first
-    ShowWindow(main.window(), show);
+    main.show(show);
     BringWindowToTop(splash.window()); // owned, it then stays before the window
     UpdateWindow(main.window());
     {

@@ -46,6 +46,8 @@ void mfrmMain::command(unsigned id) {
     try {
         if (id >= kCmdRecent1 && id <= kCmdRecent4)
             open_recent(static_cast<int>(id) - kCmdRecent1 + 1);
+        else if (id == kCmdFirstLogo)
+            show_help(IDH_FIRST_LOGO);
         else
             perform(*find_command(id));
     } catch (const std::exception& error) {
@@ -102,6 +104,7 @@ bool mfrmMain::new_form(const std::function<bool(frmImage&)>& fill) {
     auto form = std::make_unique<frmImage>(services, mdi_client_);
     if (!fill(*form)) return false;
     forms_.push_back(std::move(form));
+    show_start();
     return true;
 }
 
@@ -140,14 +143,15 @@ void mfrmMain::open_dropped(HDROP drop) {
 bool mfrmMain::QueryUnload() {
     for (const auto& form : forms_)
         if (form->document().Dirty() && !form->QuerySave()) return false;
-    save_recent();
+    save_state();
     return true;
 }
 
 // Another running program may have saved its files in the meantime.
-void mfrmMain::save_recent() {
+void mfrmMain::save_state() {
     recent_.Merge(settings_);
     recent_.Save(settings_);
+    remember_place(settings_, window());
 }
 
 // File menu.
@@ -156,11 +160,12 @@ void mfrmMain::open() {
     win::FileQuestion question;
     question.filter = LoadString(IDS_FILTER_PICTURES);
     question.folder = open_folder_;
-    const auto file = win::ask_open_file(window(), question);
-    if (!file) return;
-    open_folder_ = ExistingFolderOf(*file);
+    const auto files = win::ask_open_files(window(), question);
+    if (files.empty()) return;
+    open_folder_ = ExistingFolderOf(files.front());
     write_setting(settings_, settings::kOpenFolder, open_folder_);
-    open_file(*file);
+    for (const std::wstring& file : files)
+        open_file(file);
 }
 
 void mfrmMain::save(frmImage& form) {

@@ -1,6 +1,7 @@
 #include "app/main_window.h"
 
 #include "app/command_table.h"
+#include "app/window_place.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
 #include "texts/error_text.h"
@@ -89,8 +90,18 @@ void mfrmMain::create() {
                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr,
                         menu_->bar(), GetModuleHandleW(nullptr), nullptr) == nullptr)
         throw PlatformError(GetLastError());
+    if (const auto place = remembered_place(settings_)) {
+        put_window(window(), *place);
+        start_maximised_ = place->maximised;
+    }
     menu_->show_recent(recent_);
     loadLanguage();
+    show_start();
+}
+
+void mfrmMain::show(int how) {
+    const bool plain = how == SW_SHOWNORMAL || how == SW_SHOWDEFAULT || how == SW_SHOW;
+    ShowWindow(window(), start_maximised_ && plain ? SW_SHOWMAXIMIZED : how);
 }
 
 bool mfrmMain::create_children() {
@@ -98,11 +109,11 @@ bool mfrmMain::create_children() {
     CLIENTCREATESTRUCT client{};
     client.hWindowMenu = menu_->window_menu();
     client.idFirstChild = kFirstChildId;
-    mdi_client_ =
-        CreateWindowExW(WS_EX_CLIENTEDGE, L"MDICLIENT", nullptr,
-                        WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_HSCROLL | WS_VSCROLL, 0, 0, 0,
-                        0, window(), nullptr, GetModuleHandleW(nullptr), &client);
-    return status_bar_.window() != nullptr && mdi_client_ != nullptr;
+    mdi_client_ = CreateWindowExW(
+        WS_EX_CLIENTEDGE, L"MDICLIENT", nullptr,
+        WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_HSCROLL | WS_VSCROLL, 0, 0,
+        0, 0, window(), nullptr, GetModuleHandleW(nullptr), &client);
+    return status_bar_.window() != nullptr && mdi_client_ != nullptr && start_.create(window());
 }
 
 void mfrmMain::loadLanguage() {
@@ -111,6 +122,7 @@ void mfrmMain::loadLanguage() {
     menu_->loadLanguage();
     for (const auto& form : forms_)
         form->loadLanguage();
+    start_.set_texts(recent_);
     DrawMenuBar(window());
     status_bar_.SetStatus(completion_ ? LoadString(IDS_IMAGE_COMPLETE) + completion_->time
                                       : std::wstring(),
@@ -121,7 +133,17 @@ void mfrmMain::layout() {
     RECT area{};
     GetClientRect(window(), &area);
     const int below = status_bar_.layout();
-    MoveWindow(mdi_client_, 0, 0, area.right, std::max<int>(area.bottom - below, 0), TRUE);
+    area.bottom = std::max<LONG>(area.bottom - below, 0);
+    MoveWindow(mdi_client_, 0, 0, area.right, area.bottom, TRUE);
+    start_.place(area);
+}
+
+// The surface covers the document area while there is no document.
+void mfrmMain::show_start() {
+    if (start_.shown() == forms_.empty()) return;
+    start_.show(forms_.empty());
+    const HWND focus = GetFocus();
+    if (focus == nullptr || focus == window() || IsChild(window(), focus)) SetFocus(window());
 }
 
 LRESULT mfrmMain::default_procedure(UINT message, WPARAM w, LPARAM l) {
@@ -144,10 +166,14 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
     }
     case WM_COMMAND:
         if (LOWORD(w) >= kFirstChildId) break; // MDI's own: the list of documents
-        if (find_command(LOWORD(w)) == nullptr &&
+        if (find_command(LOWORD(w)) == nullptr && LOWORD(w) != kCmdFirstLogo &&
             !(LOWORD(w) >= kCmdRecent1 && LOWORD(w) <= kCmdRecent4))
             break;
         command(LOWORD(w));
+        return 0;
+    case WM_SETFOCUS:
+        if (!start_.shown()) break; // MDI hands it to the active document
+        start_.take_focus();
         return 0;
     case WM_HELP:
         answer_help_key(*reinterpret_cast<const HELPINFO*>(l));
@@ -169,7 +195,7 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_QUERYENDSESSION:
         return TRUE; // no questions while the system shuts down
     case WM_ENDSESSION:
-        if (w) save_recent();
+        if (w) save_state();
         return 0;
     case WM_CLOSE:
         if (refuse_while_busy() || !QueryUnload()) return 0;
@@ -193,7 +219,7 @@ int mfrmMain::run() {
 
 bool mfrmMain::translate(MSG& message) const {
     if (TranslateMDISysAccel(mdi_client_, &message) ||
-        TranslateAcceleratorW(window(), shortcuts_.get(), &message))
+        TranslateAcceleratorW(window(), shortcuts_.get(), &message) || start_.translate(message))
         return true;
     TranslateMessage(&message);
     return false;
@@ -246,6 +272,7 @@ void mfrmMain::operation_complete(const frmImage& form, const std::wstring& time
 void mfrmMain::AddMRUFile(const std::wstring& file, bool flag) {
     recent_.AddFile(file, flag);
     menu_->show_recent(recent_);
+    start_.set_texts(recent_);
 }
 
 std::optional<std::wstring> mfrmMain::ask_save_file(win::FileQuestion question) {
@@ -312,6 +339,7 @@ void mfrmMain::form_closed(frmImage& form) {
     if (!forms_.empty()) return;
     SetStatus(L"#", L"", L"");
     status_bar_.SetZoom({});
+    show_start();
 }
 
 } // namespace kelvane

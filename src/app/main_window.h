@@ -6,6 +6,7 @@
 #include "app/main_menu.h"
 #include "app/main_services.h"
 #include "app/mru_file_list.h"
+#include "app/start_surface.h"
 #include "app/status_bar.h"
 #include "convert/converter.h"
 #include "win/window.h"
@@ -37,6 +38,9 @@ class mfrmMain : public win::Window, private MainServices {
 
     /// Opens a file in a new document and makes it the active one; failures are shown.
     void open_file(const std::wstring& file);
+    /// Shows the window as ShowWindow does with `how`, but maximised if it was when the program
+    /// ended.
+    void show(int how);
     /// Handles messages until the window is closed; the process's exit code.
     int run();
     /// Opens a document or a web page with the program that the user has for it, and shows why that
@@ -84,6 +88,7 @@ class mfrmMain : public win::Window, private MainServices {
     bool create_children();
     void layout();
     void loadLanguage();
+    void show_start();
     bool translate(MSG& message) const;
     bool let_windows_paint();
     HWND message_owner() const;
@@ -102,7 +107,8 @@ class mfrmMain : public win::Window, private MainServices {
     void open_dropped(HDROP drop);
     void open_temporary(const std::wstring& file);
     bool QueryUnload();
-    void save_recent();
+    /// Writes recent files and the window's place to the settings file.
+    void save_state();
 
     // Opening by the converter.
     void OpenByConverter(const std::wstring& file);
@@ -161,6 +167,8 @@ class mfrmMain : public win::Window, private MainServices {
     std::unique_ptr<MainMenu> menu_;
     win::AcceleratorTable shortcuts_;
     StatusBar status_bar_;
+    StartSurface start_;
+    bool start_maximised_ = false;
     Help help_;
     HWND mdi_client_ = nullptr;
     std::vector<std::unique_ptr<frmImage>> forms_;

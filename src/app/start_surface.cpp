@@ -4,7 +4,6 @@
 #include "texts/string_table.h"
 #include "win/dialog.h"
 #include "win/dpi.h"
-#include "win/platform_error.h"
 
 #include "ids.h"
 
@@ -38,7 +37,7 @@ void set_font(HWND control, const win::Font& font) {
 
 } // namespace
 
-void StartSurface::create(HWND parent) {
+bool StartSurface::create(HWND parent) {
     WNDCLASSEXW window_class{};
     window_class.lpszClassName = kClassName;
     window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
@@ -46,20 +45,20 @@ void StartSurface::create(HWND parent) {
     expect_window();
     if (CreateWindowExW(0, kClassName, L"", WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, 0, 0,
                         0, parent, nullptr, GetModuleHandleW(nullptr), nullptr) == nullptr)
-        throw PlatformError(GetLastError());
+        return false;
     hint_ = add(L"Static", SS_CENTER | SS_NOPREFIX, 0);
     recent_title_ = add(L"Static", SS_NOPREFIX, 0);
     for (unsigned id = kCmdRecent1; id <= kCmdRecent4; ++id)
         links_.push_back(add(L"Button", BS_OWNERDRAW | WS_TABSTOP, static_cast<int>(id)));
     links_.push_back(add(L"Button", BS_OWNERDRAW | WS_TABSTOP, kCmdFirstLogo));
+    return hint_ != nullptr && recent_title_ != nullptr &&
+           std::ranges::find(links_, HWND{}) == links_.end();
 }
 
 HWND StartSurface::add(const wchar_t* kind, DWORD style, int id) {
-    const HWND control = CreateWindowExW(0, kind, L"", WS_CHILD | style, 0, 0, 0, 0, window(),
-                                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                                         GetModuleHandleW(nullptr), nullptr);
-    if (control == nullptr) throw PlatformError(GetLastError());
-    return control;
+    return CreateWindowExW(0, kind, L"", WS_CHILD | style, 0, 0, 0, 0, window(),
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                           GetModuleHandleW(nullptr), nullptr);
 }
 
 void StartSurface::set_texts(const cMRUFileList& recent) {
@@ -137,6 +136,7 @@ void StartSurface::arrange() {
 }
 
 void StartSurface::show(bool show) {
+    shown_ = show;
     ShowWindow(window(), show ? SW_SHOWNA : SW_HIDE);
 }
 

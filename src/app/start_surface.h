@@ -17,14 +17,14 @@ namespace kelvane {
 /// `kCmdRecent1` and the following or `kCmdFirstLogo`.
 class StartSurface : public win::Window {
   public:
-    /// Makes the window, hidden. Throws `PlatformError`.
-    void create(HWND parent);
+    /// Makes the window, hidden. False when there can be none.
+    bool create(HWND parent);
     /// Sets texts in the program's language, and the files.
     void set_texts(const cMRUFileList& recent);
     /// Fills the document area with the surface; for every change of its size or density.
     void place(const RECT& area);
     void show(bool show);
-    bool shown() const { return IsWindowVisible(window()) != FALSE; }
+    bool shown() const { return shown_; }
     /// Gives the first link the focus.
     void take_focus() const;
     /// Handles the keys that move among the links.
@@ -48,6 +48,7 @@ class StartSurface : public win::Window {
     HWND hint_ = nullptr;
     HWND recent_title_ = nullptr;
     std::vector<HWND> links_; // the recent files, then the first steps
+    bool shown_ = false;
     RECT sheet_{};
     win::Font font_;
     win::Font large_font_;
