@@ -5,6 +5,7 @@
 #include "app/command_table.h"
 #include "app/picture_clipboard.h"
 #include "app/scanner.h"
+#include "app/window_place.h"
 #include "base/safe_file.h"
 #include "dialogs/frmAbout.h"
 #include "dialogs/frmExport.h"

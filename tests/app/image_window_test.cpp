@@ -227,9 +227,9 @@ TEST_F(ImageWindow, RightClickMenuZoomsAndCropsWhatIsSelected) {
     };
     choose_in_menu({VK_DOWN, VK_RETURN});
     EXPECT_EQ(status(4), L" 150 %");
-    drag(form, {0, 0}, {14, 14});
+    press_keys(form, {VK_RIGHT, VK_RIGHT, VK_DOWN}, {VK_SHIFT});
     choose_in_menu({VK_UP, VK_UP, VK_RETURN});
-    EXPECT_EQ(status(2), L" 10 x 10");
+    EXPECT_EQ(status(2), L" 3 x 2");
 }
 
 TEST_F(ImageWindow, NothingElseStartsDuringAnOperation) {
