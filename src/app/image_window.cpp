@@ -1,6 +1,5 @@
 #include "app/image_window.h"
 
-#include "app/picture_clipboard.h"
 #include "app/picture_menu.h"
 #include "base/file_error.h"
 #include "texts/error_text.h"
@@ -198,7 +197,7 @@ std::wstring frmImage::zoom_text() const {
 void frmImage::CopyImage() {
     const auto selection = view_.selection();
     const cDIBSection part = selection ? document_.part(*selection) : cDIBSection();
-    if (!CopyToClipboard(selection ? part : document_.picture(), main_.frame(), false))
+    if (!(selection ? part : document_.picture()).CopyToClipboard(false, main_.frame()))
         main_.show_error(IDS_IMAGE_COPY_ERROR, {});
 }
 

@@ -16,15 +16,6 @@
 #include "ids.h"
 
 namespace kelvane {
-namespace {
-
-Combination::Part part_of(const frmCombination& dialog, std::size_t i) {
-    const auto& [red, green, blue] = dialog.Offset[i];
-    return {dialog.Multiplier[i], red, green, blue};
-}
-
-} // namespace
-
 void mfrmMain::add_noise(frmImage& form) {
     frmNoise dialog(form.document().picture());
     dialog.show_modal(window());
@@ -63,17 +54,14 @@ void mfrmMain::combine(frmImage& active) {
     dialog.show_modal(window());
     if (dialog.Cancelled) return;
 
-    Combination combination;
-    combination.type = static_cast<Combination::Type>(dialog.CombinationType);
-    combination.width = dialog.NewImageWidth;
-    combination.height = dialog.NewImageHeight;
-    for (std::size_t i = 0; i < 2; ++i) {
-        combination.sources[i] = sources[static_cast<std::size_t>(dialog.ImageSource[i])].picture;
-        combination.parts[i] = part_of(dialog, i);
-    }
+    const auto chosen = [&](std::size_t i) -> const cDIBSection& {
+        return *sources[static_cast<std::size_t>(dialog.ImageSource[i])].picture;
+    };
     new_form([&](frmImage& combined) {
-        const bool done =
-            operate(combined, [&](ImageDocument& document) { document.Combine(combination); });
+        const bool done = operate(combined, [&](ImageDocument& document) {
+            document.Combine(chosen(0), chosen(1), dialog.NewImageWidth, dialog.NewImageHeight,
+                             dialog.combination);
+        });
         if (done) combined.show_new();
         return done;
     });
@@ -107,20 +95,10 @@ void mfrmMain::apply_palette(frmImage& form) {
 }
 
 void mfrmMain::reduce(frmImage& form) {
-    enum { kBrightness = 1, kColours, kEdges };
     frmSW dialog(settings_, form.document().picture());
     dialog.show_modal(window());
-    if (dialog.result == 0) return;
-    process(form, [&](ImageDocument& document) {
-        switch (dialog.result) {
-        case kBrightness:
-            return document.BlackAndWhite(dialog.limitvalue);
-        case kColours:
-            return document.lineArt(dialog.limitvalue, dialog.red, dialog.green, dialog.blue);
-        case kEdges:
-            return document.edgeDetect(dialog.limitvalue);
-        }
-    });
+    if (!dialog.result) return;
+    process(form, [&](ImageDocument& document) { document.Reduce(*dialog.result); });
 }
 
 } // namespace kelvane

@@ -1,6 +1,5 @@
 #include "app/picture_painter.h"
 
-#include "app/picture_clipboard.h"
 #include "view/scaled_part.h"
 
 #include <algorithm>
@@ -11,14 +10,16 @@ namespace kelvane {
 void PicturePainter::draw(HDC context, const cDIBSection& picture, const ViewGeometry& view) {
     if (picture.empty() || ViewSize{picture.Width(), picture.Height()} != view.picture()) return;
     const ViewPoint from = view.scroll();
-    if (view.zoom() == ViewGeometry::kOneToOne)
-        return PaintPicture(picture, context, -from.x, -from.y);
+    if (view.zoom() == ViewGeometry::kOneToOne) {
+        picture.PaintPicture(context, -from.x, -from.y);
+        return;
+    }
     const ViewSize extent = view.extent();
     const ViewSize size{std::min(extent.width - from.x, view.window().width),
                         std::min(extent.height - from.y, view.window().height)};
     if (size.width <= 0 || size.height <= 0) return;
     const Part part{view.across(), view.down(), from, size};
-    if (copied_ == part || copy(picture, part)) PaintPicture(copy_, context, 0, 0);
+    if (copied_ == part || copy(picture, part)) copy_.PaintPicture(context, 0, 0);
 }
 
 bool PicturePainter::copy(const cDIBSection& picture, const Part& part) {

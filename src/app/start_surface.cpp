@@ -8,6 +8,7 @@
 #include "ids.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace kelvane {
 namespace {
@@ -33,6 +34,17 @@ win::Font font_like(const win::Font& font, int percent, bool underlined) {
 
 void set_font(HWND control, const win::Font& font) {
     SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), FALSE);
+}
+
+// The system's colour of links, unless it is too light or too dark to be read on the sheet.
+COLORREF link_colour() {
+    const auto brightness = [](COLORREF colour) {
+        return (2 * GetRValue(colour) + 5 * GetGValue(colour) + GetBValue(colour)) / 8;
+    };
+    constexpr int kReadable = 100;
+    const COLORREF link = GetSysColor(COLOR_HOTLIGHT);
+    const int difference = brightness(link) - brightness(GetSysColor(COLOR_WINDOW));
+    return std::abs(difference) >= kReadable ? link : GetSysColor(COLOR_WINDOWTEXT);
 }
 
 } // namespace
@@ -194,7 +206,7 @@ void StartSurface::draw_link(const DRAWITEMSTRUCT& item) const {
     RECT area = item.rcItem;
     FillRect(item.hDC, &area, GetSysColorBrush(COLOR_WINDOW));
     SetBkMode(item.hDC, TRANSPARENT);
-    SetTextColor(item.hDC, GetSysColor(COLOR_HOTLIGHT));
+    SetTextColor(item.hDC, link_colour());
     const std::wstring text = win::window_text(item.hwndItem);
     DrawTextW(item.hDC, text.c_str(), -1, &area, DT_SINGLELINE | DT_NOPREFIX | DT_PATH_ELLIPSIS);
     if ((item.itemState & ODS_FOCUS) != 0 && (item.itemState & ODS_NOFOCUSRECT) == 0)

@@ -12,10 +12,10 @@ namespace kelvane {
 /// What the dialog's controls hold. List positions count from 0. The shape of the tracing that is
 /// not chosen is a choice too: it is there again the next time.
 struct ExportChoices {
-    int layer = 19;
+    int layer = ExportOptions().lay - 1;
     std::wstring size = L"1";
-    int unit = 0;
-    int version = 0;
+    int unit = ExportOptions().unit;
+    int version = ExportOptions().ver;
     bool full_autotrace = true;
     ShapeKind autotrace_shape = kShapePolygon; // polygon or wire
     ShapeKind linewise_shape = kShapePolygon;

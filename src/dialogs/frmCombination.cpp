@@ -24,12 +24,6 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_COMBINE_CANCEL},
 };
 
-// The types by the engine's operation, whose names mean the opposite of what users read:
-// AddLightest leaves the darker one of two pixels, AddDarkest the lighter one.
-constexpr int kSum = 1;
-constexpr int kAddLightest = 2;
-constexpr int kAddDarkest = 3;
-
 // Enough to turn any byte into any other.
 constexpr int kLargestNumber = 255;
 
@@ -77,9 +71,10 @@ const cDIBSection* frmCombination::chosen_picture(int list) const {
     return entry < 0 ? nullptr : sources_[static_cast<std::size_t>(entry)].picture;
 }
 
-int frmCombination::chosen_type() const {
-    if (checked(IDC_COMBINE_LIGHTEST)) return kAddDarkest;
-    return checked(IDC_COMBINE_DARKEST) ? kAddLightest : kSum;
+// The engine's names say which of two pixels is dropped, the captions which one is kept.
+CombinationType frmCombination::chosen_type() const {
+    if (checked(IDC_COMBINE_LIGHTEST)) return CombinationType::AddDarkest;
+    return checked(IDC_COMBINE_DARKEST) ? CombinationType::AddLightest : CombinationType::AddImages;
 }
 
 void frmCombination::show_size() {
@@ -99,8 +94,8 @@ void frmCombination::show_size() {
 // Only the weighted sum has numbers.
 void frmCombination::show_type() {
     for (const Row& row : kRows) {
-        enable(row.multiplier, chosen_type() == kSum);
-        enable(row.offset, chosen_type() == kSum);
+        enable(row.multiplier, chosen_type() == CombinationType::AddImages);
+        enable(row.offset, chosen_type() == CombinationType::AddImages);
     }
 }
 
@@ -119,24 +114,15 @@ void frmCombination::density_changed() {
 
 // Numbers that are being typed and are none yet leave the preview as it is.
 void frmCombination::show_preview() {
-    if (chosen_type() == kSum && read_numbers() != 0) return;
+    if (chosen_type() == CombinationType::AddImages && read_numbers() != 0) return;
     preview_.show(control(IDC_COMBINE_PREVIEW), [this](cDIBSection& first) { combine(first); });
 }
 
 void frmCombination::combine(cDIBSection& first) {
     if (first.empty() || second_.empty()) return;
     cDIBSection target = second_.Copy();
-    switch (chosen_type()) {
-    case kAddLightest:
-        engine_.AddLightest(first, target);
-        break;
-    case kAddDarkest:
-        engine_.AddDarkest(first, target);
-        break;
-    default:
-        engine_.AddImages(first, target, Multiplier[0], Offset[0][0], Offset[0][1], Offset[0][2],
-                          Multiplier[1], Offset[1][0], Offset[1][1], Offset[1][2]);
-    }
+    combination.type = chosen_type();
+    engine_.Combine(first, target, combination);
     first = std::move(target);
 }
 
@@ -166,8 +152,7 @@ int frmCombination::read_numbers() {
         if (!multiplier) return kRows[i].multiplier;
         const auto offset = whole_number(text(kRows[i].offset), -kLargestNumber, kLargestNumber);
         if (!offset) return kRows[i].offset;
-        Multiplier[i] = *multiplier;
-        Offset[i].fill(*offset);
+        combination.parts[i] = {*multiplier, *offset, *offset, *offset};
     }
     return 0;
 }
@@ -180,8 +165,8 @@ bool frmCombination::confirm() {
             return false;
         }
     }
-    CombinationType = chosen_type();
-    const int wrong = CombinationType == kSum ? read_numbers() : 0;
+    combination.type = chosen_type();
+    const int wrong = combination.type == CombinationType::AddImages ? read_numbers() : 0;
     if (wrong != 0) {
         refuse_field(window(), wrong,
                      LoadString(IDS_COMBINE_INVALID, {std::to_wstring(-kLargestNumber),

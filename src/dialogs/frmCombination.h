@@ -29,18 +29,13 @@ class frmCombination : public win::Dialog {
 
     // The rest is valid unless `Cancelled`. Arrays go by picture: 0 first, 1 second.
 
-    /// 1 weighted sum, 2 `AddLightest`, which keeps the darker pixel, 3 `AddDarkest`, which keeps
-    /// the lighter one.
-    int CombinationType = 1;
+    /// Each part of the weighted sum has one offset for all channels.
+    Combination combination;
     /// Positions among the sources; one picture may be combined with itself.
     std::array<int, 2> ImageSource{};
     /// Pixels.
     int NewImageWidth = 0;
     int NewImageHeight = 0;
-    /// Of the weighted sum, in which a channel counts (value + offset) x multiplier. Offsets are
-    /// by channel (red, green, blue); this dialog gives all three the same.
-    std::array<int, 2> Multiplier{1, 1};
-    std::array<std::array<int, 3>, 2> Offset{};
 
   protected:
     void load() override;
@@ -52,7 +47,7 @@ class frmCombination : public win::Dialog {
   private:
     void fill_lists();
     const cDIBSection* chosen_picture(int list) const;
-    int chosen_type() const;
+    CombinationType chosen_type() const;
     void show_size();
     void show_type();
     void load_preview();

@@ -3,6 +3,7 @@
 #include "dialogs/controls.h"
 #include "dialogs/field_input.h"
 #include "dialogs/slider.h"
+#include "process/tone.h"
 
 #include "ids.h"
 
@@ -17,7 +18,6 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_NOISE_CANCEL},
 };
 
-constexpr int kMost = 100;
 // Always the same grains, so that only what the user changes changes.
 constexpr std::uint32_t kSeed = 1;
 
@@ -29,14 +29,14 @@ frmNoise::frmNoise(const cDIBSection& picture)
 void frmNoise::load() {
     set_title(LoadString(IDS_NOISE_TITLE));
     set_captions(window(), kCaptions);
-    set_slider_range(control(IDC_NOISE_SLIDER), kMost, 1, 10);
+    set_slider_range(control(IDC_NOISE_SLIDER), kMostNoise, 1, 10);
     set_text(IDC_NOISE_AMOUNT, text_at(Percent));
     check(IDC_NOISE_RANDOM, Random);
     start();
 }
 
 std::optional<int> frmNoise::typed_position() const {
-    return whole_number(text(IDC_NOISE_AMOUNT), 0, kMost);
+    return whole_number(text(IDC_NOISE_AMOUNT), 0, kMostNoise);
 }
 
 std::wstring frmNoise::text_at(int position) const {

@@ -30,14 +30,14 @@ constexpr Caption kCaptions[] = {
 };
 
 constexpr int kLowestLimit = 1;
-constexpr int kHighestLimit = 255;
+constexpr int kHighestLimit = kLargestLimit;
 // Where a slider stands before its reduction was used for the first time: for brightness what the
 // export reduces at.
-constexpr int kDesignedLimit = 128;
+constexpr int kDesignedLimit = kExportLimit;
 
 struct Slider {
     int id;
-    NumberSetting setting;
+    OptionalSetting setting;
 };
 constexpr Slider kSliders[] = {
     {IDC_REDUCE_BRIGHTNESS_LIMIT, settings::kBrightnessLimit},
@@ -73,7 +73,7 @@ frmSW::frmSW(const SettingsFile& settings, const cDIBSection& picture)
 }
 
 void frmSW::load() {
-    result = 0;
+    result.reset();
     set_title(LoadString(IDS_REDUCE_TITLE));
     set_captions(window(), kCaptions);
     density_changed();
@@ -96,8 +96,9 @@ void frmSW::density_changed() {
 
 void frmSW::restore() {
     for (const Slider& each : kSliders) {
-        const int stored = read_setting(settings_, each.setting);
-        prepare_slider(control(each.id), stored == 0 ? kDesignedLimit : stored);
+        const int stored = read_setting(settings_, each.setting).value_or(kDesignedLimit);
+        const bool usable = stored >= kLowestLimit && stored <= kHighestLimit;
+        prepare_slider(control(each.id), usable ? stored : kDesignedLimit);
     }
     // A channel whose key is missing beside another's is unticked. While no key is there at all,
     // the reduction has never been made: without a channel it could not be, so all are ticked.
@@ -124,13 +125,6 @@ HWND frmSW::slider() const {
     return control(checked(IDC_REDUCE_EDGES) ? IDC_REDUCE_EDGE_LIMIT : IDC_REDUCE_BRIGHTNESS_LIMIT);
 }
 
-bool frmSW::lacks_channel() const {
-    const Reduction reduction = chosen();
-    const Channels& channels = reduction.channels;
-    return reduction.kind == ReductionKind::Colours && !channels.red && !channels.green &&
-           !channels.blue;
-}
-
 // The chosen reduction's controls.
 void frmSW::show_kind() {
     for (const Slider& each : kSliders)
@@ -143,7 +137,7 @@ void frmSW::show_kind() {
 void frmSW::show_preview() {
     set_text(IDC_REDUCE_LIMIT, std::to_wstring(slider_position(slider())));
     // Edges are where colours differ by the limit or more: the sentence on pixels is not theirs.
-    if (lacks_channel())
+    if (!chosen().possible())
         set_text(IDC_REDUCE_HINT, LoadString(IDS_REDUCE_NO_COLOUR));
     else
         set_text(IDC_REDUCE_HINT, checked(IDC_REDUCE_EDGES) ? L"" : LoadString(IDS_REDUCE_HINT));
@@ -153,17 +147,12 @@ void frmSW::show_preview() {
 }
 
 bool frmSW::confirm() {
-    if (lacks_channel()) {
+    if (!chosen().possible()) {
         win::message_box(window(), LoadString(IDS_REDUCE_NO_COLOUR), LoadString(IDS_REDUCE_TITLE),
                          MB_OK | MB_ICONINFORMATION);
         return false;
     }
-    const Reduction reduction = chosen();
-    result = static_cast<int>(reduction.kind);
-    limitvalue = reduction.limit;
-    red = reduction.channels.red;
-    green = reduction.channels.green;
-    blue = reduction.channels.blue;
+    result = chosen();
     return true;
 }
 

@@ -5,6 +5,8 @@
 #include "settings/settings_file.h"
 #include "win/dialog.h"
 
+#include <optional>
+
 namespace kelvane {
 
 class frmSW : public win::Dialog {
@@ -14,14 +16,9 @@ class frmSW : public win::Dialog {
     /// and must live as long as the dialog.
     frmSW(const SettingsFile& settings, const cDIBSection& picture);
 
-    /// 0 when cancelled, else the reduction: 1 brightness, 2 colour limit, 3 edges.
-    int result = 0;
-    /// 1 to 255; there is no 0, which stands for "cancelled" in what follows the dialog.
-    int limitvalue = 0;
-    /// 1 for a channel that takes part, else 0.
-    int red = 0;
-    int green = 0;
-    int blue = 0;
+    /// Nothing when cancelled. The limit is 1 to 255, never the 0 that stands for "cancelled" in a
+    /// document's reductions.
+    std::optional<Reduction> result;
 
     const ReductionPreview& preview() const { return preview_; }
 
@@ -37,7 +34,6 @@ class frmSW : public win::Dialog {
     void restore();
     Reduction chosen() const;
     HWND slider() const;
-    bool lacks_channel() const;
     void show_kind();
     void show_preview();
     void draw(const DRAWITEMSTRUCT& box) const;

@@ -25,7 +25,7 @@ std::string_view command_prefix(const ExportOptions& options) {
 
 } // namespace
 
-ScriptText::ScriptText(SafeFile& file, const ExportOptions& options, int width, int height)
+ScriptText::ScriptText(SafeFile* file, const ExportOptions& options, int width, int height)
     : file_(file), options_(options), name_each_shape_(names_each_shape(options)),
       prefix_(command_prefix(options)),
       x_text_(width, 0, options.size, unit_of(options).coordinate_limit, "(", " "),
@@ -80,7 +80,7 @@ void ScriptText::finish() {
     line("Grid last;");
     line("Window fit;");
     flush();
-    file_.commit();
+    if (file_) file_->commit();
 }
 
 bool ScriptText::out_of_range() const {
@@ -89,7 +89,7 @@ bool ScriptText::out_of_range() const {
 
 void ScriptText::flush() {
     const std::string_view block(block_.get(), static_cast<std::size_t>(end_ - block_.get()));
-    file_.write(block);
+    if (file_) file_->write(block);
     bytes_ += block.size();
     end_ = block_.get();
 }

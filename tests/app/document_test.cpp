@@ -45,6 +45,18 @@ TEST_F(Document, OperationThatFailsHalfWayIsAChangeThatCanBeUndone) {
     EXPECT_TRUE(same_pixels(document.picture(), before));
 }
 
+// Left half red, right half transparent; with a white palette, the left half as well.
+TEST_F(Document, WhiteOnNothingIsShownAsInk) {
+    std::string gif = file_text(KELVANE_TEST_DATA "/pictures/transparent.gif");
+    for (const int red : {255, 0}) {
+        write_text(folder / "logo.gif", gif);
+        ASSERT_TRUE(document.load(folder / "logo.gif", ImageDocument::SizeLimit::Keep));
+        EXPECT_EQ(pixel_at(document.picture(), 0, 15), (std::array{0, 0, red}));
+        EXPECT_EQ(pixel_at(document.picture(), 31, 15), (std::array{255, 255, 255}));
+        gif.replace(13, 12, std::string(12, '\xFF'));
+    }
+}
+
 TEST_F(Document, LoadingStartsAnewOrChangesNothing) {
     load(black_picture(4, 3));
     document.Filename(L"name");

@@ -34,10 +34,8 @@ inline void save_screenshot(HWND window, const std::filesystem::path& folder,
     GetWindowRect(window, &area);
     cDIBSection picture = black_picture(area.right - area.left, area.bottom - area.top);
     const HDC context = GetWindowDC(window);
-    EXPECT_TRUE(BitBlt(static_cast<HDC>(picture.hdc()), 0, 0, picture.Width(), picture.Height(),
-                       context, 0, 0, SRCCOPY));
+    EXPECT_TRUE(picture.LoadPictureBlt(context, 0, 0));
     ReleaseDC(window, context);
-    GdiFlush();
     std::filesystem::create_directories(folder);
     save_bitmap(picture.view(), folder / (name + ".bmp"));
 }
