@@ -1,6 +1,6 @@
 #include "app/picture_clipboard.h"
 
-#include "app/main_services.h"
+#include "app/document_services.h"
 #include "image/dib_section.h"
 #include "texts/error_text.h"
 #include "texts/string_table.h"

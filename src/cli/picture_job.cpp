@@ -24,7 +24,9 @@ void add_picture_options(CLI::App& command, PictureRequest& request) {
     command.add_option("--seed", request.seed, "makes the operation noise reproducible")
         ->type_name("N");
     command
-        .add_flag("--full-size", request.full_size, "keep a picture larger than about 3200 x 2400")
+        .add_flag("--full-size", request.full_size,
+                  "keep a picture larger than about " + std::to_string(kWidthLimit) + " x " +
+                      std::to_string(kHeightLimit))
         ->disable_flag_override();
     command
         .add_option("--alpha", request.alpha,

@@ -6,7 +6,7 @@
 namespace kelvane {
 namespace {
 
-// How option buttons have always been stored.
+// Values of option buttons in existing settings files.
 constexpr int kChosen = -1;
 constexpr int kNotChosen = 0;
 

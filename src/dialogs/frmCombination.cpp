@@ -1,6 +1,6 @@
 #include "dialogs/frmCombination.h"
 
-#include "dialogs/controls.h"
+#include "dialogs/drop_down_list.h"
 #include "dialogs/field_input.h"
 #include "texts/string_table.h"
 
@@ -24,7 +24,7 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_COMBINE_CANCEL},
 };
 
-// Enough to turn any byte into any other.
+// Offsets of this size turn any byte into any other.
 constexpr int kLargestNumber = 255;
 
 // The controls of one picture.
@@ -40,12 +40,10 @@ constexpr std::array<Row, 2> kRows{
 } // namespace
 
 frmCombination::frmCombination(std::vector<CombinationSource> sources)
-    : Dialog(IDD_COMBINATION), sources_(std::move(sources)) {}
+    : Form(IDD_COMBINATION, IDS_COMBINE_TITLE, kCaptions), sources_(std::move(sources)) {}
 
 void frmCombination::load() {
-    Cancelled = true;
-    set_title(LoadString(IDS_COMBINE_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
     for (const Row& row : kRows) {
         set_text(row.multiplier, L"1");
         set_text(row.offset, L"0");
@@ -91,7 +89,7 @@ void frmCombination::show_size() {
     ShowWindow(control(IDC_COMBINE_RESAMPLED), sizes_differ ? SW_SHOW : SW_HIDE);
 }
 
-// Only the weighted sum has numbers.
+// Multipliers and offsets belong to the weighted sum.
 void frmCombination::show_type() {
     for (const Row& row : kRows) {
         enable(row.multiplier, chosen_type() == CombinationType::AddImages);
@@ -112,7 +110,7 @@ void frmCombination::density_changed() {
     preview_.fit(control(IDC_COMBINE_PREVIEW));
 }
 
-// Numbers that are being typed and are none yet leave the preview as it is.
+// Incomplete input leaves the preview unchanged.
 void frmCombination::show_preview() {
     if (chosen_type() == CombinationType::AddImages && read_numbers() != 0) return;
     preview_.show(control(IDC_COMBINE_PREVIEW), [this](cDIBSection& first) { combine(first); });
@@ -138,13 +136,7 @@ void frmCombination::on_command(int control, int notification) {
     }
 }
 
-INT_PTR frmCombination::on_message(UINT message, WPARAM /*w*/, LPARAM l) {
-    if (message != WM_DRAWITEM) return FALSE;
-    preview_.draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
-    return TRUE;
-}
-
-// The first field that holds no number that is allowed; 0 when all have been read.
+// Reads multipliers and offsets. The first field without an allowed number; 0 when all are valid.
 int frmCombination::read_numbers() {
     for (std::size_t i = 0; i < kRows.size(); ++i) {
         const auto multiplier =
@@ -160,23 +152,16 @@ int frmCombination::read_numbers() {
 bool frmCombination::confirm() {
     for (std::size_t i = 0; i < kRows.size(); ++i) {
         ImageSource[i] = selected_entry(control(kRows[i].list));
-        if (ImageSource[i] < 0) {
-            refuse_field(window(), kRows[i].list, LoadString(IDS_COMBINE_SELECT_TWO));
-            return false;
-        }
+        if (ImageSource[i] < 0) return refuse(kRows[i].list, LoadString(IDS_COMBINE_SELECT_TWO));
     }
     combination.type = chosen_type();
     const int wrong = combination.type == CombinationType::AddImages ? read_numbers() : 0;
-    if (wrong != 0) {
-        refuse_field(window(), wrong,
-                     LoadString(IDS_COMBINE_INVALID, {std::to_wstring(-kLargestNumber),
-                                                      std::to_wstring(kLargestNumber)}));
-        return false;
-    }
+    if (wrong != 0)
+        return refuse(wrong, LoadString(IDS_COMBINE_INVALID, {std::to_wstring(-kLargestNumber),
+                                                              std::to_wstring(kLargestNumber)}));
     const cDIBSection& first = *chosen_picture(IDC_COMBINE_FIRST);
     NewImageWidth = first.Width();
     NewImageHeight = first.Height();
-    Cancelled = false;
     return true;
 }
 

@@ -1,10 +1,10 @@
 // frmCombination: which two pictures are combined, and how.
 #pragma once
 
+#include "dialogs/form.h"
 #include "dialogs/live_preview.h"
 #include "engine/image_process.h"
 #include "image/dib_section.h"
-#include "win/dialog.h"
 
 #include <array>
 #include <string>
@@ -12,22 +12,20 @@
 
 namespace kelvane {
 
-/// An open picture and the name it goes by. The picture outlives the dialog.
+/// An open picture and the title of its document. The picture outlives the dialog.
 struct CombinationSource {
     std::wstring title;
     const cDIBSection* picture;
 };
 
 /// The new picture has the size of the first one; the caller resamples the second to it. A live
-/// preview shows what comes of the two.
-class frmCombination : public win::Dialog {
+/// preview shows the result.
+class frmCombination : public Form {
   public:
-    /// The first two sources are offered to start with.
+    /// The first two sources are selected at first.
     explicit frmCombination(std::vector<CombinationSource> sources);
 
-    bool Cancelled = true;
-
-    // The rest is valid unless `Cancelled`. Arrays go by picture: 0 first, 1 second.
+    // Results, valid unless `Cancelled`. Index 0 of an array is the first picture, 1 the second.
 
     /// Each part of the weighted sum has one offset for all channels.
     Combination combination;
@@ -42,7 +40,7 @@ class frmCombination : public win::Dialog {
     bool confirm() override;
     void density_changed() override;
     void on_command(int control, int notification) override;
-    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+    void draw(const DRAWITEMSTRUCT& box) override { preview_.draw(box); }
 
   private:
     void fill_lists();

@@ -1,15 +1,15 @@
-// frmSW: which reduction to black and white, with which limit, and what it would look like.
+// frmSW: kind and limit of a reduction to black and white, with a preview.
 #pragma once
 
+#include "dialogs/form.h"
 #include "dialogs/reduction_preview.h"
 #include "settings/settings_file.h"
-#include "win/dialog.h"
 
 #include <optional>
 
 namespace kelvane {
 
-class frmSW : public win::Dialog {
+class frmSW : public Form {
   public:
     /// Sliders and check boxes start as the settings have them, all channels ticked while none is
     /// stored; the settings are written by who carries the reduction out. `picture` is only read,
@@ -28,6 +28,7 @@ class frmSW : public win::Dialog {
     void density_changed() override;
     void on_command(int id, int notification) override;
     INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+    void draw(const DRAWITEMSTRUCT& box) override;
 
   private:
     void serve_keys() const;
@@ -36,8 +37,7 @@ class frmSW : public win::Dialog {
     HWND slider() const;
     void show_kind();
     void show_preview();
-    void draw(const DRAWITEMSTRUCT& box) const;
-    void draw_frame(const DRAWITEMSTRUCT& box, double zoom) const;
+    void draw_frame(const DRAWITEMSTRUCT& box) const;
     INT_PTR show_hand() const;
     bool pick_detail(LPARAM position);
     bool move_detail(WPARAM key);

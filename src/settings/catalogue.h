@@ -1,5 +1,5 @@
-// Every setting the program keeps: its section, its key and what holds while it is missing. No
-// other place spells a key. Sections and keys are those that existing settings files have.
+// Every setting of the program: section, key and default. Keys are spelled nowhere else. Sections
+// and keys are those of existing settings files.
 #pragma once
 
 #include "settings/settings_file.h"
@@ -44,7 +44,7 @@ std::optional<int> read_setting(const SettingsFile& file, const OptionalSetting&
 std::wstring read_setting(const SettingsFile& file, const DecimalSetting& setting);
 std::wstring read_setting(const SettingsFile& file, const PathSetting& setting);
 
-// A failed write is nobody's concern: the choice holds while the program runs.
+// A failed write is ignored: the choice then holds until the program ends.
 void write_setting(const SettingsFile& file, const NumberSetting& setting, int value);
 void write_setting(const SettingsFile& file, const OptionalSetting& setting, int value);
 void write_setting(const SettingsFile& file, const DecimalSetting& setting, double value);

@@ -175,6 +175,7 @@ TEST_F(ImageWindow, SelectsByMouseCopiesAndCrops) {
         Crop(picture_of(form).view(), {10, 5, 21, 16}, copy.view());
         return copy;
     }();
+    save_screenshot(main.window(), KELVANE_SCREENSHOTS, "selection-en");
     choose(kCmdCopy);
     choose(kCmdPaste);
     EXPECT_TRUE(same_pixels(picture_of(*main.forms()[1]), part));
@@ -212,7 +213,6 @@ TEST_F(ImageWindow, SelectsByKeysAndTellsThePixel) {
     press_keys(form, {VK_DOWN, VK_DOWN, VK_RIGHT, VK_UP}, {VK_CONTROL});
     EXPECT_EQ(form.view().selection(), (PixelRect{1, 1, 12, 2}));
     EXPECT_EQ(form.view().tip_text().substr(0, 11), L"Pixel 12, 2");
-    save_screenshot(main.window(), KELVANE_SCREENSHOTS, "selection-en");
     press_keys(form, {'A'}, {VK_CONTROL});
     EXPECT_EQ(form.view().selection(), (PixelRect{0, 0, 300, 200}));
     EXPECT_EQ(form.view().tip_text(), L"");

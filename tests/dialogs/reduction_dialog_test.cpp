@@ -13,7 +13,7 @@ const Reduction kEvery[] = {
 };
 
 TEST(PreviewSizeTest, LongerSideFillsTheBox) {
-    // Of 8 x 1 and 8 x 3 the height is 27.5 and 82.5 and goes to the even neighbour.
+    // 8 x 1 and 8 x 3 give heights of 27.5 and 82.5, rounded to even.
     const std::array<int, 4> kSizes[] = {{300, 100, 220, 73}, {100, 300, 73, 220},
                                          {50, 50, 220, 220},  {8, 1, 220, 28},
                                          {8, 3, 220, 82},     {20000, 3, 220, 1}};

@@ -1,4 +1,4 @@
-// Pictures of windows, for people to look at.
+// Screenshots of windows, for people to look at.
 #pragma once
 
 #include "image/bitmap_file.h"
@@ -13,7 +13,7 @@
 
 namespace kelvane::test {
 
-/// Red to the right, blue upwards, and green hills.
+/// Red increases to the right, blue upwards; green is a product of two sines.
 inline cDIBSection colourful_picture(int width, int height) {
     cDIBSection picture = black_picture(width, height);
     for (int y = 0; y < height; ++y)
