@@ -1,6 +1,7 @@
 // The main window without pictures, several files at once, and where the window opens again.
 #include "app_test.h"
 
+#include "support/windows/density.h"
 #include "support/windows/screenshot.h"
 #include "win/dpi.h"
 
@@ -58,6 +59,16 @@ TEST_F(Start, SurfaceShowsWhileNoPictureIsOpen) {
     choose(kCmdLanguage);
     EXPECT_EQ(links().back(), L"Ihr erstes Logo in fünf Schritten");
     screenshot("start-de");
+}
+
+TEST(StartDensities, SurfaceGrowsWithTheScreen) {
+    for (const DWORD dots : {144, 192}) {
+        const std::filesystem::path last =
+            KELVANE_SCREENSHOTS "/start-de@" + std::to_string(dots) + ".bmp";
+        std::filesystem::remove(last);
+        EXPECT_EQ(run_at_density(dots, L"Start.SurfaceShowsWhileNoPictureIsOpen"), 0);
+        EXPECT_TRUE(std::filesystem::exists(last)) << "the screen had another density";
+    }
 }
 
 TEST_F(Start, KeysReachTheLinks) {
