@@ -27,7 +27,7 @@ bool PicturePainter::copy(const cDIBSection& picture, const Part& part) {
     if (copy_.Width() != part.size.width || copy_.Height() != part.size.height)
         if (!copy_.Create(part.size.width, part.size.height)) return false;
     try {
-        GdiFlush(); // an earlier copy may still be on its way to the screen
+        GdiFlush(); // GDI may not have drawn the previous content yet
         draw_scaled_part(picture.view(), part.across, part.down, part.from.x, part.from.y,
                          copy_.view());
     } catch (const std::bad_alloc&) {

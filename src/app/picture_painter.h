@@ -10,8 +10,8 @@
 
 namespace kelvane {
 
-/// At 1:1 it copies the picture itself; at every other zoom it keeps a scaled copy of the part that
-/// the window shows, which lasts until that part or the picture changes.
+/// At 1:1 the picture is drawn directly. At every other zoom a scaled copy of the part that the
+/// window shows is kept and drawn until that part or the picture changes.
 class PicturePainter {
   public:
     /// Draws the part of the picture that the window has room for, in its upper left corner. With

@@ -110,7 +110,7 @@ std::optional<LRESULT> PictureView::handle(UINT message, WPARAM w, LPARAM l) {
         return TRUE; // `paint` covers everything
     case WM_SIZE:
         layout();
-        return std::nullopt; // MDI has its part in it
+        return std::nullopt; // DefMDIChildProc handles it as well
     case kDensityChanged:
         layout(); // scroll bars have another width
         return 0;
@@ -125,7 +125,7 @@ std::optional<LRESULT> PictureView::handle(UINT message, WPARAM w, LPARAM l) {
     }
 }
 
-// By way of a copy of the window in memory: selection and picture overlap, and would flicker.
+// Drawn in memory first: the selection over the picture would flicker.
 void PictureView::paint() {
     const win::Paint paint(window_);
     RECT client{};

@@ -22,10 +22,10 @@ class PictureView {
     PictureView(const ImageDocument& document, std::function<void()> zoom_changed)
         : document_(document), zoom_changed_(std::move(zoom_changed)) {}
 
-    /// Draws in `window`, which has both styles WS_HSCROLL and WS_VSCROLL and hands all its
-    /// messages to `handle`.
+    /// `window` shows the picture. It is made with WS_HSCROLL and WS_VSCROLL and passes every
+    /// message to `handle` first.
     void attach(HWND window);
-    /// The answer to a message that needs no further handling; nothing for all others.
+    /// The result of a message that is completely handled; nothing for all others.
     std::optional<LRESULT> handle(UINT message, WPARAM w, LPARAM l);
     /// The picture has changed. Another size ends the selection.
     void picture_changed();
@@ -43,8 +43,8 @@ class PictureView {
     void zoom_out();
     void zoom_one_to_one();
     void zoom_to_fit();
-    /// Until the end of its life the point, of the window, takes the cursor's part: a menu hides
-    /// what is under the cursor.
+    /// While it lives, a zoom keeps this point of the window in place instead of the one under the
+    /// cursor: for commands of a menu, over which the cursor is.
     class FixedPoint {
       public:
         FixedPoint(PictureView& view, POINT point) : view_(view) { view.fixed_point_ = point; }

@@ -97,7 +97,7 @@ bool PictureView::is_outside(POINT point) const {
 }
 
 void PictureView::press(POINT point, bool pan) {
-    if (drag_ != Drag::None) return; // of two buttons the first counts
+    if (drag_ != Drag::None) return; // a second button changes nothing
     tip_.hide();
     drag_ = pan ? Drag::Pan : Drag::Press;
     drag_from_ = drag_point_ = point;

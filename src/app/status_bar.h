@@ -19,7 +19,7 @@ class StatusBar {
     /// Shows each text with a blank before it; "#" leaves the field as it is.
     void SetStatus(const std::wstring& message, const std::wstring& title,
                    const std::wstring& size);
-    /// What the last field shows; empty for nothing.
+    /// Shows the zoom in the last field; an empty text clears it.
     void SetZoom(const std::wstring& zoom);
     /// Sets the end of the progress bar's range and puts the bar to 0.
     void ProgressMax(long maximum);
