@@ -30,6 +30,11 @@ cDIBSection resampled(const cDIBSection& picture, int width, int height) {
     return result;
 }
 
+// For operations that refuse only when there is no memory for their result.
+void expect_memory(bool done) {
+    if (!done) throw std::bad_alloc();
+}
+
 // A picture that white paper would leave blank is shown as ink, if it has transparent pixels.
 cDIBSection visible_picture(const std::filesystem::path& file) {
     cDIBSection picture = read_picture(file);
@@ -186,6 +191,38 @@ void ImageDocument::Resample(int new_width, int new_height) {
         m_bUndoEnable = true;
     }
     m_bDirty = true;
+}
+
+cDIBSection ImageDocument::part(const PixelRect& part) const {
+    cDIBSection copy;
+    if (copy.Create(part.width, part.height)) kelvane::Crop(m_cDIB.view(), part, copy.view());
+    return copy;
+}
+
+void ImageDocument::Crop(const PixelRect& part) {
+    apply([&] { expect_memory(m_cImage.Crop(m_cDIB, part)); });
+}
+
+bool ImageDocument::CropToDrawing() {
+    const auto drawing = m_cImage.DarkBounds(m_cDIB);
+    if (drawing) Crop(*drawing);
+    return drawing.has_value();
+}
+
+void ImageDocument::Mirror() {
+    apply([&] { m_cImage.Mirror(m_cDIB); });
+}
+
+void ImageDocument::Flip() {
+    apply([&] { m_cImage.Flip(m_cDIB); });
+}
+
+void ImageDocument::RotateRight() {
+    apply([&] { expect_memory(m_cImage.RotateRight(m_cDIB)); });
+}
+
+void ImageDocument::RotateLeft() {
+    apply([&] { expect_memory(m_cImage.RotateLeft(m_cDIB)); });
 }
 
 void ImageDocument::Reduce(const Reduction& reduction) {

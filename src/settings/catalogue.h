@@ -98,6 +98,10 @@ inline constexpr OptionalSetting kRecentCount{kRecentSection, L"Count"};
 inline constexpr PathSetting kRecentFile{kRecentSection, L"File"};
 inline constexpr NumberSetting kRecentFlag{kRecentSection, L"FileFlag", 0};
 
+/// The main window's places: the keys are names of computers, for a settings file on a removable
+/// disk; see app/window_place.h.
+inline constexpr const wchar_t* kWindowSection = L"window";
+
 } // namespace settings
 
 /// A setting whose key is followed by a number: entry `n` of the recent files, from 1.

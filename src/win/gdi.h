@@ -8,6 +8,8 @@
 namespace kelvane::win {
 
 using Bitmap = Owned<HBITMAP, DeleteObject>;
+using Pen = Owned<HPEN, DeleteObject>;
+using Menu = Owned<HMENU, DestroyMenu>;
 using Icon = Owned<HICON, DestroyIcon>;
 using Font = Owned<HFONT, DeleteObject>;
 using AcceleratorTable = Owned<HACCEL, DestroyAcceleratorTable>;
