@@ -47,6 +47,17 @@ std::int16_t chosen(const std::string& name, const std::array<Choice, N>& choice
         ->value;
 }
 
+double smoothing(const ExportArguments& arguments, const ExportOptions& options) {
+    if (!arguments.smooth) return 0;
+    if (!options.exp) throw UsageError("--smooth goes with --trace full only");
+    if (arguments.smooth->empty()) return kMostSmoothing;
+    const std::optional<double> tolerance = decimal_number<double>(*arguments.smooth);
+    if (!tolerance || *tolerance < kLeastSmoothing || *tolerance > kMostSmoothing)
+        throw UsageError("--smooth is a number of pixels from 0.05 to 0.5, not \"" +
+                         *arguments.smooth + "\"");
+    return *tolerance;
+}
+
 double pixel_size(const std::string& text) {
     const std::optional<double> size = decimal_number<double>(text);
     if (!size || !(*size > 0) || *size > kLargestPixel)
@@ -75,6 +86,12 @@ void add_export_arguments(CLI::App& command, ExportArguments& arguments) {
     add_choice(command, "--shape", arguments.shape, kShapeChoices,
                "what to draw; rectangle only with --trace lines");
     command
+        .add_option("--smooth", arguments.smooth,
+                    "slanted and round outlines instead of stairs, at most this far from them: "
+                    "0.05 to 0.5 pixels, 0.5 when not given; only with --trace full")
+        ->expected(0, 1)
+        ->type_name("[TOLERANCE]");
+    command
         .add_option("--op", arguments.picture.operations,
                     "operation on the picture before it is traced, repeatable; "
                     "kelvane-cli ops lists them")
@@ -98,6 +115,7 @@ ExportOptions export_options(const ExportArguments& arguments) {
     options.ver = chosen(arguments.eagle, kEagleChoices);
     if (options.exp && options.optPoly == kShapeRectangle)
         throw UsageError("--shape rectangle goes with --trace lines only");
+    options.smooth = smoothing(arguments, options);
     return options;
 }
 

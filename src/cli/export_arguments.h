@@ -4,6 +4,7 @@
 #include "cli/picture_job.h"
 #include "export/export_options.h"
 
+#include <optional>
 #include <string>
 
 namespace kelvane {
@@ -19,6 +20,7 @@ struct ExportArguments {
     std::string eagle = "4";
     std::string trace = "full";
     std::string shape = "polygon";
+    std::optional<std::string> smooth; // a tolerance, or empty for the largest
     bool stats = false;
 };
 
