@@ -163,7 +163,7 @@ void writer_only(benchmark::State& state) {
     std::uint64_t bytes = 0;
     for (auto _ : state) {
         SafeFile file(output_file());
-        ScriptText text(file, options, kWidth, kHeight);
+        ScriptText text(&file, options, kWidth, kHeight);
         for (int y = 0; y < kHeight; y += 2)
             for (int x = 0; x < kWidth; x += 2)
                 write_rectangle(text, {x, x + 1}, y);

@@ -1,8 +1,9 @@
-// What the bytes of a picture file tell without a decoder.
+// The checks for completeness on the bytes of a picture file.
 #include "image/completeness.h"
 #include "image/gif_format.h"
 #include "image/icon_format.h"
 #include "image/orientation.h"
+#include "image/resolution.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -46,6 +47,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Bytes file(data, size);
     const int mark = orientation_mark(file);
     require(mark >= 1 && mark <= 8, "no orientation");
+    const auto resolution = file_resolution(file);
+    require(!resolution || (resolution->x >= 1 && resolution->x <= 1e6 && resolution->y >= 1 &&
+                            resolution->y <= 1e6),
+            "no resolution");
     if (size > 0) check_parts(file);
     check_images(file);
     return 0;

@@ -8,6 +8,9 @@ _kelvane_cli_values() {
     sed -nE -e "s/^ +(-[a-z],)?$1 [A-Z]+:\{([^}]*)\}.*/\2/p" -e "s/^ +(-[a-z],)?$1 [A-Z].*/*/p" | tr , ' '
 }
 
+# The names of layers at the end of a help text, "Layers: 1 Top, 2 Route2 ...".
+_kelvane_cli_layers() { sed -n '/^Layers:/,$p' | grep -oE '[A-Za-z][A-Za-z0-9]*(,|$)' | tr -d ,; }
+
 _kelvane_cli_commands() { sed -nE '/^Subcommands:/,/^$/s/^  ([a-z]+) .*/\1/p'; }
 
 # Names as they are typed: "bw:" when an operation wants arguments.
@@ -46,6 +49,10 @@ _kelvane_cli() {
         "$program" ops | grep -q "^$operation:FILE" || return
     elif [ "$before" = --op ]; then
         words=$("$program" ops | _kelvane_cli_operations)
+    elif [ "$before" = --layer ]; then
+        words=$(_kelvane_cli_layers <<<"$help")
+    elif [ "$before" = --dpi ]; then
+        words=file
     elif [ -n "$values" ]; then
         words=${values%%\**}
         [ -n "$words" ] || return

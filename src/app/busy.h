@@ -1,12 +1,12 @@
-// Mark of work that nothing may interrupt.
+// RAII flag: an operation is running.
 #pragma once
 
 #include <utility>
 
 namespace kelvane {
 
-/// Sets a flag while it lives.
-class Busy {
+/// Sets a flag and restores its previous value in the destructor. Nested scopes are allowed.
+class [[nodiscard]] Busy {
   public:
     explicit Busy(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
     ~Busy() { flag_ = before_; }

@@ -10,21 +10,22 @@
 namespace kelvane {
 
 class frmImage;
-class mfrmMain;
+class MainServices;
 
-/// What a command does: an operation on the active document, or more than that for the active
-/// document's form, or something that needs no document. Without an action it is shown greyed.
+/// What a command does. An operation is run on the active document, which is then drawn; a form
+/// command gets the active document's form; a main command needs no document. A command without
+/// an action is shown greyed.
 using Operation = void (*)(ImageDocument&);
-using FormAction = void (mfrmMain::*)(frmImage&);
-using MainAction = void (mfrmMain::*)();
-using Action = std::variant<std::monostate, Operation, FormAction, MainAction>;
+using FormCommand = void (*)(MainServices&, frmImage&);
+using MainCommand = void (*)(MainServices&);
+using Action = std::variant<std::monostate, Operation, FormCommand, MainCommand>;
 
 /// A key that works without the menu.
 struct Shortcut {
     unsigned short key = 0;         // virtual key code; 0: none
     bool control = false;           // together with Ctrl
-    const wchar_t* shown = nullptr; // the key's name
-    bool handled_by_system = false; // MDI itself knows it
+    const wchar_t* shown = nullptr; // its name in the menu
+    bool handled_by_system = false; // no accelerator: the system sends the command
 };
 
 struct MenuEntry {
@@ -35,8 +36,8 @@ struct MenuEntry {
     Shortcut shortcut = {};
 };
 
-/// Every entry in menu order; an entry with a deeper one behind it is a submenu. The recent files
-/// come before `kCmdClose`.
+/// Every entry in menu order; an entry followed by a deeper one is a submenu. The recent files are
+/// inserted before `kCmdClose`.
 std::span<const MenuEntry> command_table();
 
 /// The entry with this command; null when there is none.

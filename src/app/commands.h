@@ -46,7 +46,7 @@ enum CommandId : unsigned short {
     kCmdFloydSteinberg,
     kCmdApplyPalette,
     kCmdReduce,
-    kCmdVectorize, // has never done anything: the export traces
+    kCmdVectorize, // without action: the export does the tracing
 
     kCmdTileHorizontally,
     kCmdTileVertically,
@@ -58,7 +58,7 @@ enum CommandId : unsigned short {
     kCmdLanguage,
 };
 
-/// MDI children and their entries in the Window menu are numbered from here on.
+/// First id of MDI children and of their entries in the Window menu.
 inline constexpr unsigned kFirstChildId = 50000;
 
 } // namespace kelvane

@@ -12,7 +12,7 @@
 namespace kelvane {
 namespace {
 
-// Of the platform's htmlhelp.h, whose library this program does not want to depend on.
+// From the platform's htmlhelp.h: including it would mean linking its library.
 constexpr UINT kHelpContext = 0x000F;
 constexpr UINT kCloseAll = 0x0012;
 using HtmlHelp = HWND(WINAPI*)(HWND, const wchar_t*, UINT, DWORD_PTR);

@@ -1,4 +1,4 @@
-// The help file, shown by the system's HTML help, which is loaded when it is needed.
+// The help file, shown by the system's HTML help, whose library is loaded at first use.
 #pragma once
 
 #include "win/gdi.h"

@@ -3,6 +3,8 @@
 #include "image/bitmap_file.h"
 #include "image/picture_reader.h"
 #include "image/size_limit.h"
+#include "process/dark_bounds.h"
+#include "process/tone.h"
 #include "settings/catalogue.h"
 #include "texts/string_table.h"
 
@@ -14,8 +16,6 @@
 namespace kelvane {
 namespace {
 
-constexpr int kLightenPercent = 20;
-constexpr int kDarkenLevel = 240;
 constexpr float kSaturation = 0.5f;
 
 cDIBSection created(int width, int height) {
@@ -30,13 +30,35 @@ cDIBSection resampled(const cDIBSection& picture, int width, int height) {
     return result;
 }
 
+// A picture that white paper would leave blank is shown as ink, if it has transparent pixels.
+cDIBSection visible_picture(const std::filesystem::path& file) {
+    cDIBSection picture = read_picture(file);
+    if (DarkBounds(picture.view(), kAnyGrey)) return picture;
+    return read_picture(file, Transparency::kInk);
+}
+
 // Empty for a picture without pixels, which is refused without a message.
 cDIBSection picture_of_any_size(const std::filesystem::path& file) {
     try {
-        return read_picture(file);
+        return visible_picture(file);
     } catch (const FileError& error) {
         if (error.fault() != FileFault::kNoPixels) throw;
         return {};
+    }
+}
+
+// For the dialog's next start.
+void remember(const Reduction& reduction, const SettingsFile& settings) {
+    switch (reduction.kind) {
+    case ReductionKind::Brightness:
+        return write_setting(settings, settings::kBrightnessLimit, reduction.limit);
+    case ReductionKind::Colours:
+        write_setting(settings, settings::kColourLimit, reduction.limit);
+        write_setting(settings, settings::kUseRed, reduction.channels.red);
+        write_setting(settings, settings::kUseGreen, reduction.channels.green);
+        return write_setting(settings, settings::kUseBlue, reduction.channels.blue);
+    case ReductionKind::Edges:
+        return write_setting(settings, settings::kEdgeLimit, reduction.limit);
     }
 }
 
@@ -166,48 +188,21 @@ void ImageDocument::Resample(int new_width, int new_height) {
     m_bDirty = true;
 }
 
-void ImageDocument::BlackAndWhite(int limitvalue) {
-    if (limitvalue == 0) return;
-    write_setting(settings_, settings::kBrightnessLimit, limitvalue);
-    apply([&] { m_cImage.Reduce(m_cDIB, {ReductionKind::Brightness, limitvalue, {}}); });
-}
-
-void ImageDocument::lineArt(int limitvalue, int red, int green, int blue) {
-    if (limitvalue == 0) return;
-    write_setting(settings_, settings::kColourLimit, limitvalue);
-    write_setting(settings_, settings::kUseRed, red);
-    write_setting(settings_, settings::kUseGreen, green);
-    write_setting(settings_, settings::kUseBlue, blue);
-    const Channels channels{red == 1, green == 1, blue == 1};
-    apply([&] { m_cImage.Reduce(m_cDIB, {ReductionKind::Colours, limitvalue, channels}); });
-}
-
-void ImageDocument::edgeDetect(int limitvalue) {
-    if (limitvalue == 0) return;
-    write_setting(settings_, settings::kEdgeLimit, limitvalue);
-    apply([&] { m_cImage.Reduce(m_cDIB, {ReductionKind::Edges, limitvalue, {}}); });
+void ImageDocument::Reduce(const Reduction& reduction) {
+    if (reduction.limit == 0) return;
+    remember(reduction, settings_);
+    apply([&] { m_cImage.Reduce(m_cDIB, reduction); });
 }
 
 void ImageDocument::Undo() {
     if (m_bUndoEnable) std::swap(m_cDIB, m_cDIBUndo);
 }
 
-void ImageDocument::Combine(const Combination& combination) {
-    cDIBSection from = resampled(*combination.sources[0], combination.width, combination.height);
-    cDIBSection to = resampled(*combination.sources[1], combination.width, combination.height);
-    switch (combination.type) {
-    case Combination::kLightest:
-        m_cImage.AddLightest(from, to);
-        break;
-    case Combination::kDarkest:
-        m_cImage.AddDarkest(from, to);
-        break;
-    case Combination::kAdd:
-        const auto& [first, second] = combination.parts;
-        m_cImage.AddImages(from, to, first.multiplier, first.offset_r, first.offset_g,
-                           first.offset_b, second.multiplier, second.offset_r, second.offset_g,
-                           second.offset_b);
-    }
+void ImageDocument::Combine(const cDIBSection& first, const cDIBSection& second, int width,
+                            int height, const Combination& combination) {
+    cDIBSection from = resampled(first, width, height);
+    cDIBSection to = resampled(second, width, height);
+    m_cImage.Combine(from, to, combination);
     m_cDIB = std::move(to);
     m_cDIBWork = std::move(from);
 }

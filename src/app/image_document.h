@@ -2,7 +2,6 @@
 // whether it has changed.
 #pragma once
 
-#include "app/combination.h"
 #include "engine/image_process.h"
 #include "export/export_options.h"
 #include "image/dib_section.h"
@@ -81,16 +80,22 @@ class ImageDocument {
     // Reductions. A limit of 0 stands for a cancelled dialog: nothing happens at all. The
     // arguments are stored in the settings.
 
-    void BlackAndWhite(int limitvalue);
-    void lineArt(int limitvalue, int red, int green, int blue);
-    void edgeDetect(int limitvalue);
+    void Reduce(const Reduction& reduction);
+    void BlackAndWhite(int limitvalue) { Reduce({ReductionKind::Brightness, limitvalue}); }
+    /// A channel takes part where its argument is 1.
+    void lineArt(int limitvalue, int red, int green, int blue) {
+        Reduce({ReductionKind::Colours, limitvalue, {red == 1, green == 1, blue == 1}});
+    }
+    void edgeDetect(int limitvalue) { Reduce({ReductionKind::Edges, limitvalue}); }
 
     /// Swaps the picture with its undo copy: the next `Undo` takes this one back. Nothing without
     /// an undo copy. The document stays as changed as it was.
     void Undo();
 
-    /// Fills this new document with the combination of two pictures, both brought to its size.
-    void Combine(const Combination& combination);
+    /// Fills this new document with the combination of two pictures, both brought to the size
+    /// `width` x `height` first.
+    void Combine(const cDIBSection& first, const cDIBSection& second, int width, int height,
+                 const Combination& combination);
 
     /// Writes the EAGLE script of a black and white copy of the picture, which stays as it is.
     /// `RangeOVL` of the result says whether a coordinate left EAGLE's range. Throws `FileError`.

@@ -1,6 +1,5 @@
 #include "app/image_window.h"
 
-#include "app/picture_clipboard.h"
 #include "base/file_error.h"
 #include "texts/error_text.h"
 #include "texts/string_table.h"
@@ -19,7 +18,7 @@ namespace {
 
 constexpr const wchar_t* kClassName = L"KelvaneImage";
 
-// An elapsed time as the system's clock writes one.
+// An elapsed time in the format of the system's clock.
 std::wstring clock_text(double days) {
     const auto seconds = static_cast<unsigned>(std::lround(days * 86400));
     SYSTEMTIME time{};
@@ -35,11 +34,11 @@ std::wstring clock_text(double days) {
     return text;
 }
 
-// WM_DPICHANGED_AFTERPARENT, which the headers know for later systems only: the main window has
-// come to a monitor of another density.
+// WM_DPICHANGED_AFTERPARENT, which the headers define for later systems only: the main window has
+// moved to a monitor of another density.
 constexpr UINT kDensityChanged = 0x02E3;
 
-// Why a file did not open, and what may help.
+// The error's text; for an unknown format also a hint at the converter.
 std::wstring cause_of(const std::exception& error) {
     std::wstring cause = error_text(error);
     const auto* file_error = dynamic_cast<const FileError*>(&error);
@@ -50,8 +49,7 @@ std::wstring cause_of(const std::exception& error) {
 
 } // namespace
 
-frmImage::frmImage(MainServices& main, HWND mdi_client)
-    : main_(main), mdi_client_(mdi_client), document_(main.settings(), this) {}
+frmImage::frmImage(DocumentServices& main) : main_(main), document_(main.settings(), this) {}
 
 void frmImage::create() {
     WNDCLASSEXW window_class{};
@@ -61,7 +59,7 @@ void frmImage::create() {
     register_class(window_class);
     expect_window();
     if (CreateMDIWindowW(kClassName, caption().c_str(), WS_HSCROLL | WS_VSCROLL, CW_USEDEFAULT,
-                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, mdi_client_,
+                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, main_.mdi_client(),
                          GetModuleHandleW(nullptr), 0) == nullptr)
         throw PlatformError(GetLastError());
 }
@@ -104,14 +102,14 @@ void frmImage::show_as(const std::wstring& name) {
     create();
 }
 
-// As large as the picture with the bars that it needs, and as wide as its title, as far as the main
-// window has room.
+// Sizes the window to the picture with its scroll bars, at least as wide as the title needs, within
+// the MDI client area.
 void frmImage::fit_window() {
     if (IsZoomed(window()) || IsIconic(window())) return;
     RECT own{}, room{};
     GetWindowRect(window(), &own);
-    MapWindowPoints(nullptr, mdi_client_, reinterpret_cast<POINT*>(&own), 2);
-    GetClientRect(mdi_client_, &room);
+    MapWindowPoints(nullptr, main_.mdi_client(), reinterpret_cast<POINT*>(&own), 2);
+    GetClientRect(main_.mdi_client(), &room);
     const SIZE view = view_size();
     const LONG frame_width = own.right - own.left - view.cx;
     const LONG frame_height = own.bottom - own.top - view.cy;
@@ -124,7 +122,7 @@ void frmImage::fit_window() {
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// The window's title with its icon and three buttons, in pixels.
+// Width of the window's title with its icon and three buttons, in pixels.
 LONG frmImage::title_width() const {
     const win::Font font = win::caption_font(window());
     const win::WindowContext context(window());
@@ -141,15 +139,16 @@ std::wstring frmImage::caption() const {
     return LoadString(IDS_IMAGE_CAPTION) + document_.Filename();
 }
 
-// MDI's list of windows is made of captions, but not by itself when one changes.
+// MDI does not update the caption in its list of windows by itself.
 void frmImage::loadLanguage() {
     SetWindowTextW(window(), caption().c_str());
-    SendMessageW(mdi_client_, WM_MDIREFRESHMENU, 0, 0);
+    SendMessageW(main_.mdi_client(), WM_MDIREFRESHMENU, 0, 0);
 }
 
-std::wstring frmImage::size_text() const {
-    return std::to_wstring(document_.ImageWidth()) + L" x " +
-           std::to_wstring(document_.ImageHeight());
+void frmImage::show_status() const {
+    main_.SetStatus(L"#", document_.FileTitle(),
+                    std::to_wstring(document_.ImageWidth()) + L" x " +
+                        std::to_wstring(document_.ImageHeight()));
 }
 
 bool frmImage::SaveFile() {
@@ -162,7 +161,7 @@ bool frmImage::SaveFile() {
             document_.save(*file);
             main_.AddMRUFile(*file, false);
             loadLanguage();
-            main_.form_activated(*this); // its title has changed
+            show_status(); // the title has changed
             main_.SetStatus(L"", L"#", L"#");
         }
     } catch (const std::exception& error) {
@@ -184,15 +183,15 @@ bool frmImage::QuerySave() {
     }
 }
 
-// The question speaks of a picture that the user sees.
+// So that the user sees which picture the question is about.
 void frmImage::bring_to_front() {
     if (IsIconic(main_.frame())) ShowWindow(main_.frame(), SW_RESTORE);
-    SendMessageW(mdi_client_, IsIconic(window()) ? WM_MDIRESTORE : WM_MDIACTIVATE,
+    SendMessageW(main_.mdi_client(), IsIconic(window()) ? WM_MDIRESTORE : WM_MDIACTIVATE,
                  reinterpret_cast<WPARAM>(window()), 0);
 }
 
 void frmImage::CopyImage() {
-    if (!CopyToClipboard(document_.picture(), main_.frame(), false))
+    if (!document_.picture().CopyToClipboard(false, main_.frame()))
         main_.show_error(IDS_IMAGE_COPY_ERROR, {});
 }
 
@@ -222,7 +221,7 @@ LRESULT frmImage::default_procedure(UINT message, WPARAM w, LPARAM l) {
 LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
     switch (message) {
     case WM_CREATE:
-        fit_window(); // not shown yet
+        fit_window(); // before the window is shown
         break;
     case WM_PAINT:
         paint();
@@ -231,7 +230,7 @@ LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
         return TRUE; // `paint` covers everything
     case WM_SIZE:
         layout();
-        break; // MDI has its part in it
+        break; // DefMDIChildProc handles it as well
     case kDensityChanged:
         layout(); // scroll bars have another width
         return 0;
@@ -249,7 +248,7 @@ LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
         if (key(w)) return 0;
         break;
     case WM_MDIACTIVATE:
-        if (reinterpret_cast<HWND>(l) == window()) main_.form_activated(*this);
+        if (reinterpret_cast<HWND>(l) == window()) show_status();
         if (reinterpret_cast<HWND>(w) == window()) main_.form_deactivated(*this);
         break;
     case WM_CLOSE:
@@ -266,7 +265,7 @@ void frmImage::paint() {
     const cDIBSection& picture = document_.picture();
     const int x = -position(0);
     const int y = -position(1);
-    if (!picture.empty()) PaintPicture(picture, paint.context(), x, y);
+    if (!picture.empty()) picture.PaintPicture(paint.context(), x, y);
     ExcludeClipRect(paint.context(), x, y, x + picture.Width(), y + picture.Height());
     FillRect(paint.context(), &paint.area(), GetSysColorBrush(COLOR_APPWORKSPACE));
 }

@@ -1,8 +1,8 @@
 // frmImage, the window of one document.
 #pragma once
 
+#include "app/document_services.h"
 #include "app/image_document.h"
-#include "app/main_services.h"
 #include "image/progress.h"
 #include "win/window.h"
 
@@ -17,25 +17,24 @@ namespace kelvane {
 /// document needs to open, save and close. It relays the engine's events to the main window.
 class frmImage : public win::Window, private ProgressObserver {
   public:
-    /// Without a window until the document has its picture, by `OpenFile`, `OpenFile2` or
-    /// `show_new`, which show it inside the MDI client and throw `PlatformError` when there can be
-    /// no window. `main` outlives the form.
-    frmImage(MainServices& main, HWND mdi_client);
+    /// Makes no window yet: `OpenFile`, `OpenFile2` and `show_new` do so when the document has its
+    /// picture, and throw `PlatformError` when the window cannot be made. `main` outlives the form.
+    explicit frmImage(DocumentServices& main);
 
     ImageDocument& document() { return document_; }
     const ImageDocument& document() const { return document_; }
 
     /// Loads a picture file, reduced when it is very large. `bNew`: the file is a temporary one;
     /// the document is named "Image" and a number and the recent files stay as they are. False
-    /// with a message when the file cannot be read, which names it unless it is temporary; without
-    /// one for a picture without pixels.
+    /// when the file cannot be read, with a message that names the file unless it is temporary;
+    /// false without a message for a picture without pixels.
     bool OpenFile(const std::wstring& file, bool bNew);
     /// Loads a picture file at its full size under another file's name.
     bool OpenFile2(const std::wstring& file, const std::wstring& name);
     /// Names a document that was made in memory "Image" and a number, and shows it.
     void show_new();
-    /// Asks for a bitmap file and writes it; failures are shown. False even after success:
-    /// `QuerySave` has always stopped the closing then.
+    /// Asks for a bitmap file and writes it; failures are shown. False even after success, so that
+    /// `QuerySave` stops the closing: users rely on that.
     bool SaveFile();
     /// Brings the picture to the front and asks whether to save it. True: the document may be
     /// closed. Yes saves and gives false, so that the user closes a document that is saved.
@@ -45,8 +44,8 @@ class frmImage : public win::Window, private ProgressObserver {
     void Render();
     /// Sets the window's caption in the program's language.
     void loadLanguage();
-    /// "<width> x <height>" of the picture.
-    std::wstring size_text() const;
+    /// Writes the document's title and "<width> x <height>" of its picture to the status line.
+    void show_status() const;
 
   protected:
     LRESULT on_message(UINT message, WPARAM w, LPARAM l) override;
@@ -89,10 +88,9 @@ class frmImage : public win::Window, private ProgressObserver {
 
     void paint();
 
-    MainServices& main_;
-    HWND mdi_client_;
+    DocumentServices& main_;
     ImageDocument document_;
-    std::array<int, 2> wheel_rest_{}; // turns too small for a step yet
+    std::array<int, 2> wheel_rest_{}; // wheel movement that has not scrolled a pixel yet
     bool laying_out_ = false;
 };
 

@@ -1,5 +1,5 @@
-// Scrolling of frmImage: by bars, wheel and keys, in pixels. A bar shows only while the picture
-// does not fit beside the other bar.
+// Scrolling of frmImage by bars, wheel and keys, in pixels. A bar is shown only while the picture
+// does not fit into the room that the other bar leaves.
 #include "app/image_window.h"
 
 #include "win/dpi.h"
@@ -9,7 +9,7 @@
 namespace kelvane {
 namespace {
 
-constexpr int kLine = 16; // pixels that one click on an arrow moves
+constexpr int kLine = 16; // pixels of one click on an arrow
 constexpr std::array<int, 2> kBars{SB_HORZ, SB_VERT};
 
 SCROLLINFO scroll_info(HWND window, int bar) {
@@ -40,7 +40,7 @@ SIZE frmImage::view_size() const {
     return size;
 }
 
-// Which bars the picture needs in a client area of this size; a bar takes room from the other side.
+// Which bars the picture needs in a client area of this size. Each bar reduces the other side.
 frmImage::Bars frmImage::bars_within(SIZE view) const {
     const int width = document_.ImageWidth();
     const int height = document_.ImageHeight();
@@ -108,7 +108,7 @@ void frmImage::scroll_to(int bar, int position) {
     SCROLLINFO info{};
     info.cbSize = sizeof info;
     info.fMask = SIF_POS;
-    info.nPos = std::max(position, 0); // the system holds it below the last page
+    info.nPos = std::max(position, 0); // the system limits it to the last page
     SetScrollInfo(window(), kBars[static_cast<std::size_t>(bar)], &info, TRUE);
     InvalidateRect(window(), nullptr, FALSE);
 }

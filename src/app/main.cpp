@@ -24,7 +24,7 @@ struct FreeLocal {
     void operator()(wchar_t** words) const { LocalFree(words); }
 };
 
-// A word that can be no path stays as it is: opening it says so.
+// A word that is no valid path is returned unchanged; opening it then reports the error.
 std::wstring full_path(const wchar_t* word) {
     std::error_code error;
     const std::filesystem::path path = std::filesystem::absolute(word, error);
@@ -43,9 +43,9 @@ int run(int show) {
     const SettingsFile settings = SettingsFile::of_program();
     frmSplash splash(KELVANE_VERSION);
     mfrmMain main(settings);             // sets the language
-    splash.show_modeless(main.window()); // is seen first
+    splash.show_modeless(main.window()); // before the main window is shown
     ShowWindow(main.window(), show);
-    BringWindowToTop(splash.window()); // owned, it then stays before the window
+    BringWindowToTop(splash.window()); // stays in front of its owner
     UpdateWindow(main.window());
     {
         const win::WindowContext screen(nullptr);

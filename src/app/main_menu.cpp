@@ -28,7 +28,7 @@ int position_in(HMENU parent, HMENU menu) {
     return position;
 }
 
-// Submenus have the page of the menu they are in.
+// A submenu has the page of its parent.
 int help_page_of(int caption, HMENU parent) {
     switch (caption) {
     case IDS_MENU_FILE:
@@ -48,7 +48,7 @@ int help_page_of(int caption, HMENU parent) {
     }
 }
 
-// For names in a menu, which would take an "&" for the mark of an access key.
+// Doubles "&", which in a menu marks the access key.
 std::wstring escaped(const std::wstring& name) {
     std::wstring text;
     for (const wchar_t c : name)
@@ -82,7 +82,7 @@ MainMenu::MainMenu() : bar_(CreateMenu()) {
 
 void MainMenu::add_entries() {
     const auto table = command_table();
-    std::vector<HMENU> open{bar_}; // the menu in which entries of each depth go
+    std::vector<HMENU> open{bar_}; // by depth: the menu that receives the entries
     for (std::size_t i = 0; i < table.size(); ++i) {
         const MenuEntry& entry = table[i];
         open.resize(static_cast<std::size_t>(entry.depth) + 1);
@@ -132,7 +132,8 @@ void MainMenu::show_recent(const cMRUFileList& files) {
     if (any) InsertMenuW(bar_, kCmdClose, MF_BYCOMMAND | MF_SEPARATOR, kRecentSeparator, nullptr);
 }
 
-// Entries bear the numbers of the documents' windows; a list of many ends with another entry.
+// An entry has the id of its document's window. With many documents the last entry is MDI's own,
+// whose caption does not end with a title.
 void MainMenu::escape_documents(HWND mdi_client) const {
     const HMENU menu = window_menu();
     for (int i = 0; i < GetMenuItemCount(menu); ++i) {

@@ -9,11 +9,11 @@
 
 namespace kelvane {
 
-/// Captions come from the string table, each with its shortcut behind a tab; they can be set anew
-/// while the menu is in use, because MDI adds entries of its own to bar and window menu.
+/// Captions come from the string table, each followed by a tab and its shortcut. A change of
+/// language sets them in place: MDI adds entries to bar and Window menu that a new menu would lack.
 class MainMenu {
   public:
-    /// Number of recent files that fit.
+    /// Number of recent files shown.
     static constexpr int kRecentFiles = 4;
 
     /// Builds the menu; the window that it is given to owns it.
@@ -26,11 +26,11 @@ class MainMenu {
     void loadLanguage();
     /// Shows the recent files and a separator behind them; neither while there are none.
     void show_recent(const cMRUFileList& files);
-    /// Doubles the "&" in the captions of the documents that MDI has appended to the Window menu;
-    /// before it is shown, for MDI makes them anew with every change.
+    /// Doubles the "&" in the captions of the documents that MDI has appended to the Window menu.
+    /// To be called before the menu is shown: MDI rewrites the captions with every change.
     void escape_documents(HWND mdi_client) const;
     void enable(unsigned command, bool on);
-    /// The help page of a menu in which F1 was pressed: for the bar, of its highlighted entry.
+    /// The help page of a menu in which F1 was pressed; for the bar that of its highlighted entry.
     int help_page(HMENU menu) const;
 
   private:

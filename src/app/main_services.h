@@ -1,59 +1,50 @@
-// What the main window does for its documents.
+// What the main window does for the commands.
 #pragma once
 
-#include "settings/settings_file.h"
-#include "win/file_dialogs.h"
+#include "app/busy.h"
+#include "app/document_services.h"
 
-#include <windows.h>
-
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kelvane {
 
-class frmImage;
+class cImageProcessDIB;
+class ConverterOpening;
 
-/// The product's name: title of the save question and of messages that are no errors.
-inline constexpr const wchar_t* kApplicationTitle = L"Kelvane";
-
-class MainServices {
+class MainServices : public DocumentServices {
   public:
-    virtual ~MainServices() = default;
+    /// The open documents in the order in which they were made.
+    virtual const std::vector<std::unique_ptr<frmImage>>& forms() const = 0;
+    /// Makes a document and calls `fill`, which gives it a picture and shows its window. The
+    /// document is deleted again when `fill` answers false; that answer is returned.
+    virtual bool new_form(const std::function<bool(frmImage&)>& fill) = 0;
 
-    virtual HWND frame() const = 0;
-    virtual const SettingsFile& settings() const = 0;
+    /// While the result lives, commands are refused and the wait cursor is shown.
+    virtual Busy busy() = 0;
+    /// Dispatches waiting messages except for keys and mouse, which are dropped: they could start
+    /// a second operation, or a modal loop (a menu, a window being moved) inside the running one.
+    /// False when Esc was among them or the program is to end.
+    virtual bool let_windows_paint() = 0;
 
-    /// Writes the status line's fields: message, title of the document, size of its picture. "#"
-    /// leaves a field as it is.
-    virtual void SetStatus(const std::wstring& message, const std::wstring& title,
-                           const std::wstring& size) = 0;
-    /// The bar begins anew.
-    virtual void ProgressMax(long maximum) = 0;
-    /// A few times a second: moves the bar and lets the windows paint themselves.
-    virtual void ProgressValue(long position) = 0;
-    virtual void ShowProgress(bool show) = 0;
+    /// Asks for a file to open. The dialog starts in the folder of the last opened file.
+    virtual std::optional<std::wstring> ask_open_file(win::FileQuestion question) = 0;
+    /// Opens a picture file in a new document and makes it the active one; failures are shown.
+    virtual void open_file(const std::wstring& file) = 0;
+    /// Opens a document or a web page with the program that the user has for it; failures are
+    /// shown.
+    virtual void open_in_shell(const std::wstring& file) = 0;
+    /// Shows a page of the help, see `Help::show`; failures are shown.
+    virtual void show_help(int page) = 0;
+    /// Sets every caption of the main window and its documents in the program's language.
+    virtual void loadLanguage() = 0;
 
-    /// 1 for the first picture without file, 2 for the next.
-    virtual int NewImageIndex() = 0;
-    /// Puts a file on top of the recent ones; `flag`: the converter opened it.
-    virtual void AddMRUFile(const std::wstring& file, bool flag) = 0;
-
-    /// Asks for a file to write, starting where the last one was written, and remembers its folder.
-    virtual std::optional<std::wstring> ask_save_file(win::FileQuestion question) = 0;
-    /// Shows the text with the number `id`, followed by a cause, with the exclamation icon.
-    virtual void show_error(int id, const std::wstring& cause) = 0;
-    /// True while an operation runs; tells the user that nothing else can be done meanwhile.
-    virtual bool refuse_while_busy() = 0;
-
-    /// Tells in the message field that an operation on the form's picture is complete and what time
-    /// it took, until there is another message or another picture in front.
-    virtual void operation_complete(const frmImage& form, const std::wstring& time) = 0;
-
-    virtual void form_activated(frmImage& form) = 0;
-    /// Another form is in front now.
-    virtual void form_deactivated(const frmImage& form) = 0;
-    /// The form's window is gone and the form may be deleted.
-    virtual void form_closed(frmImage& form) = 0;
+    /// Carries the kernel that was last typed into the custom filter dialog.
+    virtual cImageProcessDIB& custom_filter() = 0;
+    virtual ConverterOpening& converter() = 0;
 };
 
 } // namespace kelvane

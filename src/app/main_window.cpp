@@ -1,6 +1,8 @@
 #include "app/main_window.h"
 
 #include "app/command_table.h"
+#include "app/form_operations.h"
+#include "dialogs/program_face.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
 #include "texts/error_text.h"
@@ -9,7 +11,6 @@
 #include "win/dialog.h"
 #include "win/message_box.h"
 #include "win/platform_error.h"
-#include "win/shell.h"
 
 #include "ids.h"
 
@@ -22,16 +23,8 @@ namespace {
 
 constexpr const wchar_t* kClassName = L"KelvaneMain";
 constexpr const wchar_t* kHelpFile = L"\\EAGLE_Kelvane.chm";
-constexpr DWORD kPaintPause = 50; // milliseconds between two repaints in an operation
 
-// Not shared: the system would answer with the icon of any size that was loaded first.
-win::Icon program_icon(int width_metric, int height_metric) {
-    return win::Icon(static_cast<HICON>(
-        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE), IMAGE_ICON,
-                   GetSystemMetrics(width_metric), GetSystemMetrics(height_metric), 0)));
-}
-
-// The settings file can be edited by hand, and without a language there are no texts.
+// Throws for an offset without texts: the settings file can be edited by hand.
 void set_language(const SettingsFile& settings) {
     const int offset = read_setting(settings, settings::kLanguage);
     const bool exists = offset == kGermanOffset || offset == kEnglishOffset;
@@ -41,11 +34,7 @@ void set_language(const SettingsFile& settings) {
             LoadString(IDS_NO_SUCH_LANGUAGE, {settings.file().wstring(), std::to_wstring(offset)}));
 }
 
-bool is_input(UINT message) {
-    return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
-           (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) ||
-           (message >= WM_NCMOUSEMOVE && message <= WM_NCXBUTTONDBLCLK);
-}
+template <class... Visitors> struct Overloaded : Visitors... { using Visitors::operator()...; };
 
 } // namespace
 
@@ -62,9 +51,9 @@ mfrmMain::mfrmMain(SettingsFile settings)
 mfrmMain::~mfrmMain() {
     win::set_dialog_help({});
     if (window() == nullptr) return;
-    DestroyWindow(window()); // takes the documents along
-    // Not closed by the user: the WM_QUIT that is posted now would at once end the message box
-    // that says what has failed.
+    DestroyWindow(window()); // and the documents' windows
+    // The program ends by an exception. WM_QUIT, which WM_DESTROY has posted, would close the
+    // message box that reports it.
     MSG message;
     PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
 }
@@ -75,9 +64,11 @@ void mfrmMain::create() {
     menu_ = std::make_unique<MainMenu>();
     shortcuts_ = win::AcceleratorTable(create_shortcuts());
 
-    // As long as the window class, which is registered once.
-    static const win::Icon large_icon = program_icon(SM_CXICON, SM_CYICON);
-    static const win::Icon small_icon = program_icon(SM_CXSMICON, SM_CYSMICON);
+    // Static: the window class, which is registered once, refers to them.
+    static const win::Icon large_icon =
+        program_icon(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON));
+    static const win::Icon small_icon =
+        program_icon(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON));
     WNDCLASSEXW window_class{};
     window_class.lpszClassName = kClassName;
     window_class.hIcon = large_icon.get();
@@ -103,18 +94,6 @@ bool mfrmMain::create_children() {
                         WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_HSCROLL | WS_VSCROLL, 0, 0, 0,
                         0, window(), nullptr, GetModuleHandleW(nullptr), &client);
     return status_bar_.window() != nullptr && mdi_client_ != nullptr;
-}
-
-void mfrmMain::loadLanguage() {
-    const std::wstring title = LoadString(IDS_TITLE) + KELVANE_VERSION;
-    SetWindowTextW(window(), title.c_str());
-    menu_->loadLanguage();
-    for (const auto& form : forms_)
-        form->loadLanguage();
-    DrawMenuBar(window());
-    status_bar_.SetStatus(completion_ ? LoadString(IDS_IMAGE_COMPLETE) + completion_->time
-                                      : std::wstring(),
-                          L"#", L"#");
 }
 
 void mfrmMain::layout() {
@@ -143,7 +122,7 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
         return 0;
     }
     case WM_COMMAND:
-        if (LOWORD(w) >= kFirstChildId) break; // MDI's own: the list of documents
+        if (LOWORD(w) >= kFirstChildId) break; // an entry of MDI's list of documents
         if (find_command(LOWORD(w)) == nullptr &&
             !(LOWORD(w) >= kCmdRecent1 && LOWORD(w) <= kCmdRecent4))
             break;
@@ -152,12 +131,9 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_HELP:
         answer_help_key(*reinterpret_cast<const HELPINFO*>(l));
         return TRUE;
-    case WM_INITMENUPOPUP: {
-        const frmImage* form = active_form();
-        menu_->enable(kCmdUndo, form != nullptr && form->document().undoEnable());
-        menu_->escape_documents(mdi_client_);
+    case WM_INITMENUPOPUP:
+        prepare_menu();
         break;
-    }
     case WM_DROPFILES:
         open_dropped(reinterpret_cast<HDROP>(w));
         return 0;
@@ -198,95 +174,52 @@ bool mfrmMain::translate(MSG& message) const {
     return false;
 }
 
-// A bar that moves with every row would take longer than most operations.
-void mfrmMain::ProgressValue(long position) {
-    if (GetTickCount() - last_paint_ < kPaintPause) return;
-    status_bar_.ProgressValue(position);
-    let_windows_paint();
-    last_paint_ = GetTickCount();
+void mfrmMain::prepare_menu() {
+    const frmImage* form = active_form();
+    menu_->enable(kCmdUndo, form != nullptr && form->document().undoEnable());
+    menu_->escape_documents(mdi_client_);
 }
 
-// Keys and clicks are dropped: they could start what has to wait, or a loop of their own (a menu,
-// the moving of a window) in the midst of the operation. False when Esc was among them or the
-// program is to end, for work that can be stopped.
-bool mfrmMain::let_windows_paint() {
-    bool go_on = true;
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return false;
-        }
-        if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) go_on = false;
-        if (!is_input(message.message)) DispatchMessageW(&message);
+void mfrmMain::answer_help_key(const HELPINFO& request) {
+    const auto menu = static_cast<HMENU>(request.hItemHandle);
+    if (request.iContextType != HELPINFO_MENUITEM)
+        show_help(forms_.empty() ? IDH_START : IDH_MAIN_WINDOW);
+    else if (IsMenu(menu)) // Wine sends the message twice, the second time with a window handle
+        show_help(menu_->help_page(menu));
+}
+
+void mfrmMain::command(unsigned id) {
+    if (refuse_while_busy()) return;
+    try {
+        if (id >= kCmdRecent1 && id <= kCmdRecent4)
+            open_recent(static_cast<int>(id) - kCmdRecent1 + 1);
+        else
+            perform(*find_command(id));
+    } catch (const std::exception& error) {
+        show_failure(error);
     }
-    return go_on;
 }
 
-// A dialog, which disables the window, is seen without a message.
-bool mfrmMain::refuse_while_busy() {
-    if (!busy_ && IsWindowEnabled(window())) return false;
-    MessageBeep(MB_ICONEXCLAMATION);
-    if (busy_) SetStatus(LoadString(IDS_IMAGE_BUSY), L"#", L"#");
-    return true;
+void mfrmMain::perform(const MenuEntry& entry) {
+    MainServices& services = *this;
+    std::visit(Overloaded{[](std::monostate) {},
+                          [&](Operation operation) {
+                              if (frmImage* form = GetActiveform())
+                                  process(services, *form, operation);
+                          },
+                          [&](FormCommand action) {
+                              if (frmImage* form = GetActiveform()) action(services, *form);
+                          },
+                          [&](MainCommand action) { action(services); }},
+               entry.action);
 }
 
-void mfrmMain::SetStatus(const std::wstring& message, const std::wstring& title,
-                         const std::wstring& size) {
-    if (message != L"#") completion_.reset();
-    status_bar_.SetStatus(message, title, size);
-}
-
-void mfrmMain::operation_complete(const frmImage& form, const std::wstring& time) {
-    completion_ = Completion{&form, time};
-    status_bar_.SetStatus(LoadString(IDS_IMAGE_COMPLETE) + time, L"#", L"#");
-}
-
-void mfrmMain::AddMRUFile(const std::wstring& file, bool flag) {
-    recent_.AddFile(file, flag);
-    menu_->show_recent(recent_);
-}
-
-std::optional<std::wstring> mfrmMain::ask_save_file(win::FileQuestion question) {
-    question.folder = save_folder_;
-    auto file = win::ask_save_file(window(), question);
-    if (file) {
-        save_folder_ = ExistingFolderOf(*file);
-        write_setting(settings_, settings::kSaveFolder, save_folder_);
-    }
-    return file;
-}
-
-void mfrmMain::show_error(int id, const std::wstring& cause) {
-    win::message_box(window(), LoadString(id) + cause, LoadString(IDS_ERROR_TITLE),
-                     MB_OK | MB_ICONEXCLAMATION);
-}
-
-// The modal dialog that is open, if there is one; never the splash window, which would take a
-// message along when it goes.
-HWND mfrmMain::message_owner() const {
-    return IsWindowEnabled(window()) ? window() : GetLastActivePopup(window());
-}
-
-void mfrmMain::show_failure(const std::exception& error) {
-    win::message_box(message_owner(), error_text(error), LoadString(IDS_ERROR_TITLE),
-                     MB_OK | MB_ICONEXCLAMATION);
-}
-
-void mfrmMain::ShellEx(const std::wstring& file, const std::wstring& operation,
-                       const std::wstring& parameters, const std::wstring& folder, int show) {
-    const HWND owner = message_owner();
-    const int answer = win::shell_execute(owner, {file, operation, parameters, folder, show});
-    if (const int text = shell_error_text(answer); text != 0)
-        win::message_box(owner, LoadString(text), LoadString(IDS_ERROR_TITLE),
-                         MB_OK | MB_ICONEXCLAMATION);
-}
-
-void mfrmMain::check_colour_depth(int bits_per_pixel) {
-    if (bits_per_pixel > 8) return;
-    win::message_box(
-        window(), LoadString(IDS_COLOUR_DEPTH) + L"\r\n\r\n" + LoadString(IDS_COLOUR_DEPTH_RESTART),
-        kApplicationTitle, MB_OK | MB_ICONEXCLAMATION);
+frmImage* mfrmMain::GetActiveform() {
+    frmImage* form = active_form();
+    if (form == nullptr)
+        win::message_box(window(), LoadString(IDS_SELECT_IMAGE), kApplicationTitle,
+                         MB_OK | MB_ICONINFORMATION);
+    return form;
 }
 
 frmImage* mfrmMain::active_form() const {
@@ -296,18 +229,44 @@ frmImage* mfrmMain::active_form() const {
     return active == nullptr || found == forms_.end() ? nullptr : found->get();
 }
 
-void mfrmMain::form_activated(frmImage& form) {
-    SetStatus(L"#", form.document().FileTitle(), form.size_text());
+void mfrmMain::open_recent(int i) {
+    if (!recent_.FileExists(i)) return;
+    const std::wstring file = recent_.file(i); // a copy: opening changes the list
+    if (recent_.fileflag(i))
+        converter_.OpenByConverter(file);
+    else
+        open_file(file);
 }
 
-void mfrmMain::form_deactivated(const frmImage& form) {
-    if (completion_ && completion_->form == &form) SetStatus(L"", L"#", L"#");
+void mfrmMain::open_dropped(HDROP drop) {
+    const bool refused = refuse_while_busy();
+    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count && !refused; ++i) {
+        std::wstring file(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
+        file.resize(DragQueryFileW(drop, i, file.data(), static_cast<UINT>(file.size())));
+        open_file(file);
+    }
+    DragFinish(drop);
 }
 
-void mfrmMain::form_closed(frmImage& form) {
-    form_deactivated(form);
-    std::erase_if(forms_, [&](const auto& each) { return each.get() == &form; });
-    if (forms_.empty()) SetStatus(L"#", L"", L"");
+bool mfrmMain::QueryUnload() {
+    for (const auto& form : forms_)
+        if (form->document().Dirty() && !form->QuerySave()) return false;
+    save_recent();
+    return true;
+}
+
+// Another running program may have saved its files in the meantime.
+void mfrmMain::save_recent() {
+    recent_.Merge(settings_);
+    recent_.Save(settings_);
+}
+
+void mfrmMain::check_colour_depth(int bits_per_pixel) {
+    if (bits_per_pixel > 8) return;
+    win::message_box(
+        window(), LoadString(IDS_COLOUR_DEPTH) + L"\r\n\r\n" + LoadString(IDS_COLOUR_DEPTH_RESTART),
+        kApplicationTitle, MB_OK | MB_ICONEXCLAMATION);
 }
 
 } // namespace kelvane

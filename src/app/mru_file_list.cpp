@@ -11,17 +11,17 @@ namespace {
 
 constexpr std::size_t kLongestShown = 32; // characters
 
-// The number of entries is taken from the file as it stands, even beyond the capacity; but an
-// edited or damaged file may claim billions, each of which would be looked up.
+// The number of entries in the file may exceed the capacity. This limit is for damaged files, which
+// may claim billions, each of which would be read.
 constexpr int kMostLoaded = 100;
 
-// As the file system compares names: without regard to capitals or locale.
+// As the file system compares names: without regard to case or locale.
 bool same_file(const std::wstring& a, const std::wstring& b) {
     return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
                                 static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
 }
 
-// Keeps whole folders: the shown end begins with a backslash and is as long as fits. A file name
+// "..." and the longest end of the path that begins with a backslash and fits. A file name that is
 // too long for that is shown whole.
 std::wstring shortened(const std::wstring& path) {
     if (path.size() <= kLongestShown) return path;

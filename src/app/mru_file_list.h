@@ -28,16 +28,16 @@ class cMRUFileList {
     /// beginning when it has more than 32 characters ("&1)  ...\folder\picture.bmp").
     std::wstring MenuCaption(int i) const;
 
-    /// Puts a file to the top with the given flag. The same path in other capitals is the same
-    /// file and takes the new spelling; in a full list the oldest entry goes.
+    /// Puts a file to the top with the given flag. Paths are compared without regard to case; the
+    /// new spelling replaces the old one. A full list loses its oldest entry.
     void AddFile(const std::wstring& file, bool flag);
 
-    /// Writes the list in the place of the one that the settings file holds.
+    /// Replaces the list in the settings file.
     void Save(const SettingsFile& file) const;
-    /// Takes capacity and entries from the settings file, as far as it holds them.
+    /// Takes capacity and entries from the settings file; what is missing there stays as it is.
     void Load(const SettingsFile& file);
-    /// Loads anew and adds on top what was added since the first `Load`: what another running
-    /// program has saved in the meantime is kept. For the moment before `Save`.
+    /// Loads again and adds on top the entries added since the first `Load`, so that entries saved
+    /// by another running program are kept. To be called before `Save`.
     void Merge(const SettingsFile& file);
 
   private:
@@ -49,7 +49,7 @@ class cMRUFileList {
 
     int capacity_ = 4;
     std::vector<Entry> entries_;
-    std::size_t added_ = 0; // entries at the top that were not loaded
+    std::size_t added_ = 0; // number of entries at the top added since `Load`
 };
 
 } // namespace kelvane

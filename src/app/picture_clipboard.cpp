@@ -1,6 +1,7 @@
 #include "app/picture_clipboard.h"
 
-#include "app/main_services.h"
+#include "app/document_services.h"
+#include "image/dib_section.h"
 #include "texts/error_text.h"
 #include "texts/string_table.h"
 #include "win/clipboard.h"
@@ -30,23 +31,18 @@ win::Bitmap screen_bitmap(const cDIBSection& picture) {
     const win::MemoryContext memory(CreateCompatibleDC(screen.get()));
     if (!bitmap || !memory) return {};
     const win::Selected selected(memory.get(), bitmap.get());
-    PaintPicture(picture, memory.get(), 0, 0);
+    picture.PaintPicture(memory.get(), 0, 0);
     return bitmap;
 }
 
 } // namespace
 
-void PaintPicture(const cDIBSection& picture, HDC lHDC, int lDestLeft, int lDestTop) {
-    BitBlt(lHDC, lDestLeft, lDestTop, picture.Width(), picture.Height(),
-           static_cast<HDC>(picture.hdc()), 0, 0, SRCCOPY);
-}
-
-bool CopyToClipboard(const cDIBSection& picture, HWND owner, bool bAsDIB) {
+bool cDIBSection::CopyToClipboard(bool bAsDIB, WindowHandle owner) const {
     if (bAsDIB) {
         win::message_box(owner, LoadString(IDS_NO_DIB_TO_CLIPBOARD), kApplicationTitle, MB_OK);
         return false;
     }
-    win::Bitmap bitmap = screen_bitmap(picture);
+    win::Bitmap bitmap = screen_bitmap(*this);
     if (!bitmap) return false;
     // Other programs look at what has just been put: a copy right behind another may meet them.
     constexpr int kAttempts = 4;

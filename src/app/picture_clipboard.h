@@ -1,7 +1,5 @@
-// Pictures to and from device contexts and the clipboard.
+// The picture on the clipboard; `cDIBSection::CopyToClipboard` is defined beside it.
 #pragma once
-
-#include "image/dib_section.h"
 
 #include <windows.h>
 
@@ -9,15 +7,6 @@
 #include <vector>
 
 namespace kelvane {
-
-/// Copies the picture to a device context, its upper left corner at (`lDestLeft`, `lDestTop`).
-/// For pictures whose pixels live in a DIB section.
-void PaintPicture(const cDIBSection& picture, HDC lHDC, int lDestLeft, int lDestTop);
-
-/// Puts the picture on the clipboard as a bitmap of the screen's format; Windows offers it as
-/// device-independent bitmap too. False when that failed. `bAsDIB` has never been supported: a
-/// message says so, and the clipboard stays as it is.
-bool CopyToClipboard(const cDIBSection& picture, HWND owner, bool bAsDIB);
 
 /// The bytes of a bitmap file with the clipboard's picture. Throws `TextError` when it holds none,
 /// `PlatformError` when another program does not let go of the clipboard.

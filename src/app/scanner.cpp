@@ -12,8 +12,7 @@ namespace {
 
 constexpr const wchar_t* kLibrary = L"\\EZTW32.DLL"; // in the program's folder
 
-// Everybody has it as a 32-bit library, so a 64-bit program that finds none or cannot load it
-// tells which program does.
+// The library exists for 32 bits only, so the 64-bit program asks the user for the 32-bit program.
 [[noreturn]] void refuse() {
     constexpr bool k64Bit = sizeof(void*) == 8;
     throw TextError(LoadString(k64Bit ? IDS_SCANNER_NEEDS_32_BIT : IDS_SCANNER_LIBRARY_MISSING));
@@ -25,7 +24,7 @@ template <class Function> Function function(HMODULE library, const char* name) {
     return reinterpret_cast<Function>(address);
 }
 
-// The library takes names in the 8-bit code page, which short names always fit.
+// The library takes names in the ANSI code page; short (8.3) names always fit it.
 std::string narrow_name(const std::wstring& file) {
     wchar_t name[MAX_PATH];
     const DWORD length = GetShortPathNameW(file.c_str(), name, MAX_PATH);
@@ -38,7 +37,7 @@ std::string narrow_name(const std::wstring& file) {
     return narrow;
 }
 
-// What the library returns instead of 0.
+// Results of the library; 0 is success.
 constexpr int kCancelled = -1;
 DWORD system_error(int result) {
     switch (result) {

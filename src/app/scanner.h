@@ -1,4 +1,4 @@
-// Scanning through EZTW32.DLL, which is loaded when it is needed.
+// Scanning through EZTW32.DLL, which is loaded at first use.
 #pragma once
 
 #include "win/gdi.h"

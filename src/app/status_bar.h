@@ -16,10 +16,10 @@ class StatusBar {
     /// Fits the bar to the parent's width and to the density of its monitor; its height.
     int layout();
 
-    /// Every text but "#" is shown, after a blank.
+    /// Shows each text with a blank before it; "#" leaves the field as it is.
     void SetStatus(const std::wstring& message, const std::wstring& title,
                    const std::wstring& size);
-    /// The bar begins anew.
+    /// Sets the end of the progress bar's range and puts the bar to 0.
     void ProgressMax(long maximum);
     void ProgressValue(long position);
     void ShowProgress(bool show);

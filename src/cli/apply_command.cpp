@@ -7,6 +7,7 @@
 #include "cli/picture_job.h"
 #include "cli/usage_error.h"
 #include "image/bitmap_file.h"
+#include "process/dark_bounds.h"
 
 #include <CLI/CLI.hpp>
 
@@ -39,9 +40,11 @@ void apply_operations(const Request& request, const Console& console) {
     ConsoleProgress progress(console);
     cImageProcessDIB engine;
     engine.set_observer(&progress);
-    const cDIBSection picture = job.run(engine, console.in);
+    const OpenedPicture opened = job.run(engine, console.in, kAnyGrey);
     with_file_name(shown_output(request.output),
-                   [&] { save_bitmap(picture.view(), utf8_path(request.output)); });
+                   [&] { save_bitmap(opened.picture.view(), utf8_path(request.output)); });
+    progress.wipe();
+    job.tell(opened.origin, console);
 }
 
 } // namespace

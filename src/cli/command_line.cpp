@@ -19,12 +19,13 @@ namespace {
 constexpr const char* kAbout =
     "Turns pictures into EAGLE scripts that draw their dark pixels on a circuit board.\n"
     "\n"
-    "  kelvane-cli export logo.png -o logo.scr --layer 21 --unit mm --size 0.1\n"
+    "  kelvane-cli export logo.png -o logo.scr --layer tPlace --width 20mm\n"
     "\n"
     "Run the script inside EAGLE's board, schematic or library editor: File > Execute Script.";
 constexpr const char* kExitCodes =
     "Exit codes: 0 done; 1 the work failed and nothing was written; 2 wrong usage;\n"
-    "3 written, but a coordinate lies outside EAGLE's range.";
+    "3 written, but a coordinate lies outside EAGLE's range; 4 not written, because of a\n"
+    "warning and --strict.";
 
 // CLI11 takes its arguments in reverse order.
 void parse(CLI::App& app, std::vector<std::string> arguments) {

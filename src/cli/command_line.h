@@ -1,4 +1,4 @@
-// kelvane-cli without its process: arguments in, texts and an exit code out.
+// The commands of kelvane-cli as a function of arguments and streams.
 #pragma once
 
 #include <iostream>

@@ -3,32 +3,39 @@
 #include "base/output_file.h"
 #include "base/text.h"
 #include "cli/file_argument.h"
+#include "cli/layer_argument.h"
+#include "cli/length_argument.h"
 #include "cli/number_argument.h"
 #include "cli/usage_error.h"
+#include "export/length.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace kelvane {
 namespace {
 
-// No board is larger; and a coordinate stays a finite number.
-constexpr double kLargestPixel = 1e9;
-
 // A choice on the command line and the number that the options know it by.
 struct Choice {
-    const char* name;
+    std::string_view name;
     std::int16_t value;
 };
-constexpr std::array kUnitChoices{Choice{"mil", 0}, Choice{"inch", 1}, Choice{"mic", 2},
-                                  Choice{"mm", 3}};
-constexpr std::array kEagleChoices{Choice{"4", 0}, Choice{"3", 1}, Choice{"2", 2}};
-constexpr std::array kShapeChoices{Choice{"polygon", kShapePolygon}, Choice{"wire", kShapeWire},
-                                   Choice{"rectangle", kShapeRectangle}};
+// The entries of a table, known by their positions.
+template <class Entry, std::size_t N, class Name>
+constexpr std::array<Choice, N> by_position(const std::array<Entry, N>& table, Name name) {
+    std::array<Choice, N> choices{};
+    for (std::size_t i = 0; i < N; ++i)
+        choices[i] = {std::invoke(name, table[i]), static_cast<std::int16_t>(i)};
+    return choices;
+}
+
+constexpr auto kEagleChoices = by_position(kEagleVersions, &EagleVersion::number);
+constexpr auto kShapeChoices = by_position(kShapeNames, std::identity());
 constexpr std::array kTraceChoices{Choice{"full", 1}, Choice{"lines", 0}};
 
 template <std::size_t N>
@@ -58,11 +65,9 @@ double smoothing(const ExportArguments& arguments, const ExportOptions& options)
     return *tolerance;
 }
 
-double pixel_size(const std::string& text) {
-    const std::optional<double> size = decimal_number<double>(text);
-    if (!size || !(*size > 0) || *size > kLargestPixel)
-        throw UsageError("--size is a number greater than 0 and at most 1e9, not \"" + text + "\"");
-    return *size;
+double limit_argument(const char* name, const std::string& text, const ExportOptions& options) {
+    const Length limit = length_argument(name, text, LeastLength::kZero);
+    return converted_length(limit.value, limit.unit.value_or(options.unit), kMillimetres);
 }
 
 } // namespace
@@ -72,13 +77,13 @@ void add_export_arguments(CLI::App& command, ExportArguments& arguments) {
         .add_option("-o,--output", arguments.output,
                     "the script; - for standard output (default: INPUT's name with .scr)")
         ->type_name("FILE");
-    command.add_option("--layer", arguments.layer, "EAGLE layer, 1 to 255")
+    command
+        .add_option("--layer", arguments.layer,
+                    "EAGLE layer, 1 to 255 or a name such as tPlace or bStop")
         ->capture_default_str()
-        ->type_name("N");
-    add_choice(command, "--unit", arguments.unit, kUnitChoices, "unit of length");
-    command.add_option("--size", arguments.size, "edge of one pixel in the unit")
-        ->capture_default_str()
-        ->type_name("X");
+        ->type_name("N|NAME");
+    add_size_arguments(command, arguments.size);
+    command.footer(layer_list());
     add_choice(command, "--eagle", arguments.eagle, kEagleChoices,
                "EAGLE version: 4 and later, 3 or 2");
     add_choice(command, "--trace", arguments.trace, kTraceChoices,
@@ -96,7 +101,21 @@ void add_export_arguments(CLI::App& command, ExportArguments& arguments) {
                     "operation on the picture before it is traced, repeatable; "
                     "kelvane-cli ops lists them")
         ->allow_extra_args(false);
+    command
+        .add_flag("--mirror", arguments.mirror,
+                  "for layers seen from below; the same as --op mirror last")
+        ->disable_flag_override();
     add_picture_options(command, arguments.picture);
+    command.add_option("--min-line", arguments.min_line, "warn of thinner lines; 0 for never")
+        ->capture_default_str()
+        ->type_name("LENGTH");
+    command.add_option("--min-gap", arguments.min_gap, "warn of thinner gaps; 0 for never")
+        ->capture_default_str()
+        ->type_name("LENGTH");
+    command
+        .add_flag("--strict", arguments.strict,
+                  "write nothing when there is a warning, and end with 4")
+        ->disable_flag_override();
     command
         .add_flag("--stats", arguments.stats,
                   "print what was done as one JSON object; on standard error when the script goes "
@@ -104,19 +123,30 @@ void add_export_arguments(CLI::App& command, ExportArguments& arguments) {
         ->disable_flag_override();
 }
 
-ExportOptions export_options(const ExportArguments& arguments) {
+ExportOptions export_options(const ExportArguments& arguments, const PixelSize& pixel_size) {
     ExportOptions options;
     options.exp = chosen(arguments.trace, kTraceChoices) != 0;
     options.optPoly = chosen(arguments.shape, kShapeChoices);
-    options.lay =
-        static_cast<std::int16_t>(number_argument("--layer", arguments.layer, 1, kLayerCount));
-    options.size = pixel_size(arguments.size);
-    options.unit = chosen(arguments.unit, kUnitChoices);
+    options.lay = layer_argument(arguments.layer);
+    options.unit = pixel_size.unit();
     options.ver = chosen(arguments.eagle, kEagleChoices);
     if (options.exp && options.optPoly == kShapeRectangle)
         throw UsageError("--shape rectangle goes with --trace lines only");
     options.smooth = smoothing(arguments, options);
     return options;
+}
+
+BoardLimits board_limits(const ExportArguments& arguments, const ExportOptions& options) {
+    return {limit_argument("--min-line", arguments.min_line, options),
+            limit_argument("--min-gap", arguments.min_gap, options)};
+}
+
+bool is_mirrored(const ExportArguments& arguments) {
+    const auto reversals =
+        std::ranges::count_if(arguments.picture.operations, [](const std::string& operation) {
+            return operation == "mirror" || operation == "flip";
+        });
+    return (reversals + (arguments.mirror ? 1 : 0)) % 2 != 0;
 }
 
 std::string output_name(const ExportArguments& arguments) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "cli/picture_job.h"
+#include "cli/size_arguments.h"
+#include "export/board_report.h"
 #include "export/export_options.h"
 
 #include <optional>
@@ -14,21 +16,32 @@ namespace kelvane {
 struct ExportArguments {
     PictureRequest picture;
     std::string output;
-    std::string layer = "20";
-    std::string unit = "mil";
-    std::string size = "1";
-    std::string eagle = "4";
+    std::string layer = std::to_string(ExportOptions().lay);
+    SizeArguments size;
+    std::string eagle{kEagleVersions.front().number};
     std::string trace = "full";
-    std::string shape = "polygon";
+    std::string shape{kShapeNames.front()};
     std::optional<std::string> smooth; // a tolerance, or empty for the largest
+    std::string min_line = "0.15mm";
+    std::string min_gap = "0.15mm";
+    bool mirror = false;
+    bool strict = false;
     bool stats = false;
 };
 
 /// Declares them all.
 void add_export_arguments(CLI::App& command, ExportArguments& arguments);
 
-/// Throws `UsageError` with the option and what is accepted.
-ExportOptions export_options(const ExportArguments& arguments);
+/// All but the pixel size, which is left at 1. Throws `UsageError` with the option and what is
+/// accepted.
+ExportOptions export_options(const ExportArguments& arguments, const PixelSize& pixel_size);
+
+/// What --min-line and --min-gap ask for; lengths without a unit are in `options.unit`. Throws
+/// `UsageError`.
+BoardLimits board_limits(const ExportArguments& arguments, const ExportOptions& options);
+
+/// Whether --mirror and the operations together reverse the picture's writing.
+bool is_mirrored(const ExportArguments& arguments);
 
 /// Where the script goes: as given, else INPUT's name with .scr, else, for a picture out of a
 /// stream, standard output.

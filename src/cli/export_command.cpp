@@ -1,6 +1,7 @@
 #include "cli/export_command.h"
 
 #include "base/text.h"
+#include "cli/board_text.h"
 #include "cli/console_progress.h"
 #include "cli/exit_code.h"
 #include "cli/export_arguments.h"
@@ -20,43 +21,103 @@ constexpr const char* kRangeWarning =
     "The Coordinates are out of range of EAGLE. This can cause an incomplete"
     " import into EAGLE. Please modify your unit setting or pixel size parameters.";
 
-void print_stats(const cDIBSection& picture, const ExportReport& report, const std::string& shape,
-                 double seconds, std::ostream& out) {
-    out << "{\"width\": " << picture.Width() << ", \"height\": " << picture.Height()
-        << ", \"dark_pixels\": " << report.dark_pixels << ", \"runs\": " << report.runs << ", \""
-        << shape << "s\": " << report.shapes << ", \"points\": " << report.points
-        << ", \"bridges\": " << report.bridges << ", \"bytes\": " << report.bytes
-        << ", \"out_of_range\": " << (report.RangeOVL ? "true" : "false")
-        << ", \"seconds\": " << std::fixed << std::setprecision(6) << seconds << "}\n";
-}
+using Clock = std::chrono::steady_clock;
 
-ExitCode export_picture(const ExportArguments& arguments, const Console& console) {
-    using Clock = std::chrono::steady_clock;
-    const auto start = Clock::now();
-    const ExportOptions options = export_options(arguments);
-    const PictureJob job(arguments.picture);
-    const std::string output = output_name(arguments);
-    refuse_to_overwrite(job.inputs(), output);
-    // Before the file behind standard output is replaced, if it is the same.
-    std::ostream& stats = is_standard_output(output) ? console.error : console.out;
+// An export from its arguments to what is told of it.
+class Export {
+  public:
+    Export(const ExportArguments& arguments, const Console& console)
+        : arguments_(arguments), console_(console), pixel_size_(arguments.size),
+          job_(arguments.picture), output_(output_name(arguments)) {
+        question_.options = export_options(arguments, pixel_size_);
+        question_.limits = board_limits(arguments, question_.options);
+        question_.mirrored = is_mirrored(arguments);
+        question_.measures = arguments.stats || console.shows_progress;
+        refuse_to_overwrite(job_.inputs(), output_);
+        // Asked now: the file behind standard output may be the one that the script replaces.
+        stats_ = is_standard_output(output_) ? &console.error : &console.out;
+    }
 
-    ConsoleProgress progress(console);
-    cImageProcessDIB engine;
-    engine.set_observer(&progress);
-    cDIBSection picture = job.run(engine, console.in);
-    engine.BlackAndWhite2(picture, picture, kExportLimit);
-    ExportReport report;
-    with_file_name(shown_output(output),
-                   [&] { report = engine.Vectorize(picture, utf8_path(output), options); });
-    progress.wipe();
+    ExitCode run() {
+        ConsoleProgress progress(console_);
+        engine_.set_observer(&progress);
+        const OpenedPicture opened = open();
+        // Before the script is written: afterwards nothing may fail.
+        board_ = check_board(opened.picture.view(), question_);
+        if (arguments_.strict) count(CountExport(opened.picture.view(), question_.options));
+        const bool writes = !arguments_.strict || board_.warnings.empty();
+        if (writes) write(opened.picture);
+        progress.wipe();
+        tell(opened);
+        if (!writes) return kExitWarned;
+        return counts_.RangeOVL ? kExitOutOfRange : kExitDone;
+    }
 
-    if (arguments.stats)
-        print_stats(picture, report, arguments.shape,
-                    std::chrono::duration<double>(Clock::now() - start).count(), stats);
-    if (!report.RangeOVL) return kExitDone;
-    console.error << "kelvane-cli: " << shown_output(output) << ": " << kRangeWarning << '\n';
-    return kExitOutOfRange;
-}
+  private:
+    // The picture that is traced; its size gives the pixels theirs.
+    OpenedPicture open() {
+        OpenedPicture opened = job_.run(engine_, console_.in, kExportLimit);
+        cDIBSection& picture = opened.picture;
+        if (arguments_.mirror) engine_.Mirror(picture);
+        engine_.BlackAndWhite2(picture, picture, kExportLimit);
+        with_file_name(shown_input(job_.inputs()[0]), [&] {
+            question_.options.size =
+                pixel_size_.of(picture.Width(), picture.Height(), opened.origin);
+        });
+        return opened;
+    }
+
+    void count(const ExportReport& counts) {
+        counts_ = counts;
+        add_objects(board_, counts);
+    }
+
+    void write(const cDIBSection& picture) {
+        with_file_name(shown_output(output_), [&] {
+            count(engine_.Vectorize(picture, utf8_path(output_), question_.options));
+        });
+    }
+
+    void tell(const OpenedPicture& opened) const {
+        if (arguments_.stats) print_stats(opened.picture);
+        job_.tell(opened.origin, console_);
+        std::ostream& error = console_.error;
+        const std::string output = shown_output(output_);
+        if (console_.shows_progress && !arguments_.stats)
+            error << "kelvane-cli: " << output << ": " << summary_text(board_, counts_, question_)
+                  << '\n';
+        for (const BoardWarning warning : board_.warnings)
+            error << "kelvane-cli: warning: " << warning_text(warning, board_, question_) << '\n';
+        if (arguments_.strict && !board_.warnings.empty())
+            error << "kelvane-cli: " << output << ": not written, because of --strict\n";
+        else if (counts_.RangeOVL)
+            error << "kelvane-cli: " << output << ": " << kRangeWarning << '\n';
+    }
+
+    void print_stats(const cDIBSection& picture) const {
+        const double seconds = std::chrono::duration<double>(Clock::now() - start_).count();
+        *stats_ << "{\"width\": " << picture.Width() << ", \"height\": " << picture.Height()
+                << ", \"dark_pixels\": " << counts_.dark_pixels << ", \"runs\": " << counts_.runs
+                << ", \"" << arguments_.shape << "s\": " << counts_.shapes
+                << ", \"points\": " << counts_.points << ", \"bridges\": " << counts_.bridges
+                << ", \"bytes\": " << counts_.bytes
+                << ", \"out_of_range\": " << (counts_.RangeOVL ? "true" : "false")
+                << ", \"seconds\": " << std::fixed << std::setprecision(6) << seconds << ", "
+                << board_json(board_, question_) << "}\n";
+    }
+
+    const Clock::time_point start_ = Clock::now();
+    const ExportArguments& arguments_;
+    const Console& console_;
+    const PixelSize pixel_size_;
+    BoardQuestion question_;
+    const PictureJob job_;
+    const std::string output_;
+    std::ostream* stats_;
+    cImageProcessDIB engine_;
+    ExportReport counts_; // what is written; with --strict and a warning, what would have been
+    BoardReport board_;
+};
 
 } // namespace
 
@@ -65,7 +126,7 @@ void add_export_command(CLI::App& app, const Console& console, int& exit_code) {
     const auto arguments = std::make_shared<ExportArguments>();
     add_export_arguments(*command, *arguments);
     command->callback(
-        [arguments, console, &exit_code] { exit_code = export_picture(*arguments, console); });
+        [arguments, console, &exit_code] { exit_code = Export(*arguments, console).run(); });
 }
 
 } // namespace kelvane

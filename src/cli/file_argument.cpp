@@ -31,7 +31,8 @@ bool is_standard_output(const std::string& output) {
     return identity && identity == identity_of_standard_output();
 }
 
-// A file that does not exist has no identity and loses nothing; a terminal may well be both.
+// A file that does not exist yet has no identity and cannot be lost; a terminal may be both input
+// and output.
 void refuse_to_overwrite(const std::vector<std::string>& inputs, const std::string& output) {
     const auto written = output_identity(output);
     if (!written || !written->ordinary) return;

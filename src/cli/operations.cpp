@@ -6,6 +6,7 @@
 #include "cli/operation_arguments.h"
 #include "cli/usage_error.h"
 #include "image/picture_reader.h"
+#include "process/tone.h"
 #include "reduce/local_black_white.h"
 
 #include <array>
@@ -15,7 +16,7 @@
 namespace kelvane {
 namespace {
 
-// The engine refuses only pictures without pixels; a failed allocation is what leads to those.
+// With valid arguments the engine refuses only empty pictures, which come from failed allocations.
 void require(bool done) {
     if (!done) throw FileError(FileFault::kNoMemory);
 }
@@ -24,6 +25,47 @@ cDIBSection buffer_for(const cDIBSection& picture) {
     cDIBSection buffer;
     require(buffer.Create(picture.Width(), picture.Height()));
     return buffer;
+}
+
+// A whole number that an operation takes: its name and range, and what it is when it is not given.
+struct WholeNumber {
+    const char* name;
+    int least;
+    int most;
+    int missing = 0;
+};
+constexpr WholeNumber kLevel{"LEVEL", 0, 255, kDarkenLevel};
+constexpr WholeNumber kPercent{"PERCENT", -100, 1000, kLightenPercent};
+constexpr WholeNumber kNoise{"PERCENT", 0, kMostNoise};
+constexpr WholeNumber kLimit{"LIMIT", 0, kLargestLimit};
+constexpr WholeNumber kEdgeLimit{"LIMIT", 0, kLargestEdgeLimit};
+constexpr WholeNumber kSize{"SIZE", kLeastNeighbourhood, kLargestNeighbourhood};
+constexpr WholeNumber kOffset{"OFFSET", -kLargestOffset, kLargestOffset};
+constexpr WholeNumber kMargin{"MARGIN", 0, cImageProcessDIB::kLargestMargin};
+
+int whole_number(const OperationArguments& arguments, std::size_t index,
+                 const WholeNumber& number) {
+    return arguments.integer(index, number.name, number.least, number.most);
+}
+
+// For operations with this one argument, which may be left out.
+int optional_number(const OperationArguments& arguments, const WholeNumber& number) {
+    arguments.expect_count(0, 1);
+    return arguments.given() ? whole_number(arguments, 0, number) : number.missing;
+}
+
+// "[:LEVEL=240]"
+std::string optional_form(const WholeNumber& number) {
+    return std::string("[:") + number.name + '=' + std::to_string(number.missing) + ']';
+}
+
+// "0 to 255"
+std::string range(int least, int most) {
+    return std::to_string(least) + " to " + std::to_string(most);
+}
+
+std::string range(const WholeNumber& number) {
+    return range(number.least, number.most);
 }
 
 // Filters.
@@ -97,16 +139,14 @@ Operation grayscale(OperationArguments& arguments) {
 }
 
 Operation darken(OperationArguments& arguments) {
-    arguments.expect_count(0, 1);
-    const int level = arguments.given() ? arguments.integer(0, "LEVEL", 0, 255) : 240;
+    const int level = optional_number(arguments, kLevel);
     return [level](cDIBSection& picture, cImageProcessDIB& engine) {
         require(engine.Fade(picture, level));
     };
 }
 
 Operation lighten(OperationArguments& arguments) {
-    arguments.expect_count(0, 1);
-    const int percent = arguments.given() ? arguments.integer(0, "PERCENT", -100, 1000) : 20;
+    const int percent = optional_number(arguments, kPercent);
     return [percent](cDIBSection& picture, cImageProcessDIB& engine) {
         require(engine.Lighten(picture, percent));
     };
@@ -114,7 +154,7 @@ Operation lighten(OperationArguments& arguments) {
 
 Operation colourise(OperationArguments& arguments) {
     arguments.expect_count(1, 1);
-    const float hue = arguments.decimal(0, "HUE", -1, 5);
+    const float hue = arguments.decimal(0, "HUE", kLowestHue, kHighestHue);
     return [hue](cDIBSection& picture, cImageProcessDIB& engine) {
         require(engine.Colourise(picture, hue));
     };
@@ -122,7 +162,7 @@ Operation colourise(OperationArguments& arguments) {
 
 Operation noise(OperationArguments& arguments) {
     arguments.expect_count(1, 2);
-    const int percent = arguments.integer(0, "PERCENT", 0, 100);
+    const int percent = whole_number(arguments, 0, kNoise);
     const bool random = arguments.count() == 2;
     if (random && arguments.field(1) != "random")
         arguments.fail("the second argument can only be \"random\"");
@@ -171,17 +211,17 @@ Operation bw(OperationArguments& arguments) {
             const std::optional<int> limit = engine.OtsuLimit(picture);
             require(limit && engine.BlackAndWhite2(picture, picture, *limit));
         };
-    const int limit = arguments.integer(0, "LIMIT", 0, 255);
+    const int limit = whole_number(arguments, 0, kLimit);
     return [limit](cDIBSection& picture, cImageProcessDIB& engine) {
-        require(engine.Reduce(picture, {ReductionKind::Brightness, limit, {}}));
+        require(engine.Reduce(picture, {ReductionKind::Brightness, limit}));
     };
 }
 
 Operation local_bw(OperationArguments& arguments) {
     arguments.expect_count(2, 2);
-    const int size = arguments.integer(0, "SIZE", kLeastNeighbourhood, kLargestNeighbourhood);
+    const int size = whole_number(arguments, 0, kSize);
     if (size % 2 == 0) arguments.fail("SIZE is odd");
-    const int offset = arguments.integer(1, "OFFSET", -kLargestOffset, kLargestOffset);
+    const int offset = whole_number(arguments, 1, kOffset);
     return [=](cDIBSection& picture, cImageProcessDIB& engine) {
         require(engine.LocalBlackWhite(picture, picture, size, offset));
     };
@@ -198,12 +238,11 @@ Operation despeckle(OperationArguments& arguments) {
 
 Operation line_art(OperationArguments& arguments) {
     arguments.expect_count(4, 4);
-    const int limit = arguments.integer(0, "LIMIT", 0, 255);
+    const int limit = whole_number(arguments, 0, kLimit);
     const Channels channels{arguments.integer(1, "R", 0, 1) == 1,
                             arguments.integer(2, "G", 0, 1) == 1,
                             arguments.integer(3, "B", 0, 1) == 1};
-    if (!channels.red && !channels.green && !channels.blue)
-        arguments.fail("at least one of R, G and B is 1");
+    if (!channels.any()) arguments.fail("at least one of R, G and B is 1");
     return [=](cDIBSection& picture, cImageProcessDIB& engine) {
         require(engine.Reduce(picture, {ReductionKind::Colours, limit, channels}));
     };
@@ -211,19 +250,21 @@ Operation line_art(OperationArguments& arguments) {
 
 Operation edges(OperationArguments& arguments) {
     arguments.expect_count(1, 1);
-    const int limit = arguments.integer(0, "LIMIT", 0, 256);
+    const int limit = whole_number(arguments, 0, kEdgeLimit);
     return [limit](cDIBSection& picture, cImageProcessDIB& engine) {
-        require(engine.Reduce(picture, {ReductionKind::Edges, limit, {}}));
+        require(engine.Reduce(picture, {ReductionKind::Edges, limit}));
     };
 }
 
 // Size and combination.
 
+constexpr int kLongestSide = 1000000;
+
 int side(const OperationArguments& arguments, std::string_view text) {
-    constexpr int kMost = 1000000;
     const std::optional<int> value = decimal_number<int>(text);
-    if (!value || *value < 1 || *value > kMost)
-        arguments.fail("WIDTH and HEIGHT are from 1 to 1000000, with an x between them");
+    if (!value || *value < 1 || *value > kLongestSide)
+        arguments.fail("WIDTH and HEIGHT are from " + range(1, kLongestSide) +
+                       ", with an x between them");
     return *value;
 }
 
@@ -263,33 +304,36 @@ cDIBSection second_picture(const std::string& file, const cDIBSection& first) tr
     throw FileError(file + ": " + error.what());
 }
 
-template <auto Combine> Operation select(OperationArguments& arguments) {
-    return [file = arguments.file()](cDIBSection& picture, cImageProcessDIB& engine) {
-        require((engine.*Combine)(second_picture(file, picture), picture));
+Operation combination(const std::string& file, const Combination& how) {
+    return [file, how](cDIBSection& picture, cImageProcessDIB& engine) {
+        require(engine.Combine(second_picture(file, picture), picture, how));
     };
+}
+
+template <CombinationType type> Operation select(OperationArguments& arguments) {
+    return combination(arguments.file(), {type});
 }
 
 Operation add(OperationArguments& arguments) {
     constexpr std::size_t numbers = 8;
     const std::string file = arguments.file_before(numbers);
-    // Multipliers and offsets in the order they are written; products stay below 2^31.
-    std::array<int, numbers> n{};
-    for (std::size_t i = 0; i < numbers; ++i)
-        n[i] = i % 4 == 0 ? arguments.integer(1 + i, "a multiplier", -1000, 1000)
-                          : arguments.integer(1 + i, "an offset", -100000, 100000);
-    return [file, n](cDIBSection& picture, cImageProcessDIB& engine) {
-        require(engine.AddImages(second_picture(file, picture), picture, n[0], n[1], n[2], n[3],
-                                 n[4], n[5], n[6], n[7]));
+    // Products stay below 2^31.
+    const auto part = [&](std::size_t first) {
+        const auto offset = [&](std::size_t i) {
+            return arguments.integer(first + i, "an offset", -100000, 100000);
+        };
+        return SumPart{arguments.integer(first, "a multiplier", -1000, 1000), offset(1), offset(2),
+                       offset(3)};
     };
+    return combination(file, {CombinationType::AddImages, {part(1), part(5)}});
 }
 
 // Geometry.
 
 Operation crop(OperationArguments& arguments) {
     arguments.expect_count(3, 3);
-    constexpr int kMost = 1000000;
-    const int left = arguments.integer(0, "X", 0, kMost);
-    const int top = arguments.integer(1, "Y", 0, kMost);
+    const int left = arguments.integer(0, "X", 0, kLongestSide);
+    const int top = arguments.integer(1, "Y", 0, kLongestSide);
     const auto [width, height] = size(arguments, 2);
     return [part = PixelRect{left, top, width, height}](cDIBSection& picture,
                                                         cImageProcessDIB& engine) {
@@ -301,9 +345,7 @@ Operation crop(OperationArguments& arguments) {
 }
 
 Operation trim(OperationArguments& arguments) {
-    arguments.expect_count(0, 1);
-    const int margin =
-        arguments.given() ? arguments.integer(0, "MARGIN", 0, cImageProcessDIB::kLargestMargin) : 0;
+    const int margin = optional_number(arguments, kMargin);
     return [margin](cDIBSection& picture, cImageProcessDIB& engine) {
         const std::optional<PixelRect> bounds = engine.DarkBounds(picture);
         if (!bounds) throw FileError("the picture to trim holds nothing dark");
@@ -335,7 +377,7 @@ Operation rotate(OperationArguments& arguments) {
     arguments.fail("DEGREES is 90, 180 or 270");
 }
 
-constexpr OperationInfo kOperations[] = {
+const OperationInfo kOperations[] = {
     {"soften", "", "3 x 3 mean that favours the centre", filter<kSoften>},
     {"soften-more", "", "5 x 5 mean that favours the centre", filter<kSoftenMore>},
     {"blur", "", "3 x 3 mean", filter<kBlur>},
@@ -353,38 +395,45 @@ constexpr OperationInfo kOperations[] = {
      "is divided by WEIGHT",
      custom},
     {"grayscale", "", "grey of the luminance", grayscale},
-    {"darken", "[:LEVEL=240]", "every channel times LEVEL / 255 (0 to 255)", darken},
-    {"lighten", "[:PERCENT=20]", "lightness up by PERCENT (-100 to 1000)", lighten},
-    {"colourise", ":HUE", "one hue for all pixels: red 0, green 2, blue 4 (-1 to 5)", colourise},
+    {"darken", optional_form(kLevel), "every channel times LEVEL / 255 (" + range(kLevel) + ")",
+     darken},
+    {"lighten", optional_form(kPercent), "lightness up by PERCENT (" + range(kPercent) + ")",
+     lighten},
+    {"colourise", ":HUE",
+     "one hue for all pixels: red 0, green 2, blue 4 (" + range(kLowestHue, kHighestHue) + ")",
+     colourise},
     {"noise", ":PERCENT[,random]",
-     "add noise (0 to 100); random: to fewer pixels the higher PERCENT is", noise},
+     "add noise (" + range(kNoise) + "); random: to fewer pixels the higher PERCENT is", noise},
     {"negative", "", "every channel turned round", negative},
     {"steinberg", "", "black and white by error diffusion", steinberg},
     {"palette", ":FILE.pal", "the colours of a palette file by error diffusion", palette},
     {"bw", ":LIMIT",
-     "black where the grey is at most LIMIT (0 to 255, or auto: by Otsu's method), else white", bw},
+     "black where the grey is at most LIMIT (" + range(kLimit) +
+         ", or auto: by Otsu's method), else white",
+     bw},
     {"local-bw", ":SIZE,OFFSET",
-     "for uneven light: black where the grey is at most the mean of SIZE x SIZE pixels (odd, 3 to "
-     "999) less OFFSET (-255 to 255)",
+     "for uneven light: black where the grey is at most the mean of SIZE x SIZE pixels (odd, " +
+         range(kSize) + ") less OFFSET (" + range(kOffset) + ")",
      local_bw},
     {"despeckle", ":N",
      "black and white without dark, then light areas of at most N pixels (0 and more)", despeckle},
     {"line-art", ":LIMIT,R,G,B",
-     "black where the mean of the channels marked 1 is at most LIMIT (0 to 255)", line_art},
-    {"edges", ":LIMIT", "black where the colour differs from the left neighbour's (0 to 256)",
-     edges},
+     "black where the mean of the channels marked 1 is at most LIMIT (" + range(kLimit) + ")",
+     line_art},
+    {"edges", ":LIMIT",
+     "black where the colour differs from the left neighbour's (" + range(kEdgeLimit) + ")", edges},
     {"resample", ":WIDTHxHEIGHT", "another size, bilinear", resample},
     // The engine's names say which pixel is dropped.
     {"lightest", ":FILE", "the lighter pixel of both, by green and blue; both of one size",
-     select<&cImageProcessDIB::AddDarkest>},
+     select<CombinationType::AddDarkest>},
     {"darkest", ":FILE", "the darker pixel of both, by green and blue; both of one size",
-     select<&cImageProcessDIB::AddLightest>},
-    {"add-lightest", ":FILE", "the same as darkest", select<&cImageProcessDIB::AddLightest>},
-    {"add-darkest", ":FILE", "the same as lightest", select<&cImageProcessDIB::AddDarkest>},
+     select<CombinationType::AddLightest>},
+    {"add-lightest", ":FILE", "the same as darkest", select<CombinationType::AddLightest>},
+    {"add-darkest", ":FILE", "the same as lightest", select<CombinationType::AddDarkest>},
     {"add", ":FILE,FROMMULT,FROMOFF_R,FROMOFF_G,FROMOFF_B,TOMULT,TOOFF_R,TOOFF_G,TOOFF_B",
      "(FILE + FROMOFF) x FROMMULT + (picture + TOOFF) x TOMULT; both of one size", add},
     {"crop", ":X,Y,WIDTHxHEIGHT", "a part; X and Y count from the upper left corner", crop},
-    {"trim", "[:MARGIN=0]",
+    {"trim", optional_form(kMargin),
      "the part with all that an export draws, and MARGIN white pixels on each side", trim},
     {"mirror", "", "left and right exchanged", turn<&cImageProcessDIB::Mirror>},
     {"flip", "", "top and bottom exchanged", turn<&cImageProcessDIB::Flip>},
@@ -394,7 +443,7 @@ constexpr OperationInfo kOperations[] = {
 [[noreturn]] void fail_unknown(std::string_view name) {
     std::string accepted;
     for (const OperationInfo& known : kOperations)
-        accepted += (accepted.empty() ? "" : ", ") + std::string(known.name);
+        accepted += (accepted.empty() ? "" : ", ") + known.name;
     throw UsageError("unknown operation \"" + std::string(name) + "\"; there are " + accepted);
 }
 
@@ -415,7 +464,7 @@ OperationList parse_operations(const std::vector<std::string>& texts) {
     for (const std::string& text : texts) {
         const std::size_t colon = std::min(text.find(':'), text.size());
         const OperationInfo& info = find_operation(std::string_view(text).substr(0, colon));
-        const std::string form = std::string(info.name) + std::string(info.arguments);
+        const std::string form = info.name + info.arguments;
         OperationArguments arguments(form, text.substr(std::min(colon + 1, text.size())),
                                      colon < text.size());
         list.operations.push_back(info.parse(arguments));

@@ -21,9 +21,9 @@ class OperationArguments;
 using Operation = std::function<void(cDIBSection& picture, cImageProcessDIB& engine)>;
 
 struct OperationInfo {
-    std::string_view name;
-    std::string_view arguments; // as a user writes them, from the colon on; empty for none
-    std::string_view help;      // one line
+    std::string name;
+    std::string arguments; // as a user writes them, from the colon on; empty for none
+    std::string help;      // one line
     Operation (*parse)(OperationArguments& arguments);
 };
 

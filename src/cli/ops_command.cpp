@@ -14,7 +14,7 @@ namespace {
 void list_operations(std::ostream& out) {
     constexpr std::size_t kColumn = 28;
     for (const OperationInfo& info : operations()) {
-        std::string line = std::string(info.name) + std::string(info.arguments);
+        std::string line = info.name + info.arguments;
         line.resize(std::max(line.size() + 2, kColumn), ' ');
         out << line << info.help << '\n';
     }

@@ -7,10 +7,13 @@
 #include "cli/number_argument.h"
 #include "image/picture_reader.h"
 #include "image/size_limit.h"
+#include "process/dark_bounds.h"
 
 #include <CLI/CLI.hpp>
 
+#include <exception>
 #include <limits>
+#include <ostream>
 
 namespace kelvane {
 
@@ -21,33 +24,91 @@ void add_picture_options(CLI::App& command, PictureRequest& request) {
     command.add_option("--seed", request.seed, "makes the operation noise reproducible")
         ->type_name("N");
     command
-        .add_flag("--full-size", request.full_size, "keep a picture larger than about 3200 x 2400")
+        .add_flag("--full-size", request.full_size,
+                  "keep a picture larger than about " + std::to_string(kWidthLimit) + " x " +
+                      std::to_string(kHeightLimit))
         ->disable_flag_override();
+    command
+        .add_option("--alpha", request.alpha,
+                    "transparent pixels: paper shows white; ink makes whatever is opaque black; "
+                    "auto is ink only when paper would leave nothing")
+        ->capture_default_str()
+        ->check(CLI::IsMember({"auto", "paper", "ink"}));
 }
 
 PictureJob::PictureJob(const PictureRequest& request)
     : operations_(parse_operations(request.operations)), inputs_(operations_.files),
       full_size_(request.full_size) {
+    if (request.alpha != "auto")
+        transparency_ = request.alpha == "ink" ? Transparency::kInk : Transparency::kPaper;
     inputs_.insert(inputs_.begin(), request.input);
     if (request.seed)
         seed_ = number_argument<std::uint32_t>("--seed", *request.seed, 0,
                                                std::numeric_limits<std::uint32_t>::max());
 }
 
-cDIBSection PictureJob::run(cImageProcessDIB& engine, std::istream& standard_input) const {
-    cDIBSection picture;
-    with_file_name(shown_input(inputs_[0]), [&] { picture = open(standard_input); });
-    run_operations(operations_, seed_, picture, engine);
-    return picture;
+OpenedPicture PictureJob::run(cImageProcessDIB& engine, std::istream& standard_input,
+                              int visible) const {
+    const std::vector<std::uint8_t> file = read(standard_input);
+    if (transparency_) return open(file, *transparency_, engine);
+    const auto shows = [&](const OpenedPicture& opened) {
+        return DarkBounds(opened.picture.view(), visible).has_value();
+    };
+    OpenedPicture paper;
+    std::exception_ptr failure;
+    try {
+        paper = open(file, Transparency::kPaper, engine);
+        if (shows(paper)) return paper;
+    } catch (const FileError&) {
+        failure = std::current_exception(); // trim fails where nothing is dark
+    }
+    OpenedPicture ink = open(file, Transparency::kInk, engine);
+    if (shows(ink)) {
+        ink.origin.ink_instead_of_nothing = true;
+        return ink;
+    }
+    if (failure) std::rethrow_exception(failure);
+    return paper;
 }
 
-cDIBSection PictureJob::open(std::istream& standard_input) const {
-    cDIBSection picture = inputs_[0] == kStandardStream
-                              ? decode_picture(read_stream_bytes(standard_input))
-                              : read_picture(utf8_path(inputs_[0]));
-    if (!full_size_ && !Render2(picture))
-        throw FileError("there is not enough memory to reduce the picture");
-    return picture;
+std::vector<std::uint8_t> PictureJob::read(std::istream& standard_input) const {
+    std::vector<std::uint8_t> file;
+    with_file_name(shown_input(inputs_[0]), [&] {
+        file = inputs_[0] == kStandardStream ? read_stream_bytes(standard_input)
+                                             : read_file_bytes(utf8_path(inputs_[0]));
+    });
+    return file;
+}
+
+OpenedPicture PictureJob::open(Bytes file_bytes, Transparency transparency,
+                               cImageProcessDIB& engine) const {
+    OpenedPicture opened;
+    cDIBSection& picture = opened.picture;
+    with_file_name(shown_input(inputs_[0]), [&] {
+        picture = decode_picture(file_bytes, transparency);
+        opened.origin.width_in_file = picture.Width();
+        opened.origin.height_in_file = picture.Height();
+        if (!full_size_ && !Render2(picture))
+            throw FileError("there is not enough memory to reduce the picture");
+    });
+    opened.origin.width_opened = picture.Width();
+    opened.origin.height_opened = picture.Height();
+    opened.origin.resolution = file_resolution(file_bytes);
+    run_operations(operations_, seed_, picture, engine);
+    return opened;
+}
+
+void PictureJob::tell(const PictureOrigin& origin, const Console& console) const {
+    const std::string start = "kelvane-cli: " + shown_input(inputs_[0]) + ": ";
+    if (origin.width_opened != origin.width_in_file ||
+        origin.height_opened != origin.height_in_file)
+        console.error << start << "reduced from " << origin.width_in_file << " x "
+                      << origin.height_in_file << " to " << origin.width_opened << " x "
+                      << origin.height_opened << " pixels (--full-size keeps them)\n";
+    if (origin.ink_instead_of_nothing)
+        console.error << start
+                      << "nothing shows on white paper; what is opaque is black instead "
+                         "(--alpha paper keeps it white)\n";
 }
 
 void with_file_name(const std::string& file, const std::function<void()>& work) {

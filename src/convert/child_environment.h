@@ -5,9 +5,9 @@
 
 namespace kelvane {
 
-/// This process's variables as a block for the platform, for a child that runs in `folder`: it and
-/// what it starts, ImageMagick among them, put their temporary files there, and ImageMagick reads
-/// its configuration there before it looks elsewhere.
+/// The environment block for a child process that runs in `folder`: this process's variables, with
+/// the folder for temporary files set to `folder` and ImageMagick's configuration path beginning
+/// with it.
 std::wstring environment_for(const std::wstring& folder);
 
 } // namespace kelvane

@@ -31,8 +31,8 @@ std::wstring unguessable_number() {
     return std::to_wstring((std::uint64_t{random()} << 32) | random());
 }
 
-// The extension tells the converter the format, so it stays, unless it makes a script of the file
-// or has anything in it that no format's name has; the converter then looks at the content alone.
+// The extension tells the converter the format. It is dropped, so that the converter detects the
+// format by content, if it marks a script or has characters that no format's name has.
 std::wstring harmless_extension(const std::filesystem::path& file) {
     std::wstring extension = file.extension().wstring();
     const bool harmless = extension.size() <= kLongestExtension &&
@@ -59,7 +59,7 @@ std::optional<int> picture_number(const std::filesystem::path& file) {
     return std::stoi(name);
 }
 
-// The end of a long text: what stopped the converter is what it said last.
+// The end of a long text: the error that stopped the converter comes last.
 std::wstring report_of(std::wstring output) {
     constexpr const wchar_t* kBlanks = L" \t\r\n";
     output.erase(output.find_last_not_of(kBlanks) + 1);
@@ -81,8 +81,8 @@ Conversion::Conversion(const Converter& converter, const std::filesystem::path& 
     : converter_(converter), keep_waiting_(std::move(keep_waiting)) {
     const std::wstring copy = kCopy + unguessable_number() + harmless_extension(source);
     take_copy(source, copy);
-    // Transparent parts would come out in whatever colour lies below them; and what is usual for
-    // photographs blurs the edges of lettering.
+    // Without "-alpha remove" transparent parts would show the colour stored in them. JPEG's usual
+    // quality and sampling factor blur the edges of lettering.
     const std::wstring params = L"-verbose " + copy +
                                 L" -alpha remove -quality 100 -sampling-factor 1x1 " + kPicture +
                                 L"%03d.jpg";

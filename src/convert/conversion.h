@@ -1,4 +1,4 @@
-// One file made into pictures that the program can open.
+// Conversion of a file into pictures that the program can open.
 #pragma once
 
 #include "convert/converter.h"
@@ -11,12 +11,12 @@
 
 namespace kelvane {
 
-/// No picture came out.
+/// The converter produced no picture.
 class ConversionFailed : public std::runtime_error {
   public:
     explicit ConversionFailed(std::wstring report)
         : std::runtime_error("the converter produced no picture"), report_(std::move(report)) {}
-    /// What the converter said, at most a few screens of it; may be empty.
+    /// The last 8000 characters of the converter's output; may be empty.
     const std::wstring& report() const { return report_; }
 
   private:
@@ -26,20 +26,19 @@ class ConversionFailed : public std::runtime_error {
 struct ConvertedImage {
     std::filesystem::path picture; ///< a JPEG file
     std::filesystem::path preview; ///< a bitmap file within 200 x 200 pixels, see `make_previews`
-    int width = 0;                 ///< of the picture, in pixels; 0 when the converter told none
+    int width = 0;                 ///< of the picture, in pixels; 0 when not known
     int height = 0;
 };
 
-/// The images of a file as picture files in a folder of their own, which goes with the object.
-/// The file itself is only read: the converter sees a copy of it under a harmless name, which
-/// cannot be taken for an option, for a pattern or for a choice of images. What the file holds
-/// cannot refer to the copy, whose name nobody can guess, and may not reach for other files: see
-/// `ConverterFolder`.
+/// The images of a file as picture files in a folder of their own, which the destructor removes.
+/// The file itself is only read: the converter gets a copy of it under a name that cannot be taken
+/// for an option, a pattern or a choice of images. The name is random, so that the file's content
+/// cannot refer to it. For access to other files see `ConverterFolder`.
 class Conversion {
   public:
     /// Copies and converts `source`. Throws `PlatformError` when it cannot be copied,
-    /// `ConversionFailed`, and `ConverterCancelled` when `keep_waiting` says no; it is asked
-    /// some fifty times a second.
+    /// `ConversionFailed`, and `ConverterCancelled` when `keep_waiting`, called about fifty times a
+    /// second, answers false.
     Conversion(const Converter& converter, const std::filesystem::path& source,
                KeepWaiting keep_waiting);
 
@@ -47,8 +46,8 @@ class Conversion {
     /// among them.
     const std::vector<ConvertedImage>& images() const { return images_; }
 
-    /// Writes the previews. `progress` hears how many there are, every few dozen. Throws
-    /// `ConverterCancelled`; a preview that could not be made is a missing file.
+    /// Writes the previews. `progress` gets the number made so far, after every 50. Throws
+    /// `ConverterCancelled`; the file of a preview that could not be made is missing.
     void make_previews(const std::function<void(long done)>& progress) const;
 
   private:

@@ -1,12 +1,10 @@
 #include "convert/converter.h"
 
-#include "convert/command_line.h"
+#include "convert/lower_case.h"
+#include "convert/quoted_argument.h"
 #include "settings/catalogue.h"
 
 #include <windows.h>
-
-#include <algorithm>
-#include <cwctype>
 
 namespace kelvane {
 namespace {
@@ -14,13 +12,7 @@ namespace {
 constexpr ULONGLONG kLongestAnswer = 20000; // milliseconds; a first start after an update is slow
 constexpr int kFormatListRuns = 3;
 
-std::wstring in_lower_case(std::wstring text) {
-    std::ranges::transform(text, text.begin(),
-                           [](wchar_t c) { return static_cast<wchar_t>(std::towlower(c)); });
-    return text;
-}
-
-// The one program of version 7, which is told which of the older ones it is to be.
+// The one program of version 7, whose first parameter names the older program that it replaces.
 bool is_for_all(const std::filesystem::path& program) {
     return in_lower_case(program.stem().wstring()) == L"magick";
 }

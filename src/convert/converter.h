@@ -13,16 +13,17 @@
 
 namespace kelvane {
 
-/// Whether a full path names a file that is there. One without its folders could be anybody's.
+/// Whether `file` is a full path and names an existing file. A relative one could be found in a
+/// folder where anyone may write.
 bool is_program(const std::filesystem::path& file);
 
-/// Whether a program exists and says itself that it is ImageMagick's. One that has not answered
-/// after a while, or when `keep_waiting` says no, is ended: it is something else. Runs, as all of
-/// the converter does, in a folder of its own, where nobody can have put a library or a
-/// configuration for it.
+/// Whether a program exists and reports that it belongs to ImageMagick. It is ended, with the
+/// answer false, after 20 seconds or when `keep_waiting` answers false. Runs in a private folder,
+/// as the converter always does, so that it loads no library and no configuration from the current
+/// folder.
 bool is_imagemagick(const std::filesystem::path& program, const KeepWaiting& keep_waiting);
 
-/// The user did not want to wait for the converter, which was ended.
+/// The user stopped the converter, which was ended.
 class ConverterCancelled : public std::runtime_error {
   public:
     ConverterCancelled() : std::runtime_error("the converter was cancelled") {}
@@ -32,24 +33,23 @@ class ConverterCancelled : public std::runtime_error {
 /// and may be named in the place of either. Neither is ever run through the command interpreter.
 class Converter {
   public:
-    /// Looks for nothing yet. `settings` outlives the object.
+    /// Detects nothing yet. `settings` outlives the object.
     explicit Converter(const SettingsFile& settings) : settings_(settings) {}
 
-    /// Reads both paths and asks both programs what they are; whether both are ImageMagick's.
+    /// Reads both paths and runs both programs; whether both belong to ImageMagick.
     bool DetectConverter(const KeepWaiting& keep_waiting);
-    /// What the last detection has found, unless a program has gone since.
+    /// Whether the last detection succeeded and both programs still exist.
     bool available() const;
 
-    /// What a command line of convert prints. It runs in `folder`, so that `params` can name files
-    /// without it. Throws `ConverterCancelled` when `keep_waiting` says no.
+    /// Runs convert in `folder`, relative to which `params` names files, and returns its output.
+    /// Throws `ConverterCancelled` when `keep_waiting` answers false.
     std::wstring convert(const std::wstring& params, const ConverterFolder& folder,
                          const KeepWaiting& keep_waiting) const;
-    /// Whether convert is the one program of version 7. As it is it gives up a file at the first
-    /// thing that it dislikes; with the word "convert" before its parameters it goes on as convert
-    /// always did.
+    /// Whether convert is the one program of version 7. It stops at the first error in a file; with
+    /// the word "convert" before its parameters it goes on, as the older convert does.
     bool does_everything() const;
-    /// Asks for the list of formats, up to three times when what comes is no answer; what came
-    /// last. Throws `ConverterCancelled`.
+    /// Asks for the list of formats, up to three times while the output is too short, and returns
+    /// the last output. Throws `ConverterCancelled`.
     std::wstring format_list(const KeepWaiting& keep_waiting) const;
 
   private:

@@ -25,7 +25,7 @@ unsigned long running_platform() {
 std::optional<std::wstring> interpreter_line(unsigned long platform, std::wstring command) {
     if (platform == VER_PLATFORM_WIN32s) return std::nullopt;
     if (platform == VER_PLATFORM_WIN32_WINDOWS) return L"RedirStub ";
-    // The interpreter takes away the outermost quotation marks of a command that begins with one.
+    // The interpreter removes the outermost quotation marks of a command that begins with one.
     if (command.starts_with(L'"')) command = L'"' + command + L'"';
     return environment_value(L"COMSPEC") + L" /c " + command;
 }

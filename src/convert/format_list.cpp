@@ -1,5 +1,7 @@
 #include "convert/format_list.h"
 
+#include "convert/lower_case.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -8,17 +10,7 @@ namespace {
 
 constexpr std::wstring_view kBlanks = L" \t\r";
 
-wchar_t lower(wchar_t c) {
-    return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c - L'A' + L'a') : c;
-}
-
-std::wstring in_lower_case(std::wstring_view text) {
-    std::wstring result(text);
-    std::ranges::transform(result, result.begin(), lower);
-    return result;
-}
-
-/// Text that is taken line by line, or a line that is taken word by word.
+/// The part of a text, or of a line, that is not parsed yet.
 class Rest {
   public:
     explicit Rest(std::wstring_view text) : text_(text) {}
@@ -58,7 +50,7 @@ bool is_mode(std::wstring_view word) {
            (word[1] == L'-' || lower(word[1]) == L'w') && (word[2] == L'-' || word[2] == L'+');
 }
 
-// Anything else could mean something in a filter.
+// Other characters could have a meaning in a filter.
 bool is_name(std::wstring_view word) {
     return !word.empty() && word.front() != L'-' && std::ranges::all_of(word, [](wchar_t c) {
         return (lower(c) >= L'a' && lower(c) <= L'z') || (c >= L'0' && c <= L'9') || c == L'-' ||

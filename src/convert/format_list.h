@@ -16,8 +16,8 @@ struct PictureFormat {
 };
 
 /// The formats in the order in which they are printed, from ImageMagick 6 and 7, with or without
-/// a column of modules. Lines that tell no format (continued descriptions, the legend) are left
-/// out. Empty for text that is no such list.
+/// a column of modules. Other lines (continued descriptions, the legend) are skipped. Empty for
+/// text that is no such list.
 std::vector<PictureFormat> parse_format_list(std::wstring_view output);
 
 /// The filter of an open dialog: "NAME - description|*.name|" for each readable format, then

@@ -28,8 +28,8 @@ bool wait_for_output(HANDLE pipe, const KeepWaiting& keep_waiting) {
     return false;
 }
 
-// Bytes, not text: a character of several bytes may lie across two blocks. Lets the process go when
-// its output has come to an end.
+// Bytes, not text: a character of several bytes may lie across two blocks. At the end of the output
+// the process is released.
 std::string read_all(RedirectedProcess& process, const KeepWaiting& keep_waiting) {
     std::string bytes;
     std::string block(kBlock, '\0');

@@ -30,7 +30,7 @@ Pipe make_pipe() {
     HANDLE write_end = nullptr;
     if (!CreatePipe(&read_end, &write_end, &security, 65536)) return {};
     Pipe pipe{UniqueHandle(read_end), UniqueHandle(write_end)};
-    // A child that held the read end would never see its reader gone.
+    // A child with its own read end could not notice that this program has closed its one.
     if (!SetHandleInformation(read_end, HANDLE_FLAG_INHERIT, 0)) return {};
     return pipe;
 }
@@ -72,7 +72,7 @@ class InheritList {
     bool filled_ = false;
 };
 
-// The handle of a job that ends its processes when it is closed or, for any reason, gone.
+// A job that ends its processes when its last handle is closed, as it also is by a crash.
 UniqueHandle make_job() {
     UniqueHandle job(CreateJobObjectW(nullptr, nullptr));
     return set_limits(job.get(), JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE) ? std::move(job)
@@ -81,7 +81,7 @@ UniqueHandle make_job() {
 
 } // namespace
 
-// Closing the job ends the others.
+// The job, when it is closed, ends the child's descendants.
 RedirectedProcess::~RedirectedProcess() {
     if (process_) TerminateProcess(process_.get(), 1);
 }

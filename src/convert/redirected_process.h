@@ -9,8 +9,8 @@ namespace kelvane {
 
 /// A started program. The parent holds only the pipe's read end, so the pipe breaks when the child
 /// and everything that inherited the write end from it are gone. The child inherits its three
-/// streams and no other handle of this program. Destroying the object ends the child and all that
-/// it has started, and so does the end of this program, however it comes; not after `release`.
+/// streams and no other handle of this program. The destructor, and the end of this program even by
+/// a crash, ends the child and all that it has started; not after `release`.
 class RedirectedProcess {
   public:
     RedirectedProcess() = default;
@@ -19,7 +19,7 @@ class RedirectedProcess {
     RedirectedProcess& operator=(const RedirectedProcess&) = delete;
 
     /// Starts the program; false when it cannot be started. A stream that is not captured, and
-    /// standard input, lead nowhere.
+    /// standard input, are connected to NUL.
     /// With a `folder` it runs there, with `environment_for(folder)`.
     bool start(const std::wstring& command_line, bool capture_std_out, bool capture_std_err,
                WORD show_window, const std::wstring& folder);
@@ -27,7 +27,7 @@ class RedirectedProcess {
     /// The pipe's read end.
     HANDLE output() const { return read_end_.get(); }
 
-    /// Lets the program go on by itself, with all that it has started.
+    /// Lets the program and all that it has started run on after the destructor.
     void release();
 
   private:

@@ -6,7 +6,7 @@
 namespace kelvane {
 namespace {
 
-// How option buttons have always been stored.
+// Values of option buttons in existing settings files.
 constexpr int kChosen = -1;
 constexpr int kNotChosen = 0;
 
@@ -15,14 +15,23 @@ bool chosen(const SettingsFile& settings, const OptionalSetting& setting, bool w
     return value ? *value != kNotChosen : when_missing;
 }
 
+// A position in a list of `count` entries, which the settings count from `first` on.
+int position(const SettingsFile& settings, const OptionalSetting& setting, int first,
+             std::size_t count, int when_missing) {
+    const auto stored = read_setting(settings, setting);
+    const bool usable = stored && *stored >= first && *stored - first < static_cast<int>(count);
+    return usable ? *stored - first : when_missing;
+}
+
 } // namespace
 
 ExportChoices ExportChoices::read(const SettingsFile& settings) {
     ExportChoices choices;
-    choices.layer = read_setting(settings, settings::kLayer) - 1;
+    choices.layer = position(settings, settings::kLayer, 1, kLayerCount, choices.layer);
     choices.size = read_setting(settings, settings::kPixelSize);
-    choices.unit = read_setting(settings, settings::kUnit);
-    choices.version = read_setting(settings, settings::kVersion);
+    choices.unit = position(settings, settings::kUnit, 0, kUnits.size(), choices.unit);
+    choices.version =
+        position(settings, settings::kVersion, 0, kEagleVersions.size(), choices.version);
     choices.full_autotrace = chosen(settings, settings::kFullAutotrace, true);
     const bool polygon = chosen(settings, settings::kAutotraceShape, true);
     choices.autotrace_shape = polygon ? kShapePolygon : kShapeWire;

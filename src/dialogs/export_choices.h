@@ -1,5 +1,5 @@
-// The choices of the export dialog apart from its window: how they are remembered and what they
-// mean for an export.
+// The choices of the export dialog: how they are stored in the settings, and the export options
+// that they stand for.
 #pragma once
 
 #include "export/export_options.h"
@@ -10,19 +10,19 @@
 namespace kelvane {
 
 /// What the dialog's controls hold. List positions count from 0. The shape of the tracing that is
-/// not chosen is a choice too: it is there again the next time.
+/// not chosen is stored as well.
 struct ExportChoices {
-    int layer = 19;
+    int layer = ExportOptions().lay - 1;
     std::wstring size = L"1";
-    int unit = 0;
-    int version = 0;
+    int unit = ExportOptions().unit;
+    int version = ExportOptions().ver;
     bool full_autotrace = true;
     ShapeKind autotrace_shape = kShapePolygon; // polygon or wire
     ShapeKind linewise_shape = kShapePolygon;
 
-    /// The choices of the last export; what is missing or out of range is as in a new object.
+    /// The stored choices; a missing or invalid one has its default.
     static ExportChoices read(const SettingsFile& settings);
-    /// Remembers them. The size is written as the number it was taken for.
+    /// Stores them. The size is written as the number that its text begins with.
     void write(const SettingsFile& settings) const;
 
     /// The export they ask for. The size is the number its text begins with, "." being the

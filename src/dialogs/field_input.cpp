@@ -1,15 +1,12 @@
 #include "dialogs/field_input.h"
 
-#include "win/dialog.h"
-#include "win/message_box.h"
-
 #include <algorithm>
 #include <charconv>
 
 namespace kelvane {
 namespace {
 
-// Without the blanks at both ends. A character that no number has becomes a "?".
+// ASCII without blanks at both ends; other characters become "?", which is in no number.
 std::string plain(std::wstring_view text) {
     const std::size_t first = text.find_first_not_of(L" \t");
     if (first == std::wstring_view::npos) return {};
@@ -43,11 +40,6 @@ std::optional<double> decimal_number(std::wstring_view text) {
     std::string point = plain(text);
     std::replace(point.begin(), point.end(), ',', '.');
     return whole_text<double>(point);
-}
-
-void refuse_field(HWND dialog, int field, const std::wstring& reason) {
-    win::message_box(dialog, reason, win::window_text(dialog), MB_OK | MB_ICONEXCLAMATION);
-    SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, field)), TRUE);
 }
 
 } // namespace kelvane

@@ -1,7 +1,5 @@
-// What people type into a dialog's fields.
+// Numbers typed into a dialog's fields.
 #pragma once
-
-#include <windows.h>
 
 #include <optional>
 #include <string>
@@ -9,18 +7,14 @@
 
 namespace kelvane {
 
-/// The whole number that `text` consists of, blanks around it apart; nothing when there is none,
-/// anything else beside it, or more than an int holds.
+/// The whole number in `text`, with blanks around it at most; nothing for other text or a number
+/// that does not fit an int.
 std::optional<int> whole_number(std::wstring_view text);
 
 /// The same within `lowest` to `highest`.
 std::optional<int> whole_number(std::wstring_view text, int lowest, int highest);
 
-/// A number with decimals, after a point or, as Germans type, a comma.
+/// The same with decimals, after a point or, as Germans type, a comma.
 std::optional<double> decimal_number(std::wstring_view text);
-
-/// Says under the dialog's title what is wrong with a field, then puts the cursor there with the
-/// field's text selected, so that typing replaces it.
-void refuse_field(HWND dialog, int field, const std::wstring& reason);
 
 } // namespace kelvane

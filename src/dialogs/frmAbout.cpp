@@ -1,6 +1,5 @@
 #include "dialogs/frmAbout.h"
 
-#include "dialogs/controls.h"
 #include "dialogs/program_face.h"
 #include "texts/string_table.h"
 #include "win/message_box.h"
@@ -21,11 +20,11 @@ constexpr Caption kCaptions[] = {
 } // namespace
 
 frmAbout::frmAbout(std::wstring version, std::wstring system_info)
-    : Dialog(IDD_ABOUT), version_(std::move(version)), system_info_(std::move(system_info)) {}
+    : Form(IDD_ABOUT, IDS_ABOUT_TITLE, kCaptions), version_(std::move(version)),
+      system_info_(std::move(system_info)) {}
 
 void frmAbout::load() {
-    set_title(LoadString(IDS_ABOUT_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
     set_text(IDC_ABOUT_VERSION, LoadString(IDS_ABOUT_VERSION, {version_}));
     density_changed();
 }

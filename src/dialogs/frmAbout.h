@@ -1,16 +1,16 @@
-// frmAbout: what the program is, and which version of it.
+// frmAbout: name, version and purpose of the program.
 #pragma once
 
+#include "dialogs/form.h"
 #include "dialogs/program_face.h"
 #include "settings/folders.h"
-#include "win/dialog.h"
 
 #include <string>
 
 namespace kelvane {
 
 /// Shows the program's name, version and purpose and starts the system's own report on itself.
-class frmAbout : public win::Dialog {
+class frmAbout : public Form {
   public:
     /// `version` as shown ("1.2.3"). `system_info`: the program that reports on the system.
     explicit frmAbout(std::wstring version,

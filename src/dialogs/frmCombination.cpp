@@ -1,6 +1,6 @@
 #include "dialogs/frmCombination.h"
 
-#include "dialogs/controls.h"
+#include "dialogs/drop_down_list.h"
 #include "dialogs/field_input.h"
 #include "texts/string_table.h"
 
@@ -24,13 +24,7 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_COMBINE_CANCEL},
 };
 
-// The types by the engine's operation, whose names mean the opposite of what users read:
-// AddLightest leaves the darker one of two pixels, AddDarkest the lighter one.
-constexpr int kSum = 1;
-constexpr int kAddLightest = 2;
-constexpr int kAddDarkest = 3;
-
-// Enough to turn any byte into any other.
+// Offsets of this size turn any byte into any other.
 constexpr int kLargestNumber = 255;
 
 // The controls of one picture.
@@ -46,12 +40,10 @@ constexpr std::array<Row, 2> kRows{
 } // namespace
 
 frmCombination::frmCombination(std::vector<CombinationSource> sources)
-    : Dialog(IDD_COMBINATION), sources_(std::move(sources)) {}
+    : Form(IDD_COMBINATION, IDS_COMBINE_TITLE, kCaptions), sources_(std::move(sources)) {}
 
 void frmCombination::load() {
-    Cancelled = true;
-    set_title(LoadString(IDS_COMBINE_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
     for (const Row& row : kRows) {
         set_text(row.multiplier, L"1");
         set_text(row.offset, L"0");
@@ -77,9 +69,10 @@ const cDIBSection* frmCombination::chosen_picture(int list) const {
     return entry < 0 ? nullptr : sources_[static_cast<std::size_t>(entry)].picture;
 }
 
-int frmCombination::chosen_type() const {
-    if (checked(IDC_COMBINE_LIGHTEST)) return kAddDarkest;
-    return checked(IDC_COMBINE_DARKEST) ? kAddLightest : kSum;
+// The engine's names say which of two pixels is dropped, the captions which one is kept.
+CombinationType frmCombination::chosen_type() const {
+    if (checked(IDC_COMBINE_LIGHTEST)) return CombinationType::AddDarkest;
+    return checked(IDC_COMBINE_DARKEST) ? CombinationType::AddLightest : CombinationType::AddImages;
 }
 
 void frmCombination::show_size() {
@@ -96,11 +89,11 @@ void frmCombination::show_size() {
     ShowWindow(control(IDC_COMBINE_RESAMPLED), sizes_differ ? SW_SHOW : SW_HIDE);
 }
 
-// Only the weighted sum has numbers.
+// Multipliers and offsets belong to the weighted sum.
 void frmCombination::show_type() {
     for (const Row& row : kRows) {
-        enable(row.multiplier, chosen_type() == kSum);
-        enable(row.offset, chosen_type() == kSum);
+        enable(row.multiplier, chosen_type() == CombinationType::AddImages);
+        enable(row.offset, chosen_type() == CombinationType::AddImages);
     }
 }
 
@@ -117,26 +110,17 @@ void frmCombination::density_changed() {
     preview_.fit(control(IDC_COMBINE_PREVIEW));
 }
 
-// Numbers that are being typed and are none yet leave the preview as it is.
+// Incomplete input leaves the preview unchanged.
 void frmCombination::show_preview() {
-    if (chosen_type() == kSum && read_numbers() != 0) return;
+    if (chosen_type() == CombinationType::AddImages && read_numbers() != 0) return;
     preview_.show(control(IDC_COMBINE_PREVIEW), [this](cDIBSection& first) { combine(first); });
 }
 
 void frmCombination::combine(cDIBSection& first) {
     if (first.empty() || second_.empty()) return;
     cDIBSection target = second_.Copy();
-    switch (chosen_type()) {
-    case kAddLightest:
-        engine_.AddLightest(first, target);
-        break;
-    case kAddDarkest:
-        engine_.AddDarkest(first, target);
-        break;
-    default:
-        engine_.AddImages(first, target, Multiplier[0], Offset[0][0], Offset[0][1], Offset[0][2],
-                          Multiplier[1], Offset[1][0], Offset[1][1], Offset[1][2]);
-    }
+    combination.type = chosen_type();
+    engine_.Combine(first, target, combination);
     first = std::move(target);
 }
 
@@ -152,13 +136,7 @@ void frmCombination::on_command(int control, int notification) {
     }
 }
 
-INT_PTR frmCombination::on_message(UINT message, WPARAM /*w*/, LPARAM l) {
-    if (message != WM_DRAWITEM) return FALSE;
-    preview_.draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
-    return TRUE;
-}
-
-// The first field that holds no number that is allowed; 0 when all have been read.
+// Reads multipliers and offsets. The first field without an allowed number; 0 when all are valid.
 int frmCombination::read_numbers() {
     for (std::size_t i = 0; i < kRows.size(); ++i) {
         const auto multiplier =
@@ -166,8 +144,7 @@ int frmCombination::read_numbers() {
         if (!multiplier) return kRows[i].multiplier;
         const auto offset = whole_number(text(kRows[i].offset), -kLargestNumber, kLargestNumber);
         if (!offset) return kRows[i].offset;
-        Multiplier[i] = *multiplier;
-        Offset[i].fill(*offset);
+        combination.parts[i] = {*multiplier, *offset, *offset, *offset};
     }
     return 0;
 }
@@ -175,23 +152,16 @@ int frmCombination::read_numbers() {
 bool frmCombination::confirm() {
     for (std::size_t i = 0; i < kRows.size(); ++i) {
         ImageSource[i] = selected_entry(control(kRows[i].list));
-        if (ImageSource[i] < 0) {
-            refuse_field(window(), kRows[i].list, LoadString(IDS_COMBINE_SELECT_TWO));
-            return false;
-        }
+        if (ImageSource[i] < 0) return refuse(kRows[i].list, LoadString(IDS_COMBINE_SELECT_TWO));
     }
-    CombinationType = chosen_type();
-    const int wrong = CombinationType == kSum ? read_numbers() : 0;
-    if (wrong != 0) {
-        refuse_field(window(), wrong,
-                     LoadString(IDS_COMBINE_INVALID, {std::to_wstring(-kLargestNumber),
-                                                      std::to_wstring(kLargestNumber)}));
-        return false;
-    }
+    combination.type = chosen_type();
+    const int wrong = combination.type == CombinationType::AddImages ? read_numbers() : 0;
+    if (wrong != 0)
+        return refuse(wrong, LoadString(IDS_COMBINE_INVALID, {std::to_wstring(-kLargestNumber),
+                                                              std::to_wstring(kLargestNumber)}));
     const cDIBSection& first = *chosen_picture(IDC_COMBINE_FIRST);
     NewImageWidth = first.Width();
     NewImageHeight = first.Height();
-    Cancelled = false;
     return true;
 }
 

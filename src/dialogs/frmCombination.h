@@ -1,10 +1,10 @@
 // frmCombination: which two pictures are combined, and how.
 #pragma once
 
+#include "dialogs/form.h"
 #include "dialogs/live_preview.h"
 #include "engine/image_process.h"
 #include "image/dib_section.h"
-#include "win/dialog.h"
 
 #include <array>
 #include <string>
@@ -12,47 +12,40 @@
 
 namespace kelvane {
 
-/// An open picture and the name it goes by. The picture outlives the dialog.
+/// An open picture and the title of its document. The picture outlives the dialog.
 struct CombinationSource {
     std::wstring title;
     const cDIBSection* picture;
 };
 
 /// The new picture has the size of the first one; the caller resamples the second to it. A live
-/// preview shows what comes of the two.
-class frmCombination : public win::Dialog {
+/// preview shows the result.
+class frmCombination : public Form {
   public:
-    /// The first two sources are offered to start with.
+    /// The first two sources are selected at first.
     explicit frmCombination(std::vector<CombinationSource> sources);
 
-    bool Cancelled = true;
+    // Results, valid unless `Cancelled`. Index 0 of an array is the first picture, 1 the second.
 
-    // The rest is valid unless `Cancelled`. Arrays go by picture: 0 first, 1 second.
-
-    /// 1 weighted sum, 2 `AddLightest`, which keeps the darker pixel, 3 `AddDarkest`, which keeps
-    /// the lighter one.
-    int CombinationType = 1;
+    /// Each part of the weighted sum has one offset for all channels.
+    Combination combination;
     /// Positions among the sources; one picture may be combined with itself.
     std::array<int, 2> ImageSource{};
     /// Pixels.
     int NewImageWidth = 0;
     int NewImageHeight = 0;
-    /// Of the weighted sum, in which a channel counts (value + offset) x multiplier. Offsets are
-    /// by channel (red, green, blue); this dialog gives all three the same.
-    std::array<int, 2> Multiplier{1, 1};
-    std::array<std::array<int, 3>, 2> Offset{};
 
   protected:
     void load() override;
     bool confirm() override;
     void density_changed() override;
     void on_command(int control, int notification) override;
-    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+    void draw(const DRAWITEMSTRUCT& box) override { preview_.draw(box); }
 
   private:
     void fill_lists();
     const cDIBSection* chosen_picture(int list) const;
-    int chosen_type() const;
+    CombinationType chosen_type() const;
     void show_size();
     void show_type();
     void load_preview();

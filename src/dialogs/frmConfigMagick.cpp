@@ -1,10 +1,9 @@
 #include "dialogs/frmConfigMagick.h"
 
 #include "convert/converter.h"
-#include "dialogs/controls.h"
-#include "dialogs/field_input.h"
 #include "settings/catalogue.h"
 #include "win/file_dialogs.h"
+#include "win/wait_cursor.h"
 
 #include "ids.h"
 
@@ -35,7 +34,7 @@ namespace {
 constexpr const wchar_t* kDownloadPage = L"https://imagemagick.org/script/download.php#windows";
 constexpr const wchar_t* kGhostscriptPage = L"https://ghostscript.com/releases/gsdnld.html";
 
-// Since version 7 one program does the work of all the others.
+// Since version 7 this program does the work of all the others.
 constexpr const wchar_t* kDoesBoth = L"Magick.exe";
 
 constexpr Caption kCaptions[] = {
@@ -50,9 +49,9 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_MAGICK_CANCEL},
 };
 
-// Today's program in the folders where the user wants programs to be found, and in no others: the
-// current one could be anybody's. Empty when it is not there. The older Convert.exe is not looked
-// for: Windows has a program of that name that does something else.
+// Path of magick.exe in the folders of PATH; empty when it is in none. Not in the current folder,
+// where anyone may have put a program. The older Convert.exe is not searched for: Windows has
+// another program of that name.
 std::wstring installed_program() {
     const wchar_t* folders = _wgetenv(L"PATH");
     std::array<wchar_t, MAX_PATH> path{};
@@ -65,12 +64,10 @@ std::wstring installed_program() {
 } // namespace
 
 frmConfigMagick::frmConfigMagick(const SettingsFile& settings, OpenInShell open)
-    : Dialog(IDD_MAGICK), settings_(settings), open_(std::move(open)) {}
+    : Form(IDD_MAGICK, IDS_MAGICK_TITLE, kCaptions), settings_(settings), open_(std::move(open)) {}
 
 void frmConfigMagick::load() {
-    Cancelled = true;
-    set_title(LoadString(IDS_MAGICK_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
     bool known = false;
     for (const Program& program : kPrograms) {
         const std::wstring stored = read_setting(settings_, program.setting);
@@ -82,8 +79,8 @@ void frmConfigMagick::load() {
         propose_other(program);
 }
 
-// What stands in a program's field, without the quotation marks that the Explorer puts around the
-// paths it copies.
+// The text of a program's field, without the quotation marks that the Explorer puts around copied
+// paths.
 std::wstring frmConfigMagick::path(const Program& program) const {
     const std::wstring typed = text(program.field);
     const std::size_t first = typed.find_first_not_of(L" \t\"");
@@ -91,7 +88,7 @@ std::wstring frmConfigMagick::path(const Program& program) const {
     return typed.substr(first, typed.find_last_not_of(L" \t\"") - first + 1);
 }
 
-// When `found` is there, fills the other field unless that one names a file already.
+// If `found` exists, fills the other field unless it names an existing program already.
 void frmConfigMagick::propose_other(const Program& found) const {
     const Program& other = kPrograms[&found == &kPrograms[0] ? 1 : 0];
     const std::filesystem::path program = path(found);
@@ -122,19 +119,18 @@ void frmConfigMagick::browse(const Program& program) {
     propose_other(program);
 }
 
-// Empty for a program that will do; nothing when the check was stopped.
+// The error text, empty for a usable program; nothing when the user stopped the check.
 std::optional<std::wstring> frmConfigMagick::wrong_with(const Program& program) const {
     const std::wstring file = path(program);
     if (!is_program(file)) return LoadString(IDS_MAGICK_NOT_FOUND, {file, program.name});
-    const HCURSOR before = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    const win::WaitCursor cursor;
     const KeepWaiting keep_waiting = [this] { return !cancel_requested(); };
     const std::optional<bool> right = IsImageMagick ? IsImageMagick(file, keep_waiting) : true;
-    SetCursor(before);
     if (!right) return std::nullopt;
     return *right ? std::wstring() : LoadString(IDS_MAGICK_OTHER_PROGRAM, {file, program.name});
 }
 
-// Checking a program takes a while, in which the user can stop the check or cancel the dialog.
+// Checking a program takes time, in which the user can stop the check or cancel the dialog.
 bool frmConfigMagick::confirm() {
     for (const Program& program : kPrograms)
         propose_other(program);
@@ -142,12 +138,10 @@ bool frmConfigMagick::confirm() {
         const std::optional<std::wstring> wrong = wrong_with(program);
         if (!wrong || cancel_requested()) return false;
         if (wrong->empty()) continue;
-        refuse_field(window(), program.field, *wrong);
-        return false;
+        return refuse(program.field, *wrong);
     }
     for (const Program& program : kPrograms)
         write_setting(settings_, program.setting, path(program));
-    Cancelled = false;
     return true;
 }
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "convert/get_cmd_output.h"
+#include "dialogs/form.h"
 #include "dialogs/open_in_shell.h"
 #include "settings/settings_file.h"
-#include "win/dialog.h"
 
 #include <functional>
 #include <optional>
@@ -12,19 +12,17 @@
 
 namespace kelvane {
 
-/// OK takes only programs that exist and stores both paths. When one of them is found, the other is
-/// proposed: the program of the usual name beside it, or magick.exe, which can do the work of both.
-class frmConfigMagick : public win::Dialog {
+/// OK accepts only existing programs and stores both paths. When one of them exists, the dialog
+/// proposes the other: the program of the usual name in the same folder, or magick.exe, which does
+/// the work of both.
+class frmConfigMagick : public Form {
   public:
     /// `open` opens the two pages for downloads.
     frmConfigMagick(const SettingsFile& settings, OpenInShell open);
 
-    /// True when the user gave up; nothing was stored then.
-    bool Cancelled = true;
-    /// Whether a program, which exists, is ImageMagick's; asked before the dialog closes by OK. It
-    /// may let the windows handle their messages, as long as `keep_waiting` says yes. Nothing when
-    /// the user did not want to wait for the answer: the dialog then stays open. Without this
-    /// function every existing file is taken.
+    /// Whether an existing program is part of ImageMagick; called by OK. It may dispatch messages
+    /// while `keep_waiting` answers true. Nothing when the user stopped it: the dialog then stays
+    /// open. Without this function every existing file is accepted.
     std::function<std::optional<bool>(const std::wstring& program, const KeepWaiting& keep_waiting)>
         IsImageMagick;
 

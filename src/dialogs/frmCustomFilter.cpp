@@ -1,6 +1,6 @@
 #include "dialogs/frmCustomFilter.h"
 
-#include "dialogs/controls.h"
+#include "dialogs/drop_down_list.h"
 #include "dialogs/field_input.h"
 #include "win/arrow_keys.h"
 #include "win/key_filter.h"
@@ -33,7 +33,7 @@ constexpr Base kBases[] = {
     {IDS_CUSTOM_BASE_SHARPEN, kSharpen}, {IDS_CUSTOM_BASE_SHARPEN_MORE, kSharpenMore},
 };
 
-// Characters a field takes: as many as its largest number has digits.
+// Length limits of the fields, in characters.
 constexpr int kCellLength = 5;
 constexpr int kWeightLength = 9;
 
@@ -56,13 +56,11 @@ FilterKernel current_kernel(const cImageProcessDIB& engine) {
 } // namespace
 
 frmCustomFilter::frmCustomFilter(cImageProcessDIB& engine)
-    : Dialog(IDD_CUSTOM), ImageProcess(engine) {}
+    : Form(IDD_CUSTOM, IDS_CUSTOM_TITLE, kCaptions), ImageProcess(engine) {}
 
 void frmCustomFilter::load() {
-    Cancelled = true;
+    Form::load();
     tab_stop_ = KernelGrid::kCentre;
-    set_title(LoadString(IDS_CUSTOM_TITLE));
-    set_captions(window(), kCaptions);
     for (const Base& base : kBases)
         add_entry(control(IDC_CUSTOM_BASE), LoadString(base.text));
     select_entry(control(IDC_CUSTOM_BASE), 0);
@@ -107,7 +105,7 @@ void frmCustomFilter::on_command(int id, int notification) {
     if (id == IDC_CUSTOM_AUTO && checked(IDC_CUSTOM_AUTO)) calculate_weight();
 }
 
-// Tab leaves the grid from here and comes back to here.
+// Makes the cell the grid's only tab stop: Tab leaves the grid from it and returns to it.
 void frmCustomFilter::cell_entered(int cell) {
     const auto stop = [this](int at, bool on) {
         const HWND field = control(IDC_CUSTOM_CELL + at);
@@ -120,7 +118,7 @@ void frmCustomFilter::cell_entered(int cell) {
     SendMessageW(control(IDC_CUSTOM_CELL + cell), EM_SETSEL, 0, -1);
 }
 
-// From the cell with the focus, which is the tab stop, to its neighbour; not beyond the border.
+// Moves the focus from the tab stop to the neighbouring cell; nothing at the grid's border.
 void frmCustomFilter::move_focus(WPARAM key) const {
     constexpr int kLast = KernelGrid::kSide - 1;
     const int row = tab_stop_ / KernelGrid::kSide + (key == VK_DOWN) - (key == VK_UP);
@@ -160,21 +158,16 @@ void frmCustomFilter::calculate_weight() const {
 bool frmCustomFilter::confirm() {
     const int weight = whole_number(text(IDC_CUSTOM_WEIGHT)).value_or(0);
     const auto radius = grid_.radius();
-    if (!radius) return refuse(IDS_CUSTOM_BLACK, IDC_CUSTOM_CELL + KernelGrid::kCentre);
-    if (*radius == 0) return refuse(IDS_CUSTOM_TOO_SMALL, IDC_CUSTOM_CELL + KernelGrid::kCentre);
-    // The engine runs no filter that divides by 0, so the picture would silently stay as it is.
-    if (weight == 0) return refuse(IDS_CUSTOM_BLACK, IDC_CUSTOM_WEIGHT);
+    const auto reject = [this](int field, int text) {
+        return refuse(field, LoadString(text), MB_ICONINFORMATION);
+    };
+    constexpr int kCentre = IDC_CUSTOM_CELL + KernelGrid::kCentre;
+    if (!radius) return reject(kCentre, IDS_CUSTOM_BLACK);
+    if (*radius == 0) return reject(kCentre, IDS_CUSTOM_TOO_SMALL);
+    // The engine ignores a filter of weight 0: the picture would stay as it is without a message.
+    if (weight == 0) return reject(IDC_CUSTOM_WEIGHT, IDS_CUSTOM_BLACK);
     hand_over(grid_.kernel(weight));
-    Cancelled = false;
     return true;
-}
-
-// Says why the filter cannot be taken and leads to the field where that is put right.
-bool frmCustomFilter::refuse(int text_id, int field) const {
-    win::message_box(window(), LoadString(text_id), LoadString(IDS_CUSTOM_TITLE),
-                     MB_OK | MB_ICONINFORMATION);
-    SendMessageW(window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(field)), TRUE);
-    return false;
 }
 
 void frmCustomFilter::hand_over(const FilterKernel& kernel) {

@@ -1,23 +1,21 @@
 // frmCustomFilter: a convolution kernel of up to 7 x 7 coefficients, typed in.
 #pragma once
 
+#include "dialogs/form.h"
 #include "dialogs/kernel_grid.h"
 #include "engine/image_process.h"
-#include "win/dialog.h"
 
 #include <bitset>
 
 namespace kelvane {
 
-class frmCustomFilter : public win::Dialog {
+class frmCustomFilter : public Form {
   public:
-    /// The engine that gets the filter, as its custom one. When it has a custom filter already,
-    /// the grid starts with that; otherwise with the kernel that changes nothing.
+    /// `engine` receives the filter as its custom filter. The grid starts with the custom filter
+    /// that the engine has, if any, else with the kernel that changes nothing.
     explicit frmCustomFilter(cImageProcessDIB& engine);
 
     cImageProcessDIB& ImageProcess;
-    /// True when the dialog was left without OK; the engine is as it was then.
-    bool Cancelled = true;
 
   protected:
     void load() override;
@@ -34,15 +32,14 @@ class frmCustomFilter : public win::Dialog {
     void cell_changed(int cell);
     void base_chosen();
     void calculate_weight() const;
-    bool refuse(int text, int field) const;
     void hand_over(const FilterKernel& kernel);
     INT_PTR cell_brush(HDC context, int cell) const;
 
     /// What the cells hold; text that is no number counts as 0.
     KernelGrid grid_;
-    /// Cells shown as having no part in the filter.
+    /// Cells drawn grey: their coefficient is 0.
     std::bitset<KernelGrid::kCells> grey_;
-    /// The grid's only cell that Tab reaches: the one that had the focus last.
+    /// The only cell that is a tab stop: the one that had the focus last.
     int tab_stop_ = KernelGrid::kCentre;
 };
 

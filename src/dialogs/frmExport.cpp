@@ -1,11 +1,10 @@
 #include "dialogs/frmExport.h"
 
 #include "base/text.h"
-#include "dialogs/controls.h"
+#include "dialogs/drop_down_list.h"
 #include "dialogs/preview_size.h"
 #include "engine/image_process.h"
 #include "texts/layer_names.h"
-#include "win/picture_box.h"
 
 #include "ids.h"
 
@@ -35,21 +34,19 @@ constexpr Caption kCaptions[] = {
 } // namespace
 
 frmExport::frmExport(const SettingsFile& settings, const cDIBSection& picture)
-    : Dialog(IDD_EXPORT), settings_(settings), picture_(picture) {}
+    : Form(IDD_EXPORT, IDS_EXPORT_TITLE, kCaptions), settings_(settings), picture_(picture) {}
 
 void frmExport::load() {
-    Cancelled = true;
+    Form::load();
     choices_ = ExportChoices::read(settings_);
     fill_lists();
     show_choices();
     loadPreview();
     density_changed();
-    set_title(LoadString(IDS_EXPORT_TITLE));
-    set_captions(window(), kCaptions);
 }
 
 void frmExport::density_changed() {
-    win::fit_picture_box(control(IDC_EXPORT_PREVIEW), kPreviewEdge, kPreviewEdge);
+    fit_preview(IDC_EXPORT_PREVIEW);
 }
 
 void frmExport::fill_lists() const {
@@ -89,7 +86,6 @@ ExportChoices frmExport::read_controls() const {
 }
 
 bool frmExport::confirm() {
-    Cancelled = false;
     choices_ = read_controls();
     choices_.write(settings_);
     return true;
@@ -101,13 +97,6 @@ void frmExport::loadPreview() {
     if (!cImageProcessDIB().BlackAndWhite2(reduced, reduced, kExportLimit)) return;
     const PreviewSize size = preview_size(reduced.Width(), reduced.Height());
     preview_ = reduced.Resample(size.height, size.width);
-}
-
-INT_PTR frmExport::on_message(UINT message, WPARAM w, LPARAM l) {
-    if (message != WM_DRAWITEM || w != IDC_EXPORT_PREVIEW) return FALSE;
-    win::draw_picture_box(*reinterpret_cast<const DRAWITEMSTRUCT*>(l), preview_,
-                          win::picture_zoom(window()));
-    return TRUE;
 }
 
 } // namespace kelvane

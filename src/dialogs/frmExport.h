@@ -1,23 +1,21 @@
-// frmExport: what an export to an EAGLE script is to look like, with a preview of what is traced.
+// frmExport: options of an export to an EAGLE script, with a preview of what is traced.
 #pragma once
 
 #include "dialogs/export_choices.h"
+#include "dialogs/form.h"
 #include "image/dib_section.h"
-#include "win/dialog.h"
 
 namespace kelvane {
 
-class frmExport : public win::Dialog {
+class frmExport : public Form {
   public:
     /// `picture` is only read, and must live as long as the dialog.
     frmExport(const SettingsFile& settings, const cDIBSection& picture);
 
-    /// True when the dialog was left without OK; nothing was remembered then.
-    bool Cancelled = true;
-    /// The export asked for, after OK.
+    /// The export asked for; valid unless `Cancelled`.
     ExportOptions options() const { return choices_.options(); }
 
-    /// Makes the preview anew: the picture reduced as an export reduces it, then scaled.
+    /// Makes the preview: the picture reduced as an export reduces it, then scaled.
     void loadPreview();
     const cDIBSection& preview() const { return preview_; }
 
@@ -25,7 +23,7 @@ class frmExport : public win::Dialog {
     void load() override;
     bool confirm() override;
     void density_changed() override;
-    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+    void draw(const DRAWITEMSTRUCT& box) override { draw_preview(box, preview_); }
 
   private:
     void fill_lists() const;

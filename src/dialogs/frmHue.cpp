@@ -1,9 +1,9 @@
 #include "dialogs/frmHue.h"
 
-#include "dialogs/controls.h"
 #include "dialogs/field_input.h"
 #include "dialogs/slider.h"
 #include "process/hls_rgb.h"
+#include "process/tone.h"
 #include "win/picture_box.h"
 
 #include "ids.h"
@@ -23,23 +23,21 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_HUE_CANCEL},
 };
 
-constexpr int kLowest = -1;
-constexpr int kHighest = 5;
 // The slider's positions count hundredths above the lowest hue.
 constexpr int kSteps = 100;
 
 double hue_at(int position) {
-    return static_cast<double>(position) / kSteps + kLowest;
+    return static_cast<double>(position) / kSteps + kLowestHue;
 }
 
 int position_of(double hue) {
-    return static_cast<int>(std::lround((hue - kLowest) * kSteps));
+    return static_cast<int>(std::lround((hue - kLowestHue) * kSteps));
 }
 
-// One row of every hue that the slider has, as bright as colours get.
+// One row with a pixel for each slider position, in its hue at full saturation.
 cDIBSection every_hue() {
     cDIBSection strip;
-    if (!strip.Create((kHighest - kLowest) * kSteps + 1, 1)) return strip;
+    if (!strip.Create((kHighestHue - kLowestHue) * kSteps + 1, 1)) return strip;
     const ImageView view = strip.view();
     for (int x = 0; x < view.width; ++x) {
         const auto colour = mHLSRGB::HLSToRGB({static_cast<float>(hue_at(x)), 0.5F, 1});
@@ -63,13 +61,13 @@ LONG thumb_middle(HWND slider, int position) {
 } // namespace
 
 frmHue::frmHue(const cDIBSection& picture)
-    : SliderDialog(IDD_HUE, {IDC_HUE_VALUE, IDC_HUE_SLIDER, IDC_HUE_PREVIEW}, picture),
+    : SliderDialog(IDD_HUE, IDS_HUE_TITLE, kCaptions,
+                   {IDC_HUE_VALUE, IDC_HUE_SLIDER, IDC_HUE_PREVIEW}, picture),
       spectrum_(every_hue()) {}
 
 void frmHue::load() {
-    set_title(LoadString(IDS_HUE_TITLE));
-    set_captions(window(), kCaptions);
-    set_slider_range(control(IDC_HUE_SLIDER), (kHighest - kLowest) * kSteps, 5, kSteps);
+    SliderDialog::load();
+    set_slider_range(control(IDC_HUE_SLIDER), (kHighestHue - kLowestHue) * kSteps, 5, kSteps);
     set_text(IDC_HUE_VALUE, text_at(position_of(static_cast<double>(Hue))));
     start();
 }
@@ -79,12 +77,12 @@ void frmHue::density_changed() {
     place_spectrum();
 }
 
-// Puts the strip of hues exactly over the way of the slider's thumb.
+// Aligns the strip of hues with the range of the slider's thumb.
 void frmHue::place_spectrum() const {
     const HWND slider = control(IDC_HUE_SLIDER);
     const int position = slider_position(slider);
     const LONG left = thumb_middle(slider, 0);
-    const LONG right = thumb_middle(slider, (kHighest - kLowest) * kSteps);
+    const LONG right = thumb_middle(slider, (kHighestHue - kLowestHue) * kSteps);
     set_slider_position(slider, position);
     const HWND strip = control(IDC_HUE_SPECTRUM);
     RECT area{};
@@ -96,7 +94,7 @@ void frmHue::place_spectrum() const {
 
 std::optional<double> frmHue::hue() const {
     const std::optional<double> value = decimal_number(text(IDC_HUE_VALUE));
-    return value && *value >= kLowest && *value <= kHighest ? value : std::nullopt;
+    return value && *value >= kLowestHue && *value <= kHighestHue ? value : std::nullopt;
 }
 
 std::optional<int> frmHue::typed_position() const {
@@ -115,22 +113,15 @@ void frmHue::apply(cDIBSection& picture) {
     engine_.Colourise(picture, static_cast<float>(*hue()));
 }
 
-INT_PTR frmHue::on_message(UINT message, WPARAM w, LPARAM l) {
-    if (message != WM_DRAWITEM || w != IDC_HUE_SPECTRUM)
-        return SliderDialog::on_message(message, w, l);
-    const auto& box = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
+void frmHue::draw(const DRAWITEMSTRUCT& box) {
+    if (box.CtlID != IDC_HUE_SPECTRUM) return SliderDialog::draw(box);
     win::draw_picture(box.hDC, box.rcItem, spectrum_);
-    return TRUE;
 }
 
 bool frmHue::confirm() {
     const std::optional<double> value = hue();
-    if (!value) {
-        refuse_field(window(), IDC_HUE_VALUE, LoadString(IDS_HUE_INVALID));
-        return false;
-    }
+    if (!value) return refuse(IDC_HUE_VALUE, LoadString(IDS_HUE_INVALID));
     Hue = static_cast<float>(*value);
-    Cancelled = false;
     return true;
 }
 

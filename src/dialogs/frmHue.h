@@ -1,11 +1,11 @@
-// frmHue: the hue that a picture is coloured in.
+// frmHue: the hue for colouring a picture.
 #pragma once
 
 #include "dialogs/slider_dialog.h"
 
 namespace kelvane {
 
-/// The slider is under a strip of all hues.
+/// Above the slider is a strip of all hues.
 class frmHue : public SliderDialog {
   public:
     explicit frmHue(const cDIBSection& picture);
@@ -17,7 +17,7 @@ class frmHue : public SliderDialog {
     void load() override;
     bool confirm() override;
     void density_changed() override;
-    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+    void draw(const DRAWITEMSTRUCT& box) override;
     std::optional<int> typed_position() const override;
     std::wstring text_at(int position) const override;
     void apply(cDIBSection& picture) override;

@@ -1,6 +1,6 @@
 #include "dialogs/frmLanguage.h"
 
-#include "dialogs/controls.h"
+#include "dialogs/drop_down_list.h"
 #include "settings/catalogue.h"
 #include "texts/string_table.h"
 
@@ -22,21 +22,16 @@ constexpr const wchar_t* kEntries[] = {L"english", L"deutsch"};
 } // namespace
 
 frmLanguage::frmLanguage(const SettingsFile& settings)
-    : Dialog(IDD_LANGUAGE), settings_(settings) {}
+    : Form(IDD_LANGUAGE, IDS_LANGUAGE_TITLE, kCaptions), settings_(settings) {}
 
 void frmLanguage::load() {
+    Form::load();
     changed = false;
     offset_before_ = language_offset();
     const HWND list = control(IDC_LANGUAGE);
     for (const wchar_t* entry : kEntries)
         add_entry(list, entry);
     select_entry(list, offset_before_ == kGermanOffset ? kGermanEntry : 0);
-    loadResources();
-}
-
-void frmLanguage::loadResources() {
-    set_title(LoadString(IDS_LANGUAGE_TITLE));
-    set_captions(window(), kCaptions);
 }
 
 int frmLanguage::chosen_offset() const {

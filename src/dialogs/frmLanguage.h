@@ -1,15 +1,15 @@
 // frmLanguage: the program's language.
 #pragma once
 
+#include "dialogs/form.h"
 #include "settings/settings_file.h"
-#include "win/dialog.h"
 
 namespace kelvane {
 
 /// Switches the program's language as soon as an entry of the list is picked; its own captions
 /// follow at once, other windows the next time they set theirs. The choice is written by OK only:
 /// after Cancel it holds until the program ends.
-class frmLanguage : public win::Dialog {
+class frmLanguage : public Form {
   public:
     explicit frmLanguage(const SettingsFile& settings);
 
@@ -22,7 +22,6 @@ class frmLanguage : public win::Dialog {
     void on_command(int control, int notification) override;
 
   private:
-    void loadResources();
     int chosen_offset() const;
 
     const SettingsFile& settings_;

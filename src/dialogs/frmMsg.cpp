@@ -1,6 +1,5 @@
 #include "dialogs/frmMsg.h"
 
-#include "dialogs/controls.h"
 #include "settings/folders.h"
 
 #include "ids.h"
@@ -17,7 +16,7 @@ constexpr Caption kCaptions[] = {
     {IDOK, IDS_OPEN_ERROR_CLOSE},
 };
 
-// With the line ends that edit fields want, and without characters that would end the text.
+// Converts line ends to CR LF, which edit fields need, and drops zeros, which would end the text.
 std::wstring field_text(const std::wstring& text) {
     std::wstring result;
     for (const wchar_t c : text) {
@@ -30,16 +29,15 @@ std::wstring field_text(const std::wstring& text) {
 } // namespace
 
 frmMsg::frmMsg(const std::wstring& message, const std::wstring& report, OpenInShell open)
-    : Dialog(IDD_OPEN_ERROR), text_(message), open_(std::move(open)) {
+    : Form(IDD_OPEN_ERROR, IDS_OPEN_ERROR_TITLE, kCaptions), text_(message),
+      open_(std::move(open)) {
     if (!report.empty()) text_ += L"\n\n" + LoadString(IDS_MAGICK_REPORT) + L"\n" + report;
 }
 
 void frmMsg::load() {
-    set_title(LoadString(IDS_OPEN_ERROR_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
     set_text(IDC_OPEN_ERROR_TEXT, field_text(text_));
-    const HICON icon = LoadIconW(nullptr, IDI_WARNING);
-    SendMessageW(control(IDC_OPEN_ERROR_ICON), STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+    show_icon(IDC_OPEN_ERROR_ICON, IDI_WARNING);
 }
 
 void frmMsg::on_command(int control, int /*notification*/) {

@@ -1,18 +1,17 @@
 // frmMsg: why a file could not be opened by the converter.
 #pragma once
 
+#include "dialogs/form.h"
 #include "dialogs/open_in_shell.h"
-#include "win/dialog.h"
 
 #include <string>
 
 namespace kelvane {
 
 /// Its second button opens "formats.html", the page about formats beside the program.
-class frmMsg : public win::Dialog {
+class frmMsg : public Form {
   public:
-    /// `message`: the program's own words. `report`: the converter's, of any length and with any
-    /// line ends; empty when it said nothing.
+    /// `report`: output of the converter, of any length and with any line ends; may be empty.
     frmMsg(const std::wstring& message, const std::wstring& report, OpenInShell open);
 
   protected:

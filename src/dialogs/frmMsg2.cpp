@@ -1,6 +1,5 @@
 #include "dialogs/frmMsg2.h"
 
-#include "dialogs/controls.h"
 #include "settings/catalogue.h"
 
 #include "ids.h"
@@ -15,16 +14,15 @@ constexpr Caption kCaptions[] = {
 
 } // namespace
 
-frmMsg2::frmMsg2(const SettingsFile& settings) : Dialog(IDD_SEVERAL), settings_(settings) {}
+frmMsg2::frmMsg2(const SettingsFile& settings)
+    : Form(IDD_SEVERAL, IDS_SEVERAL_TITLE, kCaptions), settings_(settings) {}
 
 void frmMsg2::load() {
-    set_title(LoadString(IDS_SEVERAL_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
     set_text(IDC_SEVERAL_TEXT,
              LoadString(IDS_SEVERAL_TEXT_1) + L"\n\n" + LoadString(IDS_SEVERAL_TEXT_2));
     check(IDC_SEVERAL_NOT_AGAIN, read_setting(settings_, settings::kHideSeveralImagesWarning) != 0);
-    const HICON icon = LoadIconW(nullptr, IDI_INFORMATION);
-    SendMessageW(control(IDC_SEVERAL_ICON), STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+    show_icon(IDC_SEVERAL_ICON, IDI_INFORMATION);
 }
 
 bool frmMsg2::confirm() {

@@ -1,22 +1,25 @@
 #include "dialogs/frmMsg3.h"
 
-#include "dialogs/controls.h"
-
 #include "ids.h"
 
 namespace kelvane {
+namespace {
 
-frmMsg3::frmMsg3() : Dialog(IDD_RANGE) {}
+constexpr Caption kCaptions[] = {
+    {IDC_RANGE_DELETE, IDS_RANGE_DELETE},
+    {IDOK, IDS_RANGE_CLOSE},
+};
+
+} // namespace
+
+frmMsg3::frmMsg3() : Form(IDD_RANGE, IDS_RANGE_TITLE, kCaptions) {}
 
 void frmMsg3::load() {
+    Form::load();
     DeleteScript = false;
-    set_title(LoadString(IDS_RANGE_TITLE));
     set_text(IDC_RANGE_TEXT, LoadString(IDS_RANGE_TEXT_1) + LoadString(IDS_RANGE_TEXT_2) +
                                  LoadString(IDS_RANGE_TEXT_3));
-    set_text(IDC_RANGE_DELETE, LoadString(IDS_RANGE_DELETE));
-    set_text(IDOK, LoadString(IDS_RANGE_CLOSE));
-    const HICON icon = LoadIconW(nullptr, IDI_WARNING);
-    SendMessageW(control(IDC_RANGE_ICON), STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+    show_icon(IDC_RANGE_ICON, IDI_WARNING);
 }
 
 bool frmMsg3::confirm() {

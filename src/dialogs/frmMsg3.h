@@ -1,16 +1,16 @@
 // frmMsg3: the warning after an export whose coordinates left EAGLE's range.
 #pragma once
 
-#include "win/dialog.h"
+#include "dialogs/form.h"
 
 namespace kelvane {
 
-class frmMsg3 : public win::Dialog {
+class frmMsg3 : public Form {
   public:
     frmMsg3();
 
-    /// Whether the script just written is to be deleted. Only the button says so: the close box
-    /// keeps the script whatever is ticked.
+    /// The script just written is to be deleted. Set by the button only; the close box leaves it
+    /// false.
     bool DeleteScript = false;
 
   protected:

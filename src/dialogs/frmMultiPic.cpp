@@ -1,7 +1,6 @@
 #include "dialogs/frmMultiPic.h"
 
 #include "base/file_error.h"
-#include "dialogs/controls.h"
 #include "image/picture_reader.h"
 #include "win/dpi.h"
 #include "win/picture_box.h"
@@ -26,7 +25,7 @@ constexpr int kLabelHeight = 32; // at 96 dots per inch: the label and what is a
 constexpr int kFrame = 3;        // pixels around a preview; those of the selected one are coloured
 constexpr int kNotInView = -1;
 
-// "3: 640 x 480". It begins with the number, so that typing the number finds the image.
+// "3: 640 x 480". The number comes first, so that typing it selects the image.
 std::wstring label(int number, const SubImage& image) {
     std::wstring text = std::to_wstring(number);
     if (image.width > 0 && image.height > 0)
@@ -34,8 +33,8 @@ std::wstring label(int number, const SubImage& image) {
     return text;
 }
 
-// The largest size of the picture's shape that fits, but not beyond `zoom` times its own, in the
-// middle.
+// Centred rectangle in the picture's aspect ratio, as large as fits and at most `zoom` times the
+// picture's size.
 RECT place_in_middle(const RECT& area, const cDIBSection& picture, double zoom) {
     const double fitting = std::min({zoom, static_cast<double>(area.right) / picture.Width(),
                                      static_cast<double>(area.bottom) / picture.Height()});
@@ -76,15 +75,13 @@ cDIBSection read_or_nothing(const std::filesystem::path& file) {
 } // namespace
 
 frmMultiPic::frmMultiPic(std::vector<SubImage> images)
-    : Dialog(IDD_SUBIMAGE), images_(std::move(images)) {
+    : Form(IDD_SUBIMAGE, IDS_SUBIMAGE_TITLE, kCaptions), images_(std::move(images)) {
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&classes);
 }
 
 void frmMultiPic::load() {
-    Cancelled = true;
-    set_title(LoadString(IDS_SUBIMAGE_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
     const HWND list = control(IDC_SUBIMAGE_LIST);
     ListView_SetExtendedListViewStyle(list, LVS_EX_DOUBLEBUFFER);
     make_previews();
@@ -96,8 +93,8 @@ void frmMultiPic::load() {
     show_selection();
 }
 
-// Previews as large as the density of the screen asks for; none is drawn yet. The list takes the
-// size of its items from them.
+// Sets the size of previews for the screen's density and empties the image list, from which the
+// list view takes the size of its items.
 void frmMultiPic::make_previews() {
     const HWND list = control(IDC_SUBIMAGE_LIST);
     edge_ = win::scaled(window(), kPreviewEdge);
@@ -163,7 +160,7 @@ void frmMultiPic::show_selection() const {
                                     {std::to_wstring(image + 1), std::to_wstring(images_.size())}));
 }
 
-// The list's own drawing would veil the selected preview.
+// Replaces the list view's drawing, which would tint the selected preview.
 void frmMultiPic::draw_item(HDC context, int image) {
     const HWND list = control(IDC_SUBIMAGE_LIST);
     const bool is_selected = image == selected();
@@ -183,7 +180,7 @@ void frmMultiPic::draw_item(HDC context, int image) {
     if (is_selected && GetFocus() == list) DrawFocusRect(context, &below);
 }
 
-// What the list is to do about one stage of its drawing.
+// Answer to NM_CUSTOMDRAW.
 LRESULT frmMultiPic::custom_draw(const NMCUSTOMDRAW& stage) {
     if (stage.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
     if (stage.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
@@ -213,7 +210,6 @@ bool frmMultiPic::confirm() {
     const int image = selected();
     if (image < 0) return false;
     Index = image;
-    Cancelled = false;
     return true;
 }
 

@@ -1,7 +1,7 @@
 // frmMultiPic: which image of a file that holds several is to be opened.
 #pragma once
 
-#include "win/dialog.h"
+#include "dialogs/form.h"
 #include "win/gdi.h"
 
 #include <windows.h>
@@ -22,13 +22,12 @@ struct SubImage {
     int height = 0;
 };
 
-/// A list of previews, read when they come into view: hundreds of images open as fast as two. The
-/// files must stay while the dialog is shown.
-class frmMultiPic : public win::Dialog {
+/// A list of previews. A preview is read when it first comes into view, so that the number of
+/// images does not matter. The files must exist while the dialog is shown.
+class frmMultiPic : public Form {
   public:
     explicit frmMultiPic(std::vector<SubImage> images);
 
-    bool Cancelled = true;
     /// Position of the chosen image, from 0; the one to start with when set before. Valid unless
     /// `Cancelled`.
     int Index = 0;
@@ -54,7 +53,7 @@ class frmMultiPic : public win::Dialog {
     std::vector<SubImage> images_;
     int edge_ = 0; // of a preview on the screen, in pixels
     ImageList previews_;
-    std::vector<int> preview_index_; // in `previews_` for each image; -1 before it was in view
+    std::vector<int> preview_index_; // by image: index in `previews_`, -1 while not read
 };
 
 } // namespace kelvane

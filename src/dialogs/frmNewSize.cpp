@@ -1,6 +1,5 @@
 #include "dialogs/frmNewSize.h"
 
-#include "dialogs/controls.h"
 #include "dialogs/field_input.h"
 #include "image/dib_section.h"
 #include "settings/catalogue.h"
@@ -34,7 +33,7 @@ constexpr std::int64_t kMostBytes = std::numeric_limits<std::int32_t>::max();
 static_assert(square_bytes(frmNewSize::kLongestSide) <= kMostBytes);
 static_assert(square_bytes(frmNewSize::kLongestSide + 1) > kMostBytes);
 
-// The side that goes with `side` where `of` goes with `own`, rounded; at least 1.
+// `side` x `of` / `own`, rounded, at least 1.
 double in_ratio(int side, int own, int of) {
     return std::max(std::nearbyint(static_cast<double>(side) * of / own), 1.0);
 }
@@ -46,12 +45,11 @@ std::optional<int> side_in(const std::wstring& text) {
 } // namespace
 
 frmNewSize::frmNewSize(const SettingsFile& settings, int width, int height)
-    : Dialog(IDD_NEW_SIZE), settings_(settings), width_(width), height_(height) {}
+    : Form(IDD_NEW_SIZE, IDS_SIZE_TITLE, kCaptions), settings_(settings), width_(width),
+      height_(height) {}
 
 void frmNewSize::load() {
-    Cancelled = true;
-    set_title(LoadString(IDS_SIZE_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
 
     const int width = read_setting(settings_, settings::kNewWidth);
     const int height = read_setting(settings_, settings::kNewHeight);
@@ -61,7 +59,7 @@ void frmNewSize::load() {
         show_size(width, height);
 }
 
-// The tick says of the two numbers what holds: a size of old that has another ratio stays as it is.
+// Ticks the box only if the two numbers have the picture's ratio; a stored size is not changed.
 void frmNewSize::show_size(int width, int height) {
     set_text(IDC_SIZE_WIDTH, std::to_wstring(width));
     set_text(IDC_SIZE_HEIGHT, std::to_wstring(height));
@@ -72,16 +70,13 @@ void frmNewSize::show_size(int width, int height) {
 bool frmNewSize::confirm() {
     const std::optional<int> width = side_in(text(IDC_SIZE_WIDTH));
     const std::optional<int> height = side_in(text(IDC_SIZE_HEIGHT));
-    if (!width || !height) {
-        refuse_field(window(), width ? IDC_SIZE_HEIGHT : IDC_SIZE_WIDTH,
-                     LoadString(IDS_SIZE_INVALID, {std::to_wstring(kLongestSide)}));
-        return false;
-    }
+    if (!width || !height)
+        return refuse(width ? IDC_SIZE_HEIGHT : IDC_SIZE_WIDTH,
+                      LoadString(IDS_SIZE_INVALID, {std::to_wstring(kLongestSide)}));
     NewWidth = *width;
     NewHeight = *height;
     write_setting(settings_, settings::kNewWidth, NewWidth);
     write_setting(settings_, settings::kNewHeight, NewHeight);
-    Cancelled = false;
     return true;
 }
 
@@ -96,7 +91,7 @@ void frmNewSize::on_command(int control, int notification) {
     following_ = false;
 }
 
-// Where the other side would be longer than the limit, both stop at the largest size of this ratio.
+// Limits both sides to the largest size of this ratio without a side longer than the limit.
 void frmNewSize::follow(const Side& typed, const Side& other) {
     const std::optional<int> side = side_in(text(typed.field));
     if (!side) return;
@@ -107,7 +102,7 @@ void frmNewSize::follow(const Side& typed, const Side& other) {
     const auto largest = static_cast<int>(in_ratio(following, other.own, typed.own));
     const std::wstring digits = std::to_wstring(largest);
     set_text(typed.field, digits);
-    // The caret stays behind what has been typed.
+    // Setting the text moved the caret to the front.
     SendMessageW(control(typed.field), EM_SETSEL, digits.size(),
                  static_cast<LPARAM>(digits.size()));
 }

@@ -1,15 +1,14 @@
 // frmNewSize: the size that a picture is resampled to.
 #pragma once
 
+#include "dialogs/form.h"
 #include "settings/settings_file.h"
-#include "win/dialog.h"
 
 namespace kelvane {
 
-/// Starts with the size that was confirmed last, or with the picture's own when there was none.
-/// Width and height follow each other as long as the picture's ratio is to be kept, up to the
-/// largest size of that ratio.
-class frmNewSize : public win::Dialog {
+/// Starts with the stored size of the last use, else with the picture's own. While the picture's
+/// ratio is to be kept, width and height follow each other, up to the largest size of that ratio.
+class frmNewSize : public Form {
   public:
     /// Two sides of this length, in pixels, are the largest square that a picture buffer holds;
     /// no side may be longer, so that every pair fits.
@@ -18,7 +17,6 @@ class frmNewSize : public win::Dialog {
     /// `width` and `height`: the picture's size in pixels, at least 1.
     frmNewSize(const SettingsFile& settings, int width, int height);
 
-    bool Cancelled = true;
     /// Pixels, 1 to `kLongestSide`; valid unless `Cancelled`.
     int NewWidth = 0;
     int NewHeight = 0;
@@ -39,7 +37,7 @@ class frmNewSize : public win::Dialog {
     const SettingsFile& settings_;
     int width_;
     int height_;
-    bool following_ = false; // a field is being filled by the other one
+    bool following_ = false; // true while one field sets the other
 };
 
 } // namespace kelvane

@@ -1,8 +1,8 @@
 #include "dialogs/frmNoise.h"
 
-#include "dialogs/controls.h"
 #include "dialogs/field_input.h"
 #include "dialogs/slider.h"
+#include "process/tone.h"
 
 #include "ids.h"
 
@@ -17,26 +17,25 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_NOISE_CANCEL},
 };
 
-constexpr int kMost = 100;
-// Always the same grains, so that only what the user changes changes.
+// Fixed seed: the preview changes only when the user changes a setting.
 constexpr std::uint32_t kSeed = 1;
 
 } // namespace
 
 frmNoise::frmNoise(const cDIBSection& picture)
-    : SliderDialog(IDD_NOISE, {IDC_NOISE_AMOUNT, IDC_NOISE_SLIDER, IDC_NOISE_PREVIEW}, picture) {}
+    : SliderDialog(IDD_NOISE, IDS_NOISE_TITLE, kCaptions,
+                   {IDC_NOISE_AMOUNT, IDC_NOISE_SLIDER, IDC_NOISE_PREVIEW}, picture) {}
 
 void frmNoise::load() {
-    set_title(LoadString(IDS_NOISE_TITLE));
-    set_captions(window(), kCaptions);
-    set_slider_range(control(IDC_NOISE_SLIDER), kMost, 1, 10);
+    SliderDialog::load();
+    set_slider_range(control(IDC_NOISE_SLIDER), kMostNoise, 1, 10);
     set_text(IDC_NOISE_AMOUNT, text_at(Percent));
     check(IDC_NOISE_RANDOM, Random);
     start();
 }
 
 std::optional<int> frmNoise::typed_position() const {
-    return whole_number(text(IDC_NOISE_AMOUNT), 0, kMost);
+    return whole_number(text(IDC_NOISE_AMOUNT), 0, kMostNoise);
 }
 
 std::wstring frmNoise::text_at(int position) const {
@@ -55,13 +54,9 @@ void frmNoise::on_command(int control, int notification) {
 
 bool frmNoise::confirm() {
     const std::optional<int> percent = typed_position();
-    if (!percent) {
-        refuse_field(window(), IDC_NOISE_AMOUNT, LoadString(IDS_NOISE_INVALID));
-        return false;
-    }
+    if (!percent) return refuse(IDC_NOISE_AMOUNT, LoadString(IDS_NOISE_INVALID));
     Percent = *percent;
     Random = checked(IDC_NOISE_RANDOM);
-    Cancelled = false;
     return true;
 }
 

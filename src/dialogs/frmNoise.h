@@ -5,14 +5,14 @@
 
 namespace kelvane {
 
-/// The preview shows the noise on the reduced picture; the picture's own will be finer.
+/// The preview shows the noise on the reduced picture; on the picture itself it is finer.
 class frmNoise : public SliderDialog {
   public:
     explicit frmNoise(const cDIBSection& picture);
 
     /// 0 to 100; valid unless `Cancelled`.
     int Percent = 20;
-    /// Only some pixels, picked at random.
+    /// Only pixels picked at random are changed.
     bool Random = false;
 
   protected:

@@ -1,7 +1,5 @@
 #include "dialogs/frmPalette.h"
 
-#include "dialogs/controls.h"
-#include "dialogs/field_input.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
 #include "texts/file_error_text.h"
@@ -24,12 +22,12 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_PALETTE_CANCEL},
 };
 
-// Squares of colour: no larger than this at 96 dots per inch, and with a gap between them from the
-// second number, in pixels, on.
+// Side of a colour's square: the largest, at 96 dots per inch, and the smallest with a gap to the
+// next square, in pixels.
 constexpr int kLargestSquare = 24;
 constexpr int kSmallestWithGap = 5;
 
-// By name the first palette file of a folder; empty when there is none.
+// The first palette file of a folder in the order of names; empty when there is none.
 std::filesystem::path first_palette(const std::filesystem::path& folder) {
     std::set<std::filesystem::path> found;
     std::error_code error;
@@ -69,19 +67,17 @@ void draw_colours(const DRAWITEMSTRUCT& box, std::span<const cPalette::Colour> c
 
 } // namespace
 
-frmPalette::frmPalette(const SettingsFile& settings) : Dialog(IDD_PALETTE), settings_(settings) {}
+frmPalette::frmPalette(const SettingsFile& settings)
+    : Form(IDD_PALETTE, IDS_PALETTE_TITLE, kCaptions), settings_(settings) {}
 
 void frmPalette::load() {
-    Cancelled = true;
-    set_title(LoadString(IDS_PALETTE_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
     if (FileName.empty()) FileName = first_palette(program_folder());
     set_text(IDC_PALETTE_FILE, FileName.wstring());
     read_colours();
 }
 
-// Reads the file whose name stands in the field and shows its colours. What is wrong with it;
-// empty for a good one.
+// Reads the file named in the field and shows its colours. The error text; empty on success.
 std::wstring frmPalette::read_colours() {
     const std::wstring file = text(IDC_PALETTE_FILE);
     palette_ = cPalette();
@@ -109,7 +105,7 @@ void frmPalette::on_command(int control, int notification) {
     if (control == IDC_PALETTE_BROWSE) browse();
 }
 
-// The folder of the file in the field, or else of the last picture, or else of the program.
+// The folder of the file in the field, else that of the last opened picture, else the program's.
 std::wstring frmPalette::browse_folder() const {
     const std::filesystem::path file = text(IDC_PALETTE_FILE);
     std::error_code ignored;
@@ -128,23 +124,17 @@ void frmPalette::browse() {
     if (!chosen) return;
     set_text(IDC_PALETTE_FILE, *chosen);
     const std::wstring wrong = read_colours();
-    if (!wrong.empty()) refuse_field(window(), IDC_PALETTE_FILE, wrong);
+    if (!wrong.empty()) refuse(IDC_PALETTE_FILE, wrong);
 }
 
-INT_PTR frmPalette::on_message(UINT message, WPARAM /*w*/, LPARAM l) {
-    if (message != WM_DRAWITEM) return FALSE;
-    draw_colours(*reinterpret_cast<const DRAWITEMSTRUCT*>(l), palette_.colours());
-    return TRUE;
+void frmPalette::draw(const DRAWITEMSTRUCT& box) {
+    draw_colours(box, palette_.colours());
 }
 
 bool frmPalette::confirm() {
     const std::wstring wrong = read_colours();
-    if (!wrong.empty()) {
-        refuse_field(window(), IDC_PALETTE_FILE, wrong);
-        return false;
-    }
+    if (!wrong.empty()) return refuse(IDC_PALETTE_FILE, wrong);
     FileName = text(IDC_PALETTE_FILE);
-    Cancelled = false;
     return true;
 }
 

@@ -1,22 +1,20 @@
 // frmPalette: the palette file that a picture is mapped onto.
 #pragma once
 
+#include "dialogs/form.h"
 #include "process/palette.h"
 #include "settings/settings_file.h"
-#include "win/dialog.h"
 
 #include <filesystem>
 
 namespace kelvane {
 
-/// Shows the colours of the chosen file and confirms only one that holds some. It starts with the
-/// first palette file beside the program, if there is one, and browses from there or from where
-/// pictures were opened last.
-class frmPalette : public win::Dialog {
+/// Shows the colours of the chosen file; OK accepts only a file that holds some. It starts with the
+/// first palette file in the program's folder, if any.
+class frmPalette : public Form {
   public:
     explicit frmPalette(const SettingsFile& settings);
 
-    bool Cancelled = true;
     /// A readable palette file; valid unless `Cancelled`.
     std::filesystem::path FileName;
 
@@ -24,7 +22,7 @@ class frmPalette : public win::Dialog {
     void load() override;
     bool confirm() override;
     void on_command(int control, int notification) override;
-    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
+    void draw(const DRAWITEMSTRUCT& box) override;
 
   private:
     void browse();

@@ -1,6 +1,5 @@
 #include "dialogs/frmSW.h"
 
-#include "dialogs/controls.h"
 #include "dialogs/slider.h"
 #include "settings/catalogue.h"
 #include "win/arrow_keys.h"
@@ -30,14 +29,13 @@ constexpr Caption kCaptions[] = {
 };
 
 constexpr int kLowestLimit = 1;
-constexpr int kHighestLimit = 255;
-// Where a slider stands before its reduction was used for the first time: for brightness what the
-// export reduces at.
-constexpr int kDesignedLimit = 128;
+constexpr int kHighestLimit = kLargestLimit;
+// Slider position before a reduction was first used; for brightness the limit of the export.
+constexpr int kDesignedLimit = kExportLimit;
 
 struct Slider {
     int id;
-    NumberSetting setting;
+    OptionalSetting setting;
 };
 constexpr Slider kSliders[] = {
     {IDC_REDUCE_BRIGHTNESS_LIMIT, settings::kBrightnessLimit},
@@ -68,21 +66,20 @@ void repaint(HWND control) {
 } // namespace
 
 frmSW::frmSW(const SettingsFile& settings, const cDIBSection& picture)
-    : Dialog(IDD_REDUCE), settings_(settings), preview_(picture) {
+    : Form(IDD_REDUCE, IDS_REDUCE_TITLE, kCaptions), settings_(settings), preview_(picture) {
     register_sliders();
 }
 
 void frmSW::load() {
-    result = 0;
-    set_title(LoadString(IDS_REDUCE_TITLE));
-    set_captions(window(), kCaptions);
+    Form::load();
+    result.reset();
     density_changed();
     if (!preview_.detail_shows_all()) serve_keys();
     restore();
     show_kind();
 }
 
-// The overview, in which there is a frame to move, can have the focus.
+// Lets the overview take the focus and the arrow keys, which move the frame in it.
 void frmSW::serve_keys() const {
     const HWND overview = control(IDC_REDUCE_OVERVIEW);
     SetWindowLongW(overview, GWL_STYLE, GetWindowLongW(overview, GWL_STYLE) | WS_TABSTOP);
@@ -90,17 +87,18 @@ void frmSW::serve_keys() const {
 }
 
 void frmSW::density_changed() {
-    for (const int box : {IDC_REDUCE_OVERVIEW, IDC_REDUCE_DETAIL})
-        win::fit_picture_box(control(box), kPreviewEdge, kPreviewEdge);
+    fit_preview(IDC_REDUCE_OVERVIEW);
+    fit_preview(IDC_REDUCE_DETAIL);
 }
 
 void frmSW::restore() {
     for (const Slider& each : kSliders) {
-        const int stored = read_setting(settings_, each.setting);
-        prepare_slider(control(each.id), stored == 0 ? kDesignedLimit : stored);
+        const int stored = read_setting(settings_, each.setting).value_or(kDesignedLimit);
+        const bool usable = stored >= kLowestLimit && stored <= kHighestLimit;
+        prepare_slider(control(each.id), usable ? stored : kDesignedLimit);
     }
-    // A channel whose key is missing beside another's is unticked. While no key is there at all,
-    // the reduction has never been made: without a channel it could not be, so all are ticked.
+    // A channel without a key is unticked, unless all keys are missing: the reduction was then
+    // never used, and all channels are ticked.
     const bool stored = std::ranges::any_of(kChannelBoxes, [this](const ChannelBox& box) {
         return !settings_.ReadIniValue(box.setting.section, box.setting.key).empty();
     });
@@ -124,14 +122,7 @@ HWND frmSW::slider() const {
     return control(checked(IDC_REDUCE_EDGES) ? IDC_REDUCE_EDGE_LIMIT : IDC_REDUCE_BRIGHTNESS_LIMIT);
 }
 
-bool frmSW::lacks_channel() const {
-    const Reduction reduction = chosen();
-    const Channels& channels = reduction.channels;
-    return reduction.kind == ReductionKind::Colours && !channels.red && !channels.green &&
-           !channels.blue;
-}
-
-// The chosen reduction's controls.
+// Shows and enables the controls of the chosen reduction.
 void frmSW::show_kind() {
     for (const Slider& each : kSliders)
         ShowWindow(control(each.id), control(each.id) == slider() ? SW_SHOW : SW_HIDE);
@@ -142,8 +133,8 @@ void frmSW::show_kind() {
 
 void frmSW::show_preview() {
     set_text(IDC_REDUCE_LIMIT, std::to_wstring(slider_position(slider())));
-    // Edges are where colours differ by the limit or more: the sentence on pixels is not theirs.
-    if (lacks_channel())
+    // No hint for edges: their limit is a difference between pixels.
+    if (!chosen().possible())
         set_text(IDC_REDUCE_HINT, LoadString(IDS_REDUCE_NO_COLOUR));
     else
         set_text(IDC_REDUCE_HINT, checked(IDC_REDUCE_EDGES) ? L"" : LoadString(IDS_REDUCE_HINT));
@@ -153,17 +144,12 @@ void frmSW::show_preview() {
 }
 
 bool frmSW::confirm() {
-    if (lacks_channel()) {
+    if (!chosen().possible()) {
         win::message_box(window(), LoadString(IDS_REDUCE_NO_COLOUR), LoadString(IDS_REDUCE_TITLE),
                          MB_OK | MB_ICONINFORMATION);
         return false;
     }
-    const Reduction reduction = chosen();
-    result = static_cast<int>(reduction.kind);
-    limitvalue = reduction.limit;
-    red = reduction.channels.red;
-    green = reduction.channels.green;
-    blue = reduction.channels.blue;
+    result = chosen();
     return true;
 }
 
@@ -177,9 +163,6 @@ INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
     switch (message) {
     case WM_HSCROLL:
         show_preview();
-        return TRUE;
-    case WM_DRAWITEM:
-        draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
         return TRUE;
     case WM_SETCURSOR:
         return show_hand();
@@ -199,24 +182,21 @@ INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
         dragging_ = false;
         return TRUE;
     default:
-        return FALSE;
+        return Form::on_message(message, w, l);
     }
 }
 
-void frmSW::draw(const DRAWITEMSTRUCT& box) const {
-    const double zoom = win::picture_zoom(window());
-    if (box.CtlID == IDC_REDUCE_OVERVIEW) {
-        win::draw_picture_box(box, preview_.overview(), zoom);
-        draw_frame(box, zoom);
-    } else {
-        win::draw_picture_box(box, preview_.detail(), zoom);
-    }
+void frmSW::draw(const DRAWITEMSTRUCT& box) {
+    const bool is_overview = box.CtlID == IDC_REDUCE_OVERVIEW;
+    draw_preview(box, is_overview ? preview_.overview() : preview_.detail());
+    if (is_overview) draw_frame(box);
 }
 
-// Marks in the overview what the detail shows, unless that is everything; boldly while the arrow
-// keys move it.
-void frmSW::draw_frame(const DRAWITEMSTRUCT& box, double zoom) const {
+// Marks in the overview what the detail shows, unless that is everything. The frame is thick while
+// the overview has the focus.
+void frmSW::draw_frame(const DRAWITEMSTRUCT& box) const {
     if (preview_.detail_shows_all()) return;
+    const double zoom = win::picture_zoom(window());
     const PixelArea area = preview_.detail_in_overview();
     const auto zoomed = [zoom](int pixels) { return static_cast<LONG>(pixels * zoom); };
     RECT frame{zoomed(area.left), zoomed(area.top), zoomed(area.left + area.width),
@@ -228,7 +208,7 @@ void frmSW::draw_frame(const DRAWITEMSTRUCT& box, double zoom) const {
     }
 }
 
-// Over the overview the pointer says that there is something to move.
+// Hand as mouse pointer over the overview, whose frame can be dragged.
 INT_PTR frmSW::show_hand() const {
     POINT pointer{};
     RECT area{};
@@ -240,8 +220,9 @@ INT_PTR frmSW::show_hand() const {
     return TRUE;
 }
 
-// Moves the detail to a place in the overview, which `position` gives in the dialog. False for a
-// place outside; a frame that is being dragged follows the pointer along the border.
+// Moves the detail to the place of the mouse in the overview. `position`: lParam of a mouse message
+// of the dialog. False outside the overview, unless the frame is being dragged: it then follows the
+// mouse along the border.
 bool frmSW::pick_detail(LPARAM position) {
     const HWND box = control(IDC_REDUCE_OVERVIEW);
     POINT place{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
@@ -257,7 +238,7 @@ bool frmSW::pick_detail(LPARAM position) {
     return true;
 }
 
-// The arrow keys move the detail as long as the overview has the focus.
+// Sent by the overview while it has the focus.
 bool frmSW::move_detail(WPARAM key) {
     const int right = key == VK_RIGHT ? 1 : key == VK_LEFT ? -1 : 0;
     const int down = key == VK_DOWN ? 1 : key == VK_UP ? -1 : 0;

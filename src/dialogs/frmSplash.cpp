@@ -1,6 +1,5 @@
 #include "dialogs/frmSplash.h"
 
-#include "dialogs/controls.h"
 #include "dialogs/program_face.h"
 #include "texts/string_table.h"
 
@@ -19,11 +18,11 @@ constexpr UINT_PTR kTimer = 1;
 
 } // namespace
 
-frmSplash::frmSplash(std::wstring version) : Dialog(IDD_SPLASH), version_(std::move(version)) {}
+frmSplash::frmSplash(std::wstring version)
+    : Form(IDD_SPLASH, IDS_PRODUCT_NAME, kCaptions), version_(std::move(version)) {}
 
 void frmSplash::load() {
-    set_title(LoadString(IDS_PRODUCT_NAME));
-    set_captions(window(), kCaptions);
+    Form::load();
     set_text(IDC_SPLASH_VERSION, LoadString(IDS_ABOUT_VERSION, {version_}));
     density_changed();
     SetTimer(window(), kTimer, kStay, nullptr);

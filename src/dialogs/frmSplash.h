@@ -1,24 +1,23 @@
 // frmSplash: shown while the program starts.
 #pragma once
 
+#include "dialogs/form.h"
 #include "dialogs/program_face.h"
-#include "win/dialog.h"
 
 #include <string>
 
 namespace kelvane {
 
-/// Shown with `show_modeless` before its owner, the main window, is: then it is in the middle of
-/// the screen and the main window appears behind it. Goes by itself, after a moment or when it is
-/// clicked, as long as messages are dispatched.
-class frmSplash : public win::Dialog {
+/// Shown with `show_modeless` before its owner, the main window, is shown: it is then in the middle
+/// of the screen, and the main window appears behind it. Closes after `kStay` or when clicked.
+class frmSplash : public Form {
   public:
-    /// How long it stays, in milliseconds.
+    /// Time until it closes, in milliseconds.
     static constexpr unsigned kStay = 1500;
 
     /// `version` as shown ("1.2.3").
     explicit frmSplash(std::wstring version);
-    ~frmSplash() override { close(); } // before its face goes
+    ~frmSplash() override { close(); } // before `face_`, which it shows, is destroyed
 
   protected:
     void load() override;

@@ -1,4 +1,4 @@
-// The filter editor's grid of coefficients, apart from its window.
+// The coefficients in the grid of the filter editor.
 #pragma once
 
 #include "process/filter_kernel.h"
@@ -31,8 +31,8 @@ class KernelGrid {
     /// Distance from the centre to the farthest coefficient that is not 0, along rows or columns;
     /// 0 when only the centre is not, none when all are 0.
     std::optional<int> radius() const;
-    /// The square of side 2 x radius + 1 around the centre, all that is not 0. `radius()` must be
-    /// at least 1.
+    /// The square of side 2 x radius + 1 around the centre, which holds all coefficients other than
+    /// 0. `radius()` must be at least 1.
     FilterKernel kernel(std::int32_t weight) const;
 
   private:

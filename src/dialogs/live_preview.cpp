@@ -9,7 +9,7 @@
 namespace kelvane {
 namespace {
 
-// Averaged where it becomes smaller, interpolated where it does not.
+// Averaged when it becomes smaller, else interpolated.
 cDIBSection at_size(const cDIBSection& picture, PreviewSize size) {
     if (size.width > picture.Width() || size.height > picture.Height())
         return picture.Resample(size.height, size.width);
@@ -18,7 +18,7 @@ cDIBSection at_size(const cDIBSection& picture, PreviewSize size) {
     return result;
 }
 
-// Smaller pictures stay as they are: operations that act on single pixels shall show theirs.
+// Small pictures are not enlarged: operations on single pixels have to show the picture's own.
 cDIBSection reduced(const cDIBSection& picture) {
     if (std::max(picture.Width(), picture.Height()) <= kPreviewEdge) return picture.Copy();
     return at_size(picture, preview_size(picture.Width(), picture.Height()));
@@ -42,7 +42,7 @@ void LivePreview::show(HWND box, const std::function<void(cDIBSection&)>& operat
     shown_ = unchanged_.Copy();
     operation(shown_);
     InvalidateRect(box, nullptr, FALSE);
-    UpdateWindow(box); // a slider that is dragged leaves no time for painting
+    UpdateWindow(box); // WM_PAINT would wait while the slider is dragged
 }
 
 void LivePreview::draw(const DRAWITEMSTRUCT& box) const {

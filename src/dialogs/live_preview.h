@@ -1,4 +1,4 @@
-// The preview of an operation, following its dialog's controls.
+// Preview of an operation, updated while the user changes its settings.
 #pragma once
 
 #include "image/dib_section.h"
@@ -9,16 +9,16 @@
 
 namespace kelvane {
 
-/// Works on a copy of the picture reduced to the preview's size, so that large pictures are shown
-/// as fluently as small ones.
+/// Works on a copy of the picture reduced to the preview's size, so that its time does not depend
+/// on the picture's size.
 class LivePreview {
   public:
     LivePreview() = default; // of no picture
     explicit LivePreview(const cDIBSection& picture);
 
-    /// Makes `box`, a picture box for `kPreviewEdge` pixels each way, as small as what it shows.
+    /// Reduces `box`, a picture box for `kPreviewEdge` pixels each way, to the size of the preview.
     void fit(HWND box) const;
-    /// Applies an operation to the unchanged preview and has `box`, a picture box, drawn anew.
+    /// Applies an operation to a copy of the reduced picture and redraws `box` at once.
     void show(HWND box, const std::function<void(cDIBSection&)>& operation);
     /// Answers WM_DRAWITEM of the box. Small pictures are enlarged, pixel by pixel.
     void draw(const DRAWITEMSTRUCT& box) const;

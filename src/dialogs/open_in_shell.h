@@ -1,4 +1,4 @@
-// Buttons of dialogs that open a page or a file with the program that the user has for it.
+// Opening pages and files from dialogs, by the program that the user has for them.
 #pragma once
 
 #include <functional>
@@ -6,7 +6,7 @@
 
 namespace kelvane {
 
-/// Opens a web page or a file and shows by itself why it could not.
+/// Opens a web page or a file; failures are shown.
 using OpenInShell = std::function<void(const std::wstring& page_or_file)>;
 
 } // namespace kelvane

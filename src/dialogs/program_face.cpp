@@ -5,15 +5,7 @@
 #include <algorithm>
 
 namespace kelvane {
-
 namespace {
-
-// Not shared: the system would answer with the icon of any size that was loaded first.
-win::Icon icon_of_size(int side) {
-    return win::Icon(
-        static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE),
-                                      IMAGE_ICON, side, side, LR_DEFAULTCOLOR)));
-}
 
 win::Font large_font(HWND dialog) {
     LOGFONTW description{};
@@ -26,11 +18,18 @@ win::Font large_font(HWND dialog) {
 
 } // namespace
 
+// Without LR_SHARED, with which the system returns the icon in the size that was loaded first.
+win::Icon program_icon(int width, int height) {
+    return win::Icon(
+        static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE),
+                                      IMAGE_ICON, width, height, LR_DEFAULTCOLOR)));
+}
+
 ProgramFace show_program_face(HWND dialog, int icon, int name) {
     RECT area{};
     GetClientRect(GetDlgItem(dialog, icon), &area);
-    ProgramFace face{icon_of_size(static_cast<int>(std::min(area.right, area.bottom))),
-                     large_font(dialog)};
+    const int side = static_cast<int>(std::min(area.right, area.bottom));
+    ProgramFace face{program_icon(side, side), large_font(dialog)};
     SendDlgItemMessageW(dialog, icon, STM_SETICON, reinterpret_cast<WPARAM>(face.icon.get()), 0);
     SendDlgItemMessageW(dialog, name, WM_SETFONT, reinterpret_cast<WPARAM>(face.font.get()), TRUE);
     return face;

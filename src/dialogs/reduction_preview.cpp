@@ -10,7 +10,7 @@
 namespace kelvane {
 namespace {
 
-// Rows of the picture that are reduced for each row of the overview.
+// Rows of the picture that are reduced for one row of the overview.
 constexpr int kRowsPerRow = 2;
 
 void shrink(ConstImageView from, ImageView to) {
@@ -20,8 +20,7 @@ void shrink(ConstImageView from, ImageView to) {
         resample_bilinear(from, to);
 }
 
-// Darkness becomes its square root: lines of single pixels, all that edges are made of, would be
-// too pale to see.
+// Replaces darkness by its square root: edges are lines of one pixel, which shrunk are too pale.
 void strengthen_lines(ImageView view) {
     for (int y = 0; y < view.height; ++y)
         for (std::uint8_t* byte = view.row(y); byte < view.row(y) + 3 * view.width; ++byte)
@@ -76,8 +75,8 @@ void ReductionPreview::update_overview(const Reduction& reduction) {
     if (reduction.kind == ReductionKind::Edges) strengthen_lines(overview_.view());
 }
 
-// The pixels to the left and below come along, because the reduction to edges looks to the left
-// and leaves the first column and the bottom row of what it gets as they are.
+// The reduction to edges leaves the first column and the bottom row of its input unreduced, so one
+// more column on the left and one more row below are included.
 void ReductionPreview::update_detail(const Reduction& reduction) {
     const int bottom = picture_.Height() - area_.top - area_.height;
     const int more_left = std::min(1, area_.left);

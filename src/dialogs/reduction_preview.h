@@ -1,10 +1,9 @@
-// What a reduction to black and white would make of a picture, quickly enough to follow a slider.
+// Preview of a reduction to black and white, fast enough to follow a slider.
 //
-// Reducing a whole scan takes too long for that, and a reduced small copy would lie: edges are
-// steps between neighbouring pixels, and a small copy has other neighbours. So there are two
-// views, both made from pixels that were reduced as they are: an overview of some of the picture's
-// rows, shrunk after the reduction (edges are drawn stronger, or they would vanish), and a detail
-// at one pixel to one pixel.
+// Reducing a whole scan takes too long. Reducing a small copy would give other edges, which depend
+// on neighbouring pixels. So there are two views, both made from the picture's own pixels: an
+// overview of some of the rows, shrunk after the reduction (edges are drawn stronger, or they would
+// vanish), and a detail at one pixel to one pixel.
 #pragma once
 
 #include "dialogs/preview_size.h"
@@ -27,16 +26,15 @@ class ReductionPreview {
     /// `edge` pixels; the detail starts in the middle of the picture.
     explicit ReductionPreview(const cDIBSection& picture, int edge = kPreviewEdge);
 
-    /// Makes both views anew. A reduction that cannot be made shows the picture unreduced. Without
-    /// memory for them the views are empty.
+    /// Makes both views. A reduction that cannot be made shows the picture unreduced. When memory
+    /// runs out the views are empty.
     void update(const Reduction& reduction);
-    /// Moves the detail so that its middle is what the overview shows at (x, y), y from the top,
-    /// or as near as the picture's borders allow. False when it stays where it is; otherwise
-    /// `update` has to follow.
+    /// Centres the detail on the point (x, y) of the overview, y from the top, as far as the
+    /// picture's borders allow. True when it has moved; `update` has to follow.
     bool centre_detail_at(int x, int y);
 
-    /// Moves the detail over the picture by so many of its eighths, to the right and down, as far
-    /// as the picture's borders allow. The same answer.
+    /// Moves the detail by eighths of its width and height, as far as the picture's borders allow.
+    /// Result as above.
     bool move_detail(int right, int down);
 
     const cDIBSection& overview() const { return overview_; }
@@ -56,11 +54,11 @@ class ReductionPreview {
     const cDIBSection& picture_;
     PreviewSize size_;
     PixelArea area_;
-    /// Every so many rows of the picture, and the same reduced.
+    /// Every n-th row of the picture, and these rows reduced.
     cDIBSection rows_;
     cDIBSection work_;
-    /// The bottom row stays unreduced where edges are looked for. Where that would be too much of
-    /// the overview, this many rows below the first are there to take its place.
+    /// 1 if `rows_` has an extra row at the bottom, else 0. The reduction to edges leaves the
+    /// bottom row unreduced; the extra row is not drawn in the overview.
     int spare_rows_ = 0;
     cDIBSection overview_;
     cDIBSection detail_;

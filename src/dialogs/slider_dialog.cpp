@@ -4,13 +4,13 @@
 
 namespace kelvane {
 
-SliderDialog::SliderDialog(int template_id, const Controls& controls, const cDIBSection& picture)
-    : Dialog(template_id), controls_(controls), preview_(picture) {
+SliderDialog::SliderDialog(int template_id, int title, std::span<const Caption> captions,
+                           const Controls& controls, const cDIBSection& picture)
+    : Form(template_id, title, captions), controls_(controls), preview_(picture) {
     register_sliders();
 }
 
 void SliderDialog::start() {
-    Cancelled = true;
     density_changed();
     follow_field();
 }
@@ -31,12 +31,8 @@ void SliderDialog::on_command(int control, int notification) {
 }
 
 INT_PTR SliderDialog::on_message(UINT message, WPARAM w, LPARAM l) {
-    if (message == WM_HSCROLL) {
-        set_text(controls_.field, text_at(slider_position(control(controls_.slider))));
-        return TRUE;
-    }
-    if (message != WM_DRAWITEM || w != static_cast<WPARAM>(controls_.preview)) return FALSE;
-    preview_.draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
+    if (message != WM_HSCROLL) return Form::on_message(message, w, l);
+    set_text(controls_.field, text_at(slider_position(control(controls_.slider))));
     return TRUE;
 }
 

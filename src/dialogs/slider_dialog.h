@@ -1,21 +1,18 @@
-// Base of the dialogs that ask for one number and show at once what it does to the picture.
+// Base of the dialogs for one number with a preview of its effect.
 #pragma once
 
+#include "dialogs/form.h"
 #include "dialogs/live_preview.h"
 #include "engine/image_process.h"
-#include "win/dialog.h"
 
 #include <optional>
 #include <string>
 
 namespace kelvane {
 
-/// A field and a slider, which follow each other, and a live preview. A number that is being typed
-/// and is none yet leaves slider and preview where they are.
-class SliderDialog : public win::Dialog {
-  public:
-    bool Cancelled = true;
-
+/// A field and a slider, which follow each other, and a live preview. Incomplete input leaves
+/// slider and preview unchanged.
+class SliderDialog : public Form {
   protected:
     struct Controls {
         int field;
@@ -23,19 +20,21 @@ class SliderDialog : public win::Dialog {
         int preview;
     };
 
-    SliderDialog(int template_id, const Controls& controls, const cDIBSection& picture);
+    SliderDialog(int template_id, int title, std::span<const Caption> captions,
+                 const Controls& controls, const cDIBSection& picture);
 
-    /// The slider's position for the number in the field; nothing when there is none.
+    /// The slider's position for the number in the field; nothing when that is no valid number.
     virtual std::optional<int> typed_position() const = 0;
     virtual std::wstring text_at(int position) const = 0;
-    /// What OK would do, on the preview; only while the field holds a number.
+    /// Applies to the preview what OK would do. Called only while the field holds a valid number.
     virtual void apply(cDIBSection& picture) = 0;
 
-    /// From `load`, once slider and field are filled.
+    /// To be called at the end of `load`.
     void start();
     void follow_field();
     void density_changed() override;
     void on_command(int control, int notification) override;
+    void draw(const DRAWITEMSTRUCT& box) override { preview_.draw(box); }
     INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
 
     cImageProcessDIB engine_;

@@ -1,8 +1,13 @@
 #include "engine/image_process.h"
 
-#include "engine/picture_checks.h"
-#include "process/combine.h"
+#include "process/dark_bounds.h"
+#include "process/despeckle.h"
+#include "process/diffusion.h"
 #include "process/filters.h"
+#include "process/grayscale.h"
+#include "process/tone.h"
+#include "reduce/local_black_white.h"
+#include "reduce/otsu.h"
 
 #include <stdexcept>
 #include <utility>
@@ -25,6 +30,17 @@ constexpr PropertyError kInvalidSize{kObjectErrorBase + 1306, 16102,
 [[noreturn]] void raise(const PropertyError& error, const std::string& executable_name) {
     throw EngineError(error.number, error.string_id, error.text,
                       executable_name + ".cImageProcess");
+}
+
+// Two pictures of one size, neither empty.
+bool same_size(const cDIBSection& a, const cDIBSection& b) {
+    return !a.empty() && !b.empty() && a.Width() == b.Width() && a.Height() == b.Height();
+}
+
+// `from` is at least as large as `to`, neither empty.
+bool covers(const cDIBSection& from, const cDIBSection& to) {
+    return !from.empty() && !to.empty() && from.Width() >= to.Width() &&
+           from.Height() >= to.Height();
 }
 
 } // namespace
@@ -101,26 +117,136 @@ bool cImageProcessDIB::run_convolution(ImageView image, ImageView buffer) {
     return true;
 }
 
-bool cImageProcessDIB::AddLightest(const cDIBSection& cFrom, cDIBSection& cTo) {
+bool cImageProcessDIB::Combine(const cDIBSection& cFrom, cDIBSection& cTo,
+                               const Combination& combination) {
     if (!covers(cFrom, cTo)) return false;
-    kelvane::AddLightest(cFrom.view(), cTo.view(), observer_);
+    kelvane::Combine(cFrom.view(), cTo.view(), combination, observer_);
     return true;
 }
 
-bool cImageProcessDIB::AddDarkest(const cDIBSection& cFrom, cDIBSection& cTo) {
-    if (!covers(cFrom, cTo)) return false;
-    kelvane::AddDarkest(cFrom.view(), cTo.view(), observer_);
+bool cImageProcessDIB::GrayScale(cDIBSection& cImage) {
+    if (cImage.empty()) return false;
+    kelvane::GrayScale(cImage.view(), observer_);
     return true;
 }
 
-bool cImageProcessDIB::AddImages(const cDIBSection& cFrom, cDIBSection& cTo, int lFromMultiplier,
-                                 int lFromOffsetR, int lFromOffsetG, int lFromOffsetB,
-                                 int lToMultiplier, int lToOffsetR, int lToOffsetG,
-                                 int lToOffsetB) {
-    if (!covers(cFrom, cTo)) return false;
-    kelvane::AddImages(cFrom.view(), cTo.view(),
-                       {lFromMultiplier, lFromOffsetR, lFromOffsetG, lFromOffsetB},
-                       {lToMultiplier, lToOffsetR, lToOffsetG, lToOffsetB}, observer_);
+bool cImageProcessDIB::Fade(cDIBSection& cImage, int level) {
+    if (cImage.empty()) return false;
+    kelvane::Fade(cImage.view(), level, observer_);
+    return true;
+}
+
+bool cImageProcessDIB::Lighten(cDIBSection& cImage, int percent) {
+    if (cImage.empty()) return false;
+    kelvane::Lighten(cImage.view(), percent, observer_);
+    return true;
+}
+
+bool cImageProcessDIB::Colourise(cDIBSection& cImage, float fHue, float /*fSaturation*/) {
+    if (cImage.empty()) return false;
+    kelvane::Colourise(cImage.view(), fHue, observer_);
+    return true;
+}
+
+bool cImageProcessDIB::AddNoise(cDIBSection& cImage, int percent, bool bRandom) {
+    if (cImage.empty()) return false;
+    kelvane::AddNoise(cImage.view(), percent, bRandom, random_, observer_);
+    return true;
+}
+
+bool cImageProcessDIB::NegativeImage(cDIBSection& cImage) {
+    if (cImage.empty()) return false;
+    kelvane::NegativeImage(cImage.view(), observer_);
+    return true;
+}
+
+bool cImageProcessDIB::ApplyPalette(cDIBSection& cImage, cDIBSection& cBuffer,
+                                    const cPalette& cPal) {
+    if (!same_size(cImage, cBuffer) || cPal.Count() == 0) return false;
+    kelvane::ApplyPalette(cImage.view(), cBuffer.view(), cPal, observer_);
+    return true;
+}
+
+bool cImageProcessDIB::Steinberg(cDIBSection& cImage, cDIBSection& cBuffer) {
+    if (!same_size(cImage, cBuffer)) return false;
+    kelvane::Steinberg(cImage.view(), cBuffer.view(), observer_);
+    return true;
+}
+
+bool cImageProcessDIB::Reduce(cDIBSection& cSource, cDIBSection& cDestination,
+                              const Reduction& reduction) {
+    if (!same_size(cSource, cDestination) || !reduction.possible()) return false;
+    kelvane::Reduce(cSource.view(), cDestination.view(), reduction, observer_);
+    return true;
+}
+
+bool cImageProcessDIB::LocalBlackWhite(cDIBSection& cSource, cDIBSection& cDestination, int size,
+                                       int offset) {
+    if (!same_size(cSource, cDestination)) return false;
+    if (size % 2 == 0 || size < kLeastNeighbourhood || size > kLargestNeighbourhood) return false;
+    if (offset < -kLargestOffset || offset > kLargestOffset) return false;
+    kelvane::LocalBlackWhite(cSource.view(), cDestination.view(), size, offset, observer_);
+    return true;
+}
+
+std::optional<int> cImageProcessDIB::OtsuLimit(const cDIBSection& cImage) {
+    if (cImage.empty()) return std::nullopt;
+    return kelvane::OtsuLimit(cImage.view(), observer_);
+}
+
+bool cImageProcessDIB::Despeckle(cDIBSection& cImage, int most) {
+    if (cImage.empty() || most < 0) return false;
+    kelvane::Despeckle(cImage.view(), kExportLimit, most, observer_);
+    return true;
+}
+
+std::optional<PixelRect> cImageProcessDIB::DarkBounds(const cDIBSection& cImage) {
+    if (cImage.empty()) return std::nullopt;
+    return kelvane::DarkBounds(cImage.view(), kExportLimit, observer_);
+}
+
+bool cImageProcessDIB::Crop(cDIBSection& cImage, const PixelRect& part, int margin) {
+    if (cImage.empty() || !lies_inside(part, cImage.Width(), cImage.Height())) return false;
+    if (margin < 0 || margin > kLargestMargin) return false;
+    cDIBSection result;
+    if (!result.Create(part.width + 2 * margin, part.height + 2 * margin)) return false;
+    kelvane::Crop(std::as_const(cImage).view(), part, result.view(), margin, observer_);
+    cImage = std::move(result);
+    return true;
+}
+
+bool cImageProcessDIB::Mirror(cDIBSection& cImage) {
+    if (cImage.empty()) return false;
+    kelvane::Mirror(cImage.view(), observer_);
+    return true;
+}
+
+bool cImageProcessDIB::Flip(cDIBSection& cImage) {
+    if (cImage.empty()) return false;
+    kelvane::Flip(cImage.view(), observer_);
+    return true;
+}
+
+bool cImageProcessDIB::RotateHalf(cDIBSection& cImage) {
+    if (cImage.empty()) return false;
+    kelvane::RotateHalf(cImage.view(), observer_);
+    return true;
+}
+
+bool cImageProcessDIB::RotateRight(cDIBSection& cImage) {
+    return rotate_quarter(cImage, kelvane::RotateRight);
+}
+
+bool cImageProcessDIB::RotateLeft(cDIBSection& cImage) {
+    return rotate_quarter(cImage, kelvane::RotateLeft);
+}
+
+bool cImageProcessDIB::rotate_quarter(cDIBSection& cImage, void (*rotate)(ConstImageView, ImageView,
+                                                                          ProgressObserver*)) {
+    cDIBSection result;
+    if (cImage.empty() || !result.Create(cImage.Height(), cImage.Width())) return false;
+    rotate(std::as_const(cImage).view(), result.view(), observer_);
+    cImage = std::move(result);
     return true;
 }
 

@@ -1,4 +1,4 @@
-// cImageProcessDIB, the engine's face: what the windows and the command line call.
+// cImageProcessDIB, the engine's interface to windows and command line.
 #pragma once
 
 #include "base/random_source.h"
@@ -6,6 +6,7 @@
 #include "export/vectorize.h"
 #include "image/dib_section.h"
 #include "image/progress.h"
+#include "process/combine.h"
 #include "process/filter_kernel.h"
 #include "process/geometry.h"
 #include "process/palette.h"
@@ -17,15 +18,6 @@
 #include <string>
 
 namespace kelvane {
-
-/// The reductions to black and white, by the numbers that the reduction dialog answers with.
-enum class ReductionKind { Brightness = 1, Colours = 2, Edges = 3 };
-
-struct Reduction {
-    ReductionKind kind;
-    int limit;
-    Channels channels; // for `Colours` only
-};
 
 /// One per document. It works on the pictures handed to each call and holds only the current
 /// kernel, the receiver of its events and the state of its random numbers.
@@ -40,7 +32,6 @@ class cImageProcessDIB {
     /// Receives `InitProgress`, `Progress` and `Complete` of every operation; null for nobody.
     /// It must outlive the engine or be replaced.
     void set_observer(ProgressObserver* observer) { observer_ = observer; }
-    ProgressObserver* observer() const { return observer_; }
 
     // Filters.
 
@@ -69,18 +60,28 @@ class cImageProcessDIB {
 
     // Combination; see process/combine.h. `cFrom` must be at least as large as `cTo`.
 
-    bool AddLightest(const cDIBSection& cFrom, cDIBSection& cTo);
-    bool AddDarkest(const cDIBSection& cFrom, cDIBSection& cTo);
+    bool Combine(const cDIBSection& cFrom, cDIBSection& cTo, const Combination& combination);
+    bool AddLightest(const cDIBSection& cFrom, cDIBSection& cTo) {
+        return Combine(cFrom, cTo, {CombinationType::AddLightest});
+    }
+    bool AddDarkest(const cDIBSection& cFrom, cDIBSection& cTo) {
+        return Combine(cFrom, cTo, {CombinationType::AddDarkest});
+    }
     bool AddImages(const cDIBSection& cFrom, cDIBSection& cTo, int lFromMultiplier,
                    int lFromOffsetR, int lFromOffsetG, int lFromOffsetB, int lToMultiplier,
-                   int lToOffsetR, int lToOffsetG, int lToOffsetB);
+                   int lToOffsetR, int lToOffsetG, int lToOffsetB) {
+        return Combine(cFrom, cTo,
+                       {CombinationType::AddImages,
+                        {{{lFromMultiplier, lFromOffsetR, lFromOffsetG, lFromOffsetB},
+                          {lToMultiplier, lToOffsetR, lToOffsetG, lToOffsetB}}}});
+    }
 
     // Tone and colour, in place; see process/grayscale.h and process/tone.h.
 
     bool GrayScale(cDIBSection& cImage);
     bool Fade(cDIBSection& cImage, int level);
     bool Lighten(cDIBSection& cImage, int percent);
-    /// `fSaturation` is not looked at: pixels keep theirs.
+    /// `fSaturation` is ignored: pixels keep theirs.
     bool Colourise(cDIBSection& cImage, float fHue, float fSaturation = 0);
     bool AddNoise(cDIBSection& cImage, int percent, bool bRandom = false);
     bool NegativeImage(cDIBSection& cImage);
@@ -93,17 +94,27 @@ class cImageProcessDIB {
     bool ApplyPalette(cDIBSection& cImage, cDIBSection& cBuffer, const cPalette& cPal);
     bool Steinberg(cDIBSection& cImage, cDIBSection& cBuffer);
 
-    // Reductions; see reduce/black_white.h, reduce/local_black_white.h and reduce/otsu.h.
-    // `LineArt2` without a channel is refused, as are numbers out of their ranges.
+    // Reductions; see reduce/black_white.h, reduce/local_black_white.h and reduce/otsu.h. Those
+    // that are not `possible` are refused, as are numbers out of their ranges.
 
-    /// Reduces `cImage` in place. Windows, previews and command line all call this one, so that
-    /// they agree on the column and the row that `EdgeDetect2` leaves alone: they stay as they
-    /// were in `cImage`.
-    bool Reduce(cDIBSection& cImage, const Reduction& reduction);
-    bool BlackAndWhite(cDIBSection& cSource, cDIBSection& cDestination, int limit);
-    bool BlackAndWhite2(cDIBSection& cSource, cDIBSection& cDestination, int limit);
-    bool LineArt2(cDIBSection& cSource, cDIBSection& cDestination, int limit, Channels channels);
-    bool EdgeDetect2(cDIBSection& cSource, cDIBSection& cDestination, int limit);
+    /// Reduces `cImage` in place: the column and the row that `EdgeDetect2` does not write stay as
+    /// they were in `cImage`.
+    bool Reduce(cDIBSection& cImage, const Reduction& reduction) {
+        return Reduce(cImage, cImage, reduction);
+    }
+    bool Reduce(cDIBSection& cSource, cDIBSection& cDestination, const Reduction& reduction);
+    bool BlackAndWhite(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
+        return Reduce(cSource, cDestination, {ReductionKind::Brightness, limit});
+    }
+    bool BlackAndWhite2(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
+        return BlackAndWhite(cSource, cDestination, limit);
+    }
+    bool LineArt2(cDIBSection& cSource, cDIBSection& cDestination, int limit, Channels channels) {
+        return Reduce(cSource, cDestination, {ReductionKind::Colours, limit, channels});
+    }
+    bool EdgeDetect2(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
+        return Reduce(cSource, cDestination, {ReductionKind::Edges, limit});
+    }
     bool LocalBlackWhite(cDIBSection& cSource, cDIBSection& cDestination, int size, int offset);
     /// The limit for `BlackAndWhite` that suits the picture; nothing for an empty one.
     std::optional<int> OtsuLimit(const cDIBSection& cImage);

@@ -48,7 +48,7 @@ template <typename Op> void combine_shifted(BitPicture& picture, int dx, int dy)
 }
 
 // Combines every pixel with the `steps` pixels that follow it at distances of (dx, dy). Each pass
-// doubles the stretch that is combined.
+// doubles the span that is combined.
 template <typename Op> void combine_segment(BitPicture& picture, int dx, int dy, int steps) {
     const int longest = (kWordPixels - 1) / std::max(1, std::abs(dx));
     for (int done = 0; done < steps;) {

@@ -10,6 +10,8 @@ namespace kelvane {
 
 /// Kinds of shapes in the script; the values are those of the export dialog and its settings.
 enum ShapeKind : std::int16_t { kShapePolygon = 0, kShapeWire = 1, kShapeRectangle = 2 };
+/// Their names, by value.
+inline constexpr std::array<std::string_view, 3> kShapeNames{"polygon", "wire", "rectangle"};
 
 /// The grey up to which an export takes a pixel for dark: the limit of its reduction to black and
 /// white.
@@ -42,29 +44,31 @@ inline constexpr double kMostSmoothing = .5;
 struct Unit {
     std::string_view name; // as in the script's Grid command
     double coordinate_limit;
+    double nanometres; // a whole number for every unit, so that lengths convert exactly
 };
 inline constexpr std::array<Unit, 4> kUnits{{
-    {"mil", 33026.0},
-    {"Inch", 33.026},
-    {"mic", 838860.0},
-    {"mm", 838.86},
+    {"mil", 33026.0, 25400},
+    {"Inch", 33.026, 25400000},
+    {"mic", 838860.0, 1000},
+    {"mm", 838.86, 1000000},
 }};
 
 /// An EAGLE version and the setting that makes its wires bend freely.
 struct EagleVersion {
     std::string_view name;
+    std::string_view number; // the first version it stands for
     std::string_view bend_command;
 };
 inline constexpr std::array<EagleVersion, 3> kEagleVersions{{
-    {"4.xx/5.xx", "Set wire_bend 2;"},
-    {"3.xx", "Set wire_style 2;"},
-    {"2.xx", "Set wire_style 2;"},
+    {"4.xx/5.xx", "4", "Set wire_bend 2;"},
+    {"3.xx", "3", "Set wire_style 2;"},
+    {"2.xx", "2", "Set wire_style 2;"},
 }};
 
 /// Name and limit of the options' unit; an index outside the table has no name and no limit.
 constexpr Unit unit_of(const ExportOptions& options) {
     if (options.unit < 0 || options.unit >= static_cast<int>(kUnits.size()))
-        return {"", std::numeric_limits<double>::infinity()};
+        return {"", std::numeric_limits<double>::infinity(), 0};
     return kUnits[static_cast<std::size_t>(options.unit)];
 }
 /// The version's bend command; every index but 0 stands for the older spelling.

@@ -1,6 +1,7 @@
 // First stage of an export: the dark pixels of each row as runs.
 #pragma once
 
+#include "export/export_options.h"
 #include "image/image_view.h"
 #include "image/progress.h"
 
@@ -11,7 +12,7 @@
 namespace kelvane {
 
 /// A pixel whose blue byte is below this is dark; the other bytes are not read.
-inline constexpr int kDarkBelow = 129;
+inline constexpr int kDarkBelow = kExportLimit + 1;
 
 /// Neighbouring dark pixels of one row: columns `begin` up to and without `end`.
 struct Run {

@@ -34,7 +34,7 @@ CoordinateText coordinate_text(const ExportOptions& options, int pixels, int ste
 
 } // namespace
 
-ScriptText::ScriptText(SafeFile& file, const ExportOptions& options, int width, int height,
+ScriptText::ScriptText(SafeFile* file, const ExportOptions& options, int width, int height,
                        int steps)
     : file_(file), options_(options), name_each_shape_(names_each_shape(options)),
       prefix_(command_prefix(options)), y_lines_per_step_(steps == 1 ? 2 : 1),
@@ -90,7 +90,7 @@ void ScriptText::finish() {
     line("Grid last;");
     line("Window fit;");
     flush();
-    file_.commit();
+    if (file_) file_->commit();
 }
 
 bool ScriptText::out_of_range() const {
@@ -99,7 +99,7 @@ bool ScriptText::out_of_range() const {
 
 void ScriptText::flush() {
     const std::string_view block(block_.get(), static_cast<std::size_t>(end_ - block_.get()));
-    file_.write(block);
+    if (file_) file_->write(block);
     bytes_ += block.size();
     end_ = block_.get();
 }

@@ -22,7 +22,7 @@ struct ScriptPoint {
 
 /// Writes a script: the header on construction, then what the shapes ask for, then `finish`. Lines
 /// end in CR LF; coordinates are grid lines times the pixel size. Throws `FileError`; the file
-/// takes its place only in `finish`.
+/// takes its place only in `finish`. Without a file the script is only counted.
 class ScriptText {
   public:
     /// Between the points of a polygon, all but the last two.
@@ -31,7 +31,8 @@ class ScriptText {
 
     /// `width` and `height` are the picture's, in pixels; points are on a grid of `steps` lines per
     /// pixel: 1, or another power of 2. Then they may also be up to a pixel outside the picture.
-    ScriptText(SafeFile& file, const ExportOptions& options, int width, int height, int steps = 1);
+    /// `file` may be null.
+    ScriptText(SafeFile* file, const ExportOptions& options, int width, int height, int steps = 1);
 
     /// Short texts only, up to 100 characters.
     void append(std::string_view text);
@@ -56,7 +57,7 @@ class ScriptText {
     void header();
     void flush();
 
-    SafeFile& file_;
+    SafeFile* const file_;
     const ExportOptions options_;
     const bool name_each_shape_;
     const std::string_view prefix_; // up to the name's number when shapes are named

@@ -39,15 +39,15 @@ struct Area {
 bool is_thin_place(const Area& area, double radius) {
     if (area.vertices == 0) return true;
     const auto pixels = static_cast<double>(area.pixels);
-    // A stretch of contact has one vertex more than sides; a ring around a disc has none more.
-    const std::int64_t stretches = area.vertices - area.level_sides - area.upright_sides;
+    // A line of contact has one vertex more than sides; a ring around a disc has none more.
+    const std::int64_t contacts = area.vertices - area.level_sides - area.upright_sides;
     const double contact = std::hypot(area.level_sides, area.upright_sides) /
-                           static_cast<double>(std::max<std::int64_t>(stretches, 1));
+                           static_cast<double>(std::max<std::int64_t>(contacts, 1));
     // The area of an arm is its length times the contact. That of a corner is 0.3 radius times the
     // contact at 60 degrees, 0.9 at 30, 1.5 at 20. Two pixels are for the coarseness of the grid.
     if (pixels > (1.5 * radius + 2) * std::max(contact, 1.)) return true;
     // Links may be short. Holes of single pixels near a rough edge make small ones.
-    return stretches > 1 && pixels > .3 * radius * radius;
+    return contacts > 1 && pixels > .3 * radius * radius;
 }
 
 // A row of bits with a word more at each end.

@@ -23,9 +23,9 @@ struct ThinPlaces {
 /// pixels; both have one size. Clears the areas of `residue` that are corners or roughness of
 /// thicker shapes and returns what stays.
 ///
-/// An area that touches no disc is a thin place. One that touches discs in two or more stretches
+/// An area that touches no disc is a thin place. One that touches discs in two or more places
 /// links thicker parts; it is a thin place unless it is small. One that touches them in a single
-/// stretch is an arm, and a thin place when it is longer than about three quarters of the diameter,
+/// place is an arm, and a thin place when it is longer than about three quarters of the diameter,
 /// or a corner. Corners count by their area: those above 30 degrees are no thin places.
 ThinPlaces keep_thin_places(const BitPicture& dark, WidthOf what, int diameter,
                             BitPicture& residue);

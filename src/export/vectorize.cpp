@@ -7,6 +7,7 @@
 #include "export/shape_writers.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace kelvane {
 namespace {
@@ -98,9 +99,8 @@ bool is_shape(std::int16_t kind) {
     return kind >= kShapePolygon && kind <= kShapeRectangle;
 }
 
-void write_script(const RunList& runs, const std::filesystem::path& file_name, ConstImageView image,
+void write_script(const RunList& runs, SafeFile* file, ConstImageView image,
                   const ExportOptions& options, ExportReport& report, ProgressObserver* observer) {
-    SafeFile file(file_name);
     const std::int32_t radius = smoothing_radius(image, options);
     ScriptText text(file, options, image.width, image.height, radius > 0 ? kPixelSteps : 1);
     write_shapes(runs, options, radius, text, report, observer);
@@ -110,18 +110,32 @@ void write_script(const RunList& runs, const std::filesystem::path& file_name, C
     report.RangeOVL = text.out_of_range();
 }
 
-} // namespace
-
-ExportReport Vectorize(ConstImageView image, const std::filesystem::path& FileName,
-                       const ExportOptions& options, ProgressObserver* observer) {
+// Without a file name the script is only counted.
+ExportReport export_script(ConstImageView image, const std::filesystem::path* file_name,
+                           const ExportOptions& options, ProgressObserver* observer) {
     const ProgressReporter progress(observer);
     const RunList runs = RunList::extract(image, observer);
     ExportReport report;
     report.dark_pixels = runs.dark_pixels();
     report.runs = runs.size();
-    if (is_shape(options.optPoly)) write_script(runs, FileName, image, options, report, observer);
+    if (is_shape(options.optPoly)) {
+        std::optional<SafeFile> file;
+        if (file_name) file.emplace(*file_name);
+        write_script(runs, file ? &*file : nullptr, image, options, report, observer);
+    }
     progress.complete();
     return report;
+}
+
+} // namespace
+
+ExportReport Vectorize(ConstImageView image, const std::filesystem::path& FileName,
+                       const ExportOptions& options, ProgressObserver* observer) {
+    return export_script(image, &FileName, options, observer);
+}
+
+ExportReport CountExport(ConstImageView image, const ExportOptions& options) {
+    return export_script(image, nullptr, options, nullptr);
 }
 
 } // namespace kelvane

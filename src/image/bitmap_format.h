@@ -10,7 +10,7 @@ namespace kelvane {
 /// What the header of a device-independent bitmap says.
 struct DibHeader {
     std::int64_t width = 0;
-    std::int64_t height = 0; ///< without the sign that tells the order of the rows
+    std::int64_t height = 0; ///< absolute value: the sign gives the row order
     std::uint32_t bits = 0;  ///< of a pixel
     std::uint32_t compression = 0;
     std::uint32_t bytes = 0;         ///< of the header itself

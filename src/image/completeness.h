@@ -1,6 +1,6 @@
-// What the bytes of a picture file tell before it is decoded. Decoders differ in what they do with
-// a file that was cut short: some report it, some fill the rest with gray, and some take memory
-// for any size that a header claims.
+// Checks a picture file for completeness before it is decoded. Decoders treat truncated files
+// differently: some report an error, some fill the rest with grey, some allocate whatever size the
+// header claims.
 #pragma once
 
 #include "image/byte_numbers.h"
@@ -11,12 +11,12 @@ enum class Completeness {
     kComplete,
     kNoPixels, ///< the width or the height is 0
     kTooLarge, ///< for a `cDIBSection`
-    kDamaged,  ///< the file ends before its picture does, or what tells its extent is damaged
+    kDamaged,  ///< the file is truncated, or the data that gives its extent is damaged
 };
 
-/// Whether the picture of a PNG, JPEG, GIF, TIFF, bitmap, icon, cursor or metafile is all there; of
-/// several pictures the one that is shown. Only the extent of compressed data is examined, not
-/// what it decodes to. `kComplete` for all other bytes.
+/// Whether the picture of a PNG, JPEG, GIF, TIFF, bitmap, icon, cursor or metafile is complete; of
+/// several pictures only the one that is shown counts. Compressed data is checked for its extent,
+/// not for its content. `kComplete` for all other bytes.
 Completeness completeness(Bytes file_bytes);
 
 /// `kComplete` for a picture of this size, if it is not empty and fits a `cDIBSection`.

@@ -20,14 +20,14 @@ bool cDIBSection::fits(std::int64_t width, std::int64_t height) {
     return std::int64_t{bytes_per_scan_line(static_cast<int>(width))} * height <= kMost;
 }
 
-bool cDIBSection::Create(int lWidth, int lHeight) {
+bool cDIBSection::create(int width, int height, DeviceContext like) {
     ClearUp();
-    if (!fits(lWidth, lHeight)) return false;
-    store_ =
-        PixelStore::create(lWidth, lHeight, static_cast<std::size_t>(bytes_per_scan_line(lWidth)));
+    if (!fits(width, height)) return false;
+    store_ = PixelStore::create(width, height, static_cast<std::size_t>(bytes_per_scan_line(width)),
+                                like);
     if (!store_) return false;
-    width_ = lWidth;
-    height_ = lHeight;
+    width_ = width;
+    height_ = height;
     return true;
 }
 

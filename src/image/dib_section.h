@@ -1,6 +1,7 @@
 // cDIBSection, the one image type: a 24-bit bottom-up bitmap that owns its pixels.
 #pragma once
 
+#include "image/gdi_handles.h"
 #include "image/image_view.h"
 #include "image/pixel_store.h"
 
@@ -30,8 +31,8 @@ class cDIBSection {
 
     /// Replaces the picture by a black one of the given size. False, and empty, when that
     /// size does not fit or there is no memory left.
-    bool Create(int lWidth, int lHeight);
-    /// Gives the pixels back; the object is empty and can be created anew.
+    bool Create(int lWidth, int lHeight) { return create(lWidth, lHeight, nullptr); }
+    /// Frees the pixels. The object is empty afterwards; `Create` may be called again.
     void ClearUp();
 
     int Width() const { return width_; }
@@ -41,9 +42,9 @@ class cDIBSection {
     /// First byte of memory row 0; null while empty.
     std::uint8_t* DIBSectionBitsPtr() { return store_ ? store_->bits() : nullptr; }
     const std::uint8_t* DIBSectionBitsPtr() const { return store_ ? store_->bits() : nullptr; }
-    /// Device context and bitmap handle (HDC, HBITMAP); null while empty and for heap memory.
-    void* hdc() const { return store_ ? store_->device_context() : nullptr; }
-    void* hDib() const { return store_ ? store_->bitmap() : nullptr; }
+    /// The device context and the bitmap selected into it; null while empty and for heap memory.
+    DeviceContext hdc() const { return store_ ? store_->device_context() : nullptr; }
+    BitmapHandle hDib() const { return store_ ? store_->bitmap() : nullptr; }
 
     bool empty() const { return store_ == nullptr; }
     ImageView view();
@@ -58,11 +59,38 @@ class cDIBSection {
     /// Fills the picture with noise seeded by the time of day; see `randomise_bits`.
     void RandomiseBits(bool bGray);
 
+    // GDI. Defined only in programs whose pixels are DIB sections: others have nothing to draw
+    // with, and do not link when they call one of these.
+
+    /// `Create` with a device context that is compatible with `lHDC`, or with the screen for null.
+    /// `hDib` becomes the bitmap, which belongs to this object; null after a failure.
+    bool CreateDIB(DeviceContext lHDC, int lWidth, int lHeight, BitmapHandle& hDib);
+    /// Replaces the picture by a copy of a bitmap, which must not be selected into a device
+    /// context. False, and empty, when that failed.
+    bool CreateFromPicture(BitmapHandle picThis);
+    /// Copies pixels of `lHDC`, from (`lSrcLeft`, `lSrcTop`) on, to the upper left corner of this
+    /// picture. Here and below a negative width or height stands for this picture's, y counts
+    /// from the top, and `eRop` is a raster operation of BitBlt. False when GDI refuses.
+    bool LoadPictureBlt(DeviceContext lHDC, int lSrcLeft, int lSrcTop, int lSrcWidth = -1,
+                        int lSrcHeight = -1, std::uint32_t eRop = kSourceCopy);
+    /// Copies this picture, from (`lSrcLeft`, `lSrcTop`) on, to (`lDestLeft`, `lDestTop`) of
+    /// `lHDC`.
+    bool PaintPicture(DeviceContext lHDC, int lDestLeft, int lDestTop, int lDestWidth = -1,
+                      int lDestHeight = -1, int lSrcLeft = 0, int lSrcTop = 0,
+                      std::uint32_t eRop = kSourceCopy) const;
+    /// Puts the picture on the clipboard as a bitmap of the screen's format; Windows offers it as
+    /// a device-independent bitmap as well. False when that failed. `bAsDIB` is not supported: a
+    /// message box says so, and the clipboard stays as it is. `owner` becomes the clipboard's
+    /// owner and the message box's. Defined in the desktop program, which has the texts.
+    bool CopyToClipboard(bool bAsDIB, WindowHandle owner = nullptr) const;
+
     static constexpr int bytes_per_scan_line(int width) {
         return static_cast<int>((static_cast<std::int64_t>(width) * 3 + 3) & ~std::int64_t{3});
     }
 
   private:
+    bool create(int width, int height, DeviceContext like);
+
     std::unique_ptr<PixelStore> store_;
     int width_ = 0;
     int height_ = 0;

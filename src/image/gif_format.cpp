@@ -17,7 +17,8 @@ std::size_t colour_table_bytes(std::uint32_t packed) {
     return (packed & 0x80) != 0 ? std::size_t{6} << (packed & 7) : 0;
 }
 
-// Where the blocks of data that begin at `at` end, behind the empty one; nothing beyond the file.
+// The offset behind the data blocks that begin at `at`, their empty terminator included; nothing
+// when the file ends first.
 std::optional<std::size_t> end_of_blocks(Bytes file, std::size_t at) {
     while (holds(file, at, 1)) {
         const std::size_t length = file[at];
@@ -86,7 +87,7 @@ class Codes {
     int available_ = 0;
 };
 
-// Whether LZW data holds as many pixels. Only the lengths of the strings in its table matter.
+// Whether LZW data holds that many pixels. Only the lengths of the strings in its table are kept.
 class PixelCount {
   public:
     explicit PixelCount(int root_bits) : clear_(1 << root_bits), root_bits_(root_bits) {

@@ -11,8 +11,8 @@ namespace kelvane {
 
 bool is_gif(Bytes file_bytes);
 
-/// Whether the first frame has all of its pixels and something follows it, be it the end mark.
-/// Later frames, which are never shown, may be cut short.
+/// Whether the first frame has all of its pixels and at least one byte follows it, such as the end
+/// mark. Later frames are never shown and may be truncated.
 Completeness gif_completeness(Bytes file_bytes);
 
 /// The first frame of a GIF file as a file of its own.

@@ -24,7 +24,8 @@ std::uint32_t side(std::uint8_t byte) {
     return byte == 0 ? 256 : byte;
 }
 
-// More than all others where the file ends before it tells: an image is not passed over for that.
+// Where the file ends before this number, more than any other: a truncated image is chosen and then
+// reported, not passed over.
 std::uint32_t bits_of_pixel(Bytes image) {
     if (is_png(image)) return 32;
     return holds(image, 14, 2) ? number_at(image, 14, 2) : 0xFFFF;
@@ -60,7 +61,7 @@ Completeness bitmap_image_completeness(const Image& image) {
     const std::int64_t height = header->height / 2;
     const auto size = size_completeness(header->width, height);
     if (size != Completeness::kComplete) return size;
-    // The mask may be missing where the pixels tell their transparency themselves.
+    // The mask may be missing where pixels have an alpha channel.
     const std::uint64_t row =
         header->row_bytes(header->bits) + (header->bits < 32 ? header->row_bytes(1) : 0);
     return complete_if(holds(image.bytes, header->bytes + header->palette_bytes,

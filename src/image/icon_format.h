@@ -10,8 +10,8 @@ namespace kelvane {
 /// True for a file of icons or of cursors.
 bool is_icon(Bytes file_bytes);
 
-/// Whether the image that is shown is all there: the one of most pixels, of several of these the
-/// one of most colours, of several of these the first.
+/// Whether the image that is shown is complete. Shown is the image with the most pixels; equal ones
+/// are ordered by their number of colours, then by their place in the file.
 Completeness icon_completeness(Bytes file_bytes);
 
 /// That image as a file of its own: an icon file of one image, or a PNG file.

@@ -1,4 +1,4 @@
-// A window onto pixels that somebody else owns: what every kernel takes and writes.
+// A view of pixels that it does not own: what every kernel reads and writes.
 #pragma once
 
 #include <cstddef>
@@ -21,12 +21,12 @@ template <typename Byte> struct BasicImageView {
 
 struct ImageView : BasicImageView<std::uint8_t> {};
 
-/// The read-only face; a writable view converts to it.
+/// The read-only view; a writable one converts to it.
 struct ConstImageView : BasicImageView<const std::uint8_t> {
     ConstImageView() = default;
     ConstImageView(const std::uint8_t* first, int w, int h, std::ptrdiff_t step)
         : BasicImageView<const std::uint8_t>{first, w, h, step} {}
-    ConstImageView(const ImageView& view) // NOLINT: the conversion is the point
+    ConstImageView(const ImageView& view) // NOLINT: implicit on purpose
         : BasicImageView<const std::uint8_t>{view.bits, view.width, view.height, view.row_step} {}
 };
 

@@ -24,7 +24,7 @@ bool begins_frame(std::uint8_t marker) {
            marker != 0xCC;
 }
 
-// Reads the segments and follows the scans of a file.
+// Reads the segments and parses the scans of a file.
 class Reader {
   public:
     explicit Reader(Bytes file) : file_(file), segments_(file) {}
@@ -161,7 +161,7 @@ class Reader {
                });
     }
 
-    // Encoders write some ten scans; a file of very many is made to keep a decoder busy.
+    // Encoders write some ten scans; a file of very many is an attempt to occupy the decoder.
     static constexpr int kMostScans = 100;
     static constexpr std::uint64_t kAllCoefficients = ~std::uint64_t{0};
 
@@ -197,6 +197,15 @@ bool JpegSegments::next() {
     content_ = file_.subspan(at_ + 2, length - 2);
     at_ += length;
     return true;
+}
+
+Bytes jpeg_exif(Bytes file_bytes) {
+    constexpr std::uint8_t kApp1 = 0xE1;
+    constexpr std::string_view kExif{"Exif\0\0", 6};
+    for (JpegSegments segments(file_bytes); segments.next();)
+        if (segments.marker() == kApp1 && begins_with(segments.content(), kExif))
+            return segments.content().subspan(kExif.size());
+    return {};
 }
 
 Completeness jpeg_completeness(Bytes file_bytes) {

@@ -13,8 +13,8 @@ class JpegSegments {
     /// `at` is where to look for the first segment: by default behind the start of the image.
     explicit JpegSegments(Bytes file, std::size_t at = 2) : file_(file), at_(at) {}
 
-    /// Goes to the next segment; bytes that are no marker are passed over. False behind the header
-    /// of a scan, at the end mark, and where the file ends before that.
+    /// Goes to the next segment; bytes that are no marker are skipped. False behind the header of a
+    /// scan, at the end mark, and where the file ends before that.
     bool next();
     /// What the last segment is; the end mark's value at the end mark, 0 where the file ends.
     std::uint8_t marker() const { return marker_; }
@@ -29,9 +29,12 @@ class JpegSegments {
     Bytes content_;
 };
 
-/// Whether the file runs to its end mark, every scan holds all of its blocks, and the scans bring
-/// all bits of all coefficients. The compressed data is followed without being decoded; of
-/// arithmetic coding only the markers are looked at.
+/// The TIFF structure in the EXIF segment of a JPEG file; empty without one.
+Bytes jpeg_exif(Bytes file_bytes);
+
+/// Whether the file reaches its end mark, every scan holds all of its blocks, and the scans
+/// together hold all bits of all coefficients. Huffman codes are parsed without decoding samples;
+/// of arithmetic coding only the markers are checked.
 Completeness jpeg_completeness(Bytes file_bytes);
 
 } // namespace kelvane

@@ -34,7 +34,7 @@ class Bits {
     /// More bits were taken than there are.
     bool overdrawn() const { return available_ < 0; }
 
-    /// Goes behind the next marker, which must be restart mark `number`.
+    /// Skips the next marker, which must be restart mark `number`.
     bool restart(int number) {
         at_ = next_jpeg_marker(file_, at_);
         if (number_at(file_, at_ + 1, 1) != 0xD0U + static_cast<unsigned>(number)) return false;
@@ -66,7 +66,7 @@ class Bits {
     int available_ = 0;
 };
 
-// Follows the blocks of one scan.
+// Parses the blocks of one scan.
 class Follower {
   public:
     Follower(Bytes file, std::size_t at, const JpegFrame& frame, const JpegScan& scan)
@@ -105,7 +105,7 @@ class Follower {
         return scan_.refines ? &Follower::ac_refinement : &Follower::ac_first;
     }
 
-    // Blocks of a component that lie in the picture, which is all that a scan of it alone holds.
+    // Blocks of a component inside the picture: a scan of that component alone holds no others.
     Grid blocks_of(const JpegComponent& component) const {
         return {divided_up(std::int64_t{frame_.width} * component.h, 8 * frame_.largest_h()),
                 divided_up(std::int64_t{frame_.height} * component.v, 8 * frame_.largest_v())};
@@ -185,7 +185,8 @@ class Follower {
         return true;
     }
 
-    // As decoders do, damaged data that runs beyond the last coefficient is taken for that one.
+    // Damaged data may run beyond the last coefficient. Decoders clamp the index to it, and so does
+    // this.
     static void mark(std::uint64_t& nonzero, int k) {
         nonzero |= std::uint64_t{1} << std::min(k, 63);
     }
@@ -194,8 +195,8 @@ class Follower {
         eob_run_ = (1 << exponent) + static_cast<int>(bits_.read(exponent));
     }
 
-    // Coefficients that are not 0 get a bit each; between them stand symbols for those that become
-    // so, whose zeros count only coefficients that stay 0.
+    // Each coefficient that is not 0 takes one correction bit. Symbols between these bits place the
+    // coefficients that become other than 0; their run lengths count only coefficients that stay 0.
     bool ac_refinement(const JpegScanComponent& of, std::uint64_t& nonzero) {
         int k = scan_.first;
         for (; eob_run_ == 0 && k <= scan_.last; ++k) {
@@ -274,7 +275,7 @@ bool JpegHuffmanTable::define(Bytes counts, Bytes symbols) {
     return true;
 }
 
-// Every sequence of kShort bits that begins with a code of this length leads to its symbol.
+// Fills all entries of kShort bits that start with a code of this length.
 void JpegHuffmanTable::add_short_codes(std::size_t length) {
     const std::size_t sequences = std::size_t{1} << (kShort - length);
     const Length& codes = lengths_[length];

@@ -1,4 +1,4 @@
-// The compressed data of a JPEG scan, followed block by block without decoding it.
+// The compressed data of a JPEG scan, parsed block by block without decoding samples.
 #pragma once
 
 #include "image/byte_numbers.h"
@@ -33,23 +33,23 @@ struct JpegFrame {
     int mcus_down() const;
 };
 
-/// A Huffman table: which symbol a sequence of bits begins with.
+/// A Huffman table: finds the symbol that a bit sequence starts with.
 class JpegHuffmanTable {
   public:
     /// `counts` holds the number of codes of 1 to 16 bits, `symbols` a symbol for each of them.
-    /// False, and not defined, when there cannot be as many codes.
+    /// False when there cannot be that many codes; the table is then undefined.
     bool define(Bytes counts, Bytes symbols);
     bool defined() const { return defined_; }
 
     struct Code {
-        int length = 0; ///< 0: the bits begin no code
+        int length = 0; ///< 0: no code starts with these bits
         int symbol = 0;
     };
-    /// The code at the front of 16 bits.
+    /// The code that 16 bits start with.
     Code front(std::uint32_t bits) const;
 
   private:
-    static constexpr std::size_t kShort = 9; // codes of up to as many bits are looked up
+    static constexpr std::size_t kShort = 9; // codes up to this length are looked up in a table
     struct Length {
         int first = 0; // code
         int count = 0;
@@ -76,15 +76,15 @@ struct JpegScan {
     int first = 0; ///< coefficients, 0 to 63; from 1 on (AC) there is one component
     int last = 0;
     bool refines = false;   ///< brings one more bit of coefficients that earlier scans began
-    bool last_bits = false; ///< no scan brings further bits of them
+    bool last_bits = false; ///< no later scan refines them
 };
 
 /// The offset of the next marker (a byte 255 and one that is neither 0 nor 255) from `at` on; the
 /// file's size when there is none.
 std::size_t next_jpeg_marker(Bytes file, std::size_t at);
 
-/// Follows the data that begins at offset `at` of `file` through all blocks of the scan. Gives the
-/// offset behind the last of them; nothing when the data ends, or a restart mark is missing,
+/// Parses the data that begins at offset `at` of `file` through all blocks of the scan. Returns the
+/// offset behind the last of them, or nothing when the data ends or a restart mark is missing
 /// before that. `restart_interval` is the number of MCUs between restart marks, 0 for none. All
 /// tables that the scan needs must be defined.
 std::optional<std::size_t> follow_scan(Bytes file, std::size_t at, const JpegFrame& frame,

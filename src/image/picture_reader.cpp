@@ -9,28 +9,33 @@
 namespace kelvane {
 namespace {
 
-cDIBSection decoded(Bytes file_bytes, UprightPicture picture = UprightPicture()) {
+// As ink, a picture without transparency would be black all over: it is decoded again.
+cDIBSection decoded(Bytes file_bytes, Transparency transparency,
+                    std::optional<Placement> placement = std::nullopt) {
+    UprightPicture picture(transparency, placement);
     decode_rows(file_bytes, picture);
+    if (transparency == Transparency::kInk && !picture.met_transparency())
+        return decoded(file_bytes, Transparency::kPaper, placement);
     return picture.take();
 }
 
 // Decoders differ in which image of an icon they choose and in what they make of a frame that does
 // not fill its canvas, so each gets a file of just the image to show.
-cDIBSection decoded_image(Bytes file_bytes) {
-    if (is_icon(file_bytes)) return decoded(largest_icon(file_bytes));
+cDIBSection decoded_image(Bytes file_bytes, Transparency transparency) {
+    if (is_icon(file_bytes)) return decoded(largest_icon(file_bytes), transparency);
     if (is_gif(file_bytes))
         if (const auto frame = first_gif_frame(file_bytes))
-            return decoded(frame->file, UprightPicture(frame->placement));
-    return decoded(file_bytes);
+            return decoded(frame->file, transparency, frame->placement);
+    return decoded(file_bytes, transparency);
 }
 
 } // namespace
 
-cDIBSection read_picture(const std::filesystem::path& file) {
-    return decode_picture(read_file_bytes(file));
+cDIBSection read_picture(const std::filesystem::path& file, Transparency transparency) {
+    return decode_picture(read_file_bytes(file), transparency);
 }
 
-cDIBSection decode_picture(Bytes file_bytes) {
+cDIBSection decode_picture(Bytes file_bytes, Transparency transparency) {
     if (file_bytes.empty()) throw FileError(FileFault::kEmpty);
     switch (completeness(file_bytes)) {
     case Completeness::kNoPixels:
@@ -42,7 +47,7 @@ cDIBSection decode_picture(Bytes file_bytes) {
     case Completeness::kComplete:
         break;
     }
-    return decoded_image(file_bytes);
+    return decoded_image(file_bytes, transparency);
 }
 
 } // namespace kelvane

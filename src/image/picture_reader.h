@@ -4,6 +4,7 @@
 #include "base/file_error.h"
 #include "image/byte_numbers.h"
 #include "image/dib_section.h"
+#include "image/transparency.h"
 
 #include <filesystem>
 
@@ -11,15 +12,16 @@ namespace kelvane {
 
 class UprightPicture;
 
-/// Reads the picture in `file`; transparent pixels come out as seen on white paper, a
-/// photograph's orientation mark is honoured. Of several images the first is taken, of an icon the
-/// largest, of an animation the whole canvas with its first frame. Throws `FileError` with the
-/// cause (without the file's name) when there is none to be had, as for a file that holds only a
-/// part of its picture.
-cDIBSection read_picture(const std::filesystem::path& file);
+/// Reads the picture in `file`; `transparency` tells what transparent pixels become, and changes
+/// nothing in a picture without any. The orientation mark is applied. Of several images the first
+/// is taken, of an icon the largest, of an animation the whole canvas with its first frame. Throws
+/// `FileError` with the cause (without the file's name) when no picture can be read; truncated
+/// files are refused.
+cDIBSection read_picture(const std::filesystem::path& file,
+                         Transparency transparency = Transparency::kPaper);
 
 /// The same for a picture file's bytes.
-cDIBSection decode_picture(Bytes file_bytes);
+cDIBSection decode_picture(Bytes file_bytes, Transparency transparency = Transparency::kPaper);
 
 /// Decodes a file of one picture into `picture`. Implemented by the platform: gdk-pixbuf on Linux,
 /// WIC and the OLE picture loader on Windows. Throws `FileError`.

@@ -3,6 +3,8 @@
 // desktop program. The bytes are the same in both.
 #pragma once
 
+#include "image/gdi_handles.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -13,7 +15,10 @@ namespace kelvane {
 class PixelStore {
   public:
     /// A zeroed store of `height` rows, `bytes_per_row` each; null when the system has none left.
-    static std::unique_ptr<PixelStore> create(int width, int height, std::size_t bytes_per_row);
+    /// Its device context is compatible with `like`, or with the screen for null; heap memory has
+    /// none.
+    static std::unique_ptr<PixelStore> create(int width, int height, std::size_t bytes_per_row,
+                                              DeviceContext like);
 
     virtual ~PixelStore() = default;
     PixelStore() = default;
@@ -22,10 +27,10 @@ class PixelStore {
 
     /// First byte of memory row 0, the bottom row.
     virtual std::uint8_t* bits() = 0;
-    /// Device context that holds the bitmap (HDC); null for heap memory.
-    virtual void* device_context() const = 0;
-    /// Bitmap handle (HBITMAP); null for heap memory.
-    virtual void* bitmap() const = 0;
+    /// The device context into which the bitmap is selected; null for heap memory.
+    virtual DeviceContext device_context() const = 0;
+    /// Null for heap memory.
+    virtual BitmapHandle bitmap() const = 0;
 };
 
 } // namespace kelvane

@@ -126,6 +126,13 @@ bool data_is_complete(Chunks chunks, std::uint64_t wanted) {
 
 } // namespace
 
+Bytes png_chunk(Bytes file_bytes, std::string_view name) {
+    Chunks chunks(file_bytes);
+    for (Chunk chunk{}; chunks.next(chunk);)
+        if (chunk.named(name)) return chunk.content();
+    return {};
+}
+
 bool is_png(Bytes file_bytes) {
     return begins_with(file_bytes, kSignature);
 }

@@ -10,7 +10,7 @@ std::uint8_t random_byte(RandomSource& random) {
     return static_cast<std::uint8_t>(std::lrint(random.next() * 255));
 }
 
-void fill_gray(ImageView image, RandomSource& random) {
+void fill_grey(ImageView image, RandomSource& random) {
     for (int y = 0; y < image.height; ++y)
         for (int x = 0; x < image.width; ++x)
             std::memset(image.pixel(x, y), random_byte(random), 3);
@@ -28,9 +28,9 @@ void fill_colour(ImageView image, RandomSource& random) {
 
 } // namespace
 
-void randomise_bits(ImageView image, bool gray, RandomSource& random) {
-    if (gray)
-        fill_gray(image, random);
+void randomise_bits(ImageView image, bool grey, RandomSource& random) {
+    if (grey)
+        fill_grey(image, random);
     else
         fill_colour(image, random);
 }

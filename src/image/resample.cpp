@@ -71,8 +71,9 @@ void resample_bilinear(ConstImageView from, ImageView to) {
     const Columns columns = columns_of(from.width, to.width);
     const int from_bytes = 3 * from.width;
     const int to_bytes = 3 * to.width;
-    // The vertical pass depends on the source column only: it is made once per row, for all. One
-    // pixel more, for the sample after the only one of a picture one pixel wide; its weight is 0.
+    // The vertical pass depends on the source column only: it is made once per row for all source
+    // columns. One spare pixel stands for the missing right sample of a picture one pixel wide; its
+    // weight is 0.
     std::vector<std::uint8_t> blended(static_cast<std::size_t>(from_bytes) + 3 + kSpare);
     std::vector<std::uint8_t> left(static_cast<std::size_t>(to_bytes) + kSpare);
     std::vector<std::uint8_t> right(left.size());

@@ -24,12 +24,10 @@ FixedWeight fixed_weight(double weight) {
     return {static_cast<std::int16_t>(high), low, static_cast<std::int16_t>(-(high >> 15 != 0))};
 }
 
-const ResampleRows& resample_rows_baseline() {
-    return kRows;
-}
+const ResampleRows kBaselineResampleRows = kRows;
 
 const ResampleRows& resample_rows() {
-    return cpu_level() == CpuLevel::Avx2 ? resample_rows_avx2() : resample_rows_baseline();
+    return fastest(kBaselineResampleRows, kAvx2ResampleRows);
 }
 
 } // namespace kelvane

@@ -1,4 +1,4 @@
-// The inner loops of resampling, once for every processor level.
+// The inner loops of resampling, one set for each kind of processor.
 #pragma once
 
 #include <cstdint>
@@ -33,11 +33,10 @@ struct ResampleRows {
                          const RowWeights& weights);
 };
 
-/// The loops for the processor at hand.
-const ResampleRows& resample_rows();
+extern const ResampleRows kBaselineResampleRows;
+extern const ResampleRows kAvx2ResampleRows;
 
-/// Each level's own; only `resample_rows` calls them.
-const ResampleRows& resample_rows_baseline();
-const ResampleRows& resample_rows_avx2();
+/// The fastest set this processor may use.
+const ResampleRows& resample_rows();
 
 } // namespace kelvane

@@ -1,6 +1,6 @@
-// Resampling's inner loops as they are meant, in double precision. Compiled once per processor
-// level: everything has internal linkage and nothing comes from the standard library, so that the
-// linker never hands one level's code to another. Left to the compiler's vectorizer.
+// The reference inner loops of resampling, in double precision. Compiled once per processor level:
+// everything has internal linkage and nothing comes from the standard library, so that the linker
+// cannot merge code of different levels. Left to the compiler's vectorizer.
 
 #include "image/resample_rows.h"
 

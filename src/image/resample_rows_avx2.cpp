@@ -116,8 +116,6 @@ constexpr ResampleRows kRows{one_weight, many_weights};
 
 } // namespace
 
-const ResampleRows& resample_rows_avx2() {
-    return kRows;
-}
+const ResampleRows kAvx2ResampleRows = kRows;
 
 } // namespace kelvane

@@ -5,9 +5,6 @@
 namespace kelvane {
 namespace {
 
-constexpr int kWidthLimit = 3200;
-constexpr int kHeightLimit = 2400;
-
 int times_over(int side, int limit) {
     return side / limit + (side % limit != 0 ? 1 : 0);
 }

@@ -5,10 +5,14 @@
 
 namespace kelvane {
 
+/// The largest picture that keeps its size, in pixels.
+inline constexpr int kWidthLimit = 3200;
+inline constexpr int kHeightLimit = 2400;
+
 /// Reduces a picture larger than about 3200 x 2400 by a whole factor, as opening does. Width and
-/// height are divided by the factor that brings the longer excess under the limit; 3200 x 2400
-/// itself keeps its size, one pixel more halves it. No side becomes 0. False when there was no
-/// memory for the reduced picture; `picture` then stays as it was.
+/// height are divided by the smallest whole number that brings both within the limit: 3200 x 2400
+/// keeps its size, 3201 x 2400 is halved. No side becomes 0. False when there was no memory for the
+/// reduced picture; `picture` then stays as it was.
 bool Render2(cDIBSection& picture);
 
 } // namespace kelvane

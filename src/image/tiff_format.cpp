@@ -11,7 +11,7 @@ std::size_t bytes_of_type(std::uint32_t type) {
     return type < std::size(kBytes) ? kBytes[type] : 0;
 }
 
-// Of some values, only the last one can be missing alone.
+// Values lie one after the other: when the last one is inside the file, all are.
 bool holds_values(const TiffValues& values) {
     return values.count() == 0 || values.at(values.count() - 1);
 }
@@ -62,13 +62,30 @@ bool TiffDirectory::whole() const {
     return entries_ > 0 && holds(tiff_, entries_at_, entries_ * kEntryBytes);
 }
 
-TiffValues TiffDirectory::values(std::uint32_t tag) const {
+std::optional<std::size_t> TiffDirectory::entry_of(std::uint32_t tag) const {
     for (std::size_t i = 0; i < entries_; ++i) {
         const std::size_t entry = entries_at_ + kEntryBytes * i;
         if (!holds(tiff_, entry, kEntryBytes)) break;
-        if (number_at(tiff_, entry, 2, order_) == tag) return {tiff_, order_, entry};
+        if (number_at(tiff_, entry, 2, order_) == tag) return entry;
     }
-    return {};
+    return std::nullopt;
+}
+
+TiffValues TiffDirectory::values(std::uint32_t tag) const {
+    const auto entry = entry_of(tag);
+    return entry ? TiffValues(tiff_, order_, *entry) : TiffValues();
+}
+
+std::optional<double> TiffDirectory::rational(std::uint32_t tag) const {
+    constexpr std::uint32_t kRational = 5; // two numbers of 32 bits, never in the entry itself
+    const auto entry = entry_of(tag);
+    if (!entry || number_at(tiff_, *entry + 2, 2, order_) != kRational ||
+        number_at(tiff_, *entry + 4, 4, order_) == 0)
+        return std::nullopt;
+    const std::size_t at = number_at(tiff_, *entry + 8, 4, order_);
+    const double divisor = number_at(tiff_, at + 4, 4, order_);
+    if (divisor == 0) return std::nullopt;
+    return number_at(tiff_, at, 4, order_) / divisor;
 }
 
 Completeness tiff_completeness(Bytes file_bytes) {

@@ -41,8 +41,14 @@ class TiffDirectory {
     std::uint32_t number(std::uint32_t tag, std::uint32_t missing) const {
         return values(tag).at(0).value_or(missing);
     }
+    /// The first value of a tag whose values are fractions, such as 282, the resolution; nothing
+    /// without the tag, for a value of another type or beyond the end, and for a divisor of 0.
+    std::optional<double> rational(std::uint32_t tag) const;
 
   private:
+    /// The offset of the tag's entry.
+    std::optional<std::size_t> entry_of(std::uint32_t tag) const;
+
     Bytes tiff_;
     ByteOrder order_;
     std::size_t entries_at_ = 0;

@@ -85,8 +85,15 @@ void UprightPicture::turn(int width, int height, int orientation) {
 
 void UprightPicture::put_row(int y, const std::uint8_t* pixels, const PixelLayout& layout) {
     if (y >= rows_) return;
-    put_pixels(origin_ + down_ * y, right_, pixels, columns_, layout,
-               layout.premultiplied ? premultiplied_on_white : on_white);
+    std::uint8_t* const to = origin_ + down_ * y;
+    if (transparency_ == Transparency::kInk)
+        put_pixels(to, right_, pixels, columns_, layout, [this](int, int alpha) {
+            met_transparency_ |= alpha < 255;
+            return static_cast<std::uint8_t>(255 - alpha);
+        });
+    else
+        put_pixels(to, right_, pixels, columns_, layout,
+                   layout.premultiplied ? premultiplied_on_white : on_white);
 }
 
 } // namespace kelvane

@@ -1,8 +1,9 @@
-// Decoded rows become a picture: on white paper and the right way up.
+// Assembles decoded rows into a picture: without transparency and turned upright.
 #pragma once
 
 #include "image/dib_section.h"
 #include "image/placement.h"
+#include "image/transparency.h"
 
 #include <optional>
 
@@ -19,13 +20,13 @@ struct PixelLayout {
     bool premultiplied = false;
 };
 
-/// What a channel of straight alpha shows on white paper, rounded to the nearest; alpha 0 gives
-/// 255 and alpha 255 the channel, exactly.
+/// A channel with straight alpha composed on white, rounded to the nearest; alpha 0 gives 255 and
+/// alpha 255 the channel, exactly.
 constexpr std::uint8_t on_white(int channel, int alpha) {
     return static_cast<std::uint8_t>((channel * alpha + 255 * (255 - alpha) + 127) / 255);
 }
 
-/// The same for a channel that is multiplied by its alpha; one above its alpha shows as white.
+/// The same for premultiplied alpha; a channel above its alpha gives white.
 constexpr std::uint8_t premultiplied_on_white(int channel, int alpha) {
     return static_cast<std::uint8_t>(channel > alpha ? 255 : channel + 255 - alpha);
 }
@@ -34,8 +35,9 @@ constexpr std::uint8_t premultiplied_on_white(int channel, int alpha) {
 class UprightPicture {
   public:
     /// With a placement, the rows fill their part of a canvas that is white elsewhere.
-    explicit UprightPicture(std::optional<Placement> placement = std::nullopt)
-        : placement_(placement) {}
+    explicit UprightPicture(Transparency transparency = Transparency::kPaper,
+                            std::optional<Placement> placement = std::nullopt)
+        : transparency_(transparency), placement_(placement) {}
 
     /// `width` and `height` are the file's, before turning; `orientation` is the mark of EXIF and
     /// TIFF, 1 to 8, anything else counts as 1 (upright), as it does with a placement. Throws
@@ -45,12 +47,17 @@ class UprightPicture {
     /// Takes row `y` of the file, counted from the top: `width` pixels.
     void put_row(int y, const std::uint8_t* pixels, const PixelLayout& layout);
 
+    /// Whether a pixel of the rows was not fully opaque; known for `kInk` only.
+    bool met_transparency() const { return met_transparency_; }
+
     cDIBSection take() { return std::move(picture_); }
 
   private:
     void create(int width, int height);
     void turn(int width, int height, int orientation);
 
+    Transparency transparency_;
+    bool met_transparency_ = false;
     std::optional<Placement> placement_;
     cDIBSection picture_;
     // How much of the file's rows is shown.

@@ -27,7 +27,7 @@ namespace {
     throw std::system_error(error, std::generic_category());
 }
 
-// The way to a descriptor's file that needs no name.
+// Path under /proc of a descriptor's file, which may have no name.
 std::string descriptor_path(int descriptor) {
     return "/proc/self/fd/" + std::to_string(descriptor);
 }
@@ -41,7 +41,7 @@ bool lies_under(const fs::path& file, const std::string& folder) {
     return file.native().starts_with(folder + '/');
 }
 
-// Signals wait while two steps belong together.
+// RAII: signals are blocked between two steps that must not be separated.
 class SignalsHeld {
   public:
     SignalsHeld() {
@@ -107,14 +107,14 @@ void take_over_access_list(int to, const fs::path& from) {
     if (size > 0)
         fsetxattr(to, kName, list.data(), static_cast<std::size_t>(size), 0);
     else
-        fremovexattr(to, kName); // what a new file in this folder gets
+        fremovexattr(to, kName); // removes what the folder gave the new file
 }
 
 void take_over_permissions(int to, const fs::path& from) {
     struct stat old {};
     if (stat(from.c_str(), &old) != 0) return;
     mode_t mode = old.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
-    // Only the superuser gives a file away.
+    // Only the superuser may change the owner.
     const bool same_group = fchown(to, old.st_uid, old.st_gid) == 0 ||
                             fchown(to, static_cast<uid_t>(-1), old.st_gid) == 0;
     // Another group gets no more than everybody.
@@ -123,7 +123,7 @@ void take_over_permissions(int to, const fs::path& from) {
     if (same_group) take_over_access_list(to, from);
 }
 
-// Some network and user-space file systems know nothing of it.
+// Some network and user-space file systems do not support it.
 void bring_to_disk(int descriptor) {
     if (fsync(descriptor) != 0 && errno != EINVAL && errno != ENOSYS) fail();
 }
@@ -165,7 +165,7 @@ fs::path behind_links(const fs::path& file) {
         if (error) return real;
         real = folder / next;
     }
-    return file; // opening it says so
+    return file; // opening it reports the error
 }
 
 struct OutputFile::System {

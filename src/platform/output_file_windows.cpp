@@ -19,14 +19,14 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 
 constexpr DWORD kLongestName = 32768;
 
-// Not by std::filesystem, which takes the prefix of long names for a folder.
+// std::filesystem would take the prefix of long names for a folder.
 fs::path full_name(const fs::path& file) {
     std::wstring full(kLongestName, L'\0');
     full.resize(GetFullPathNameW(file.c_str(), kLongestName, full.data(), nullptr));
     return full;
 }
 
-// Errors that other systems know too are told in their words.
+// Errors with a portable equivalent are reported as that.
 [[noreturn]] void fail(DWORD number = GetLastError()) {
     const std::error_code error(static_cast<int>(number), std::system_category());
     const std::error_condition known = error.default_error_condition();
@@ -56,8 +56,8 @@ std::vector<BYTE> access_list(const fs::path& file) {
     return descriptor;
 }
 
-// The attributes and the access list of `from`, if there is such a file, as far as may be. Before
-// the file is passing: afterwards its name cannot be used.
+// Copies the attributes and the access list of `from`, if it exists, as far as permitted. To be
+// called before `to` is marked for deletion: its name cannot be used afterwards.
 void take_over_permissions(const fs::path& to, const fs::path& from) {
     const DWORD attributes = GetFileAttributesW(from.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return;
@@ -67,8 +67,8 @@ void take_over_permissions(const fs::path& to, const fs::path& from) {
         SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION, list.data());
 }
 
-// `name` is a full one. By the handle: a file that is closed before could not vanish any more when
-// this fails.
+// `name` is a full path. Renames by the handle: after closing it, a failed rename would leave the
+// file behind.
 bool rename_open_file(HANDLE handle, const std::wstring& name) {
     const std::size_t bytes = name.size() * sizeof(wchar_t);
     std::vector<BYTE> buffer(sizeof(FILE_RENAME_INFO) + bytes);

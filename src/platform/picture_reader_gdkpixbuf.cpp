@@ -108,7 +108,7 @@ int orientation_of(GdkPixbuf* decoded) {
 }
 
 // libtiff multiplies the channels of a colour picture by its alpha, except where the file does not
-// say what its fourth channel is; it leaves gray pictures as they are.
+// say what its fourth channel is; it leaves grey pictures as they are.
 bool is_premultiplied(Bytes file_bytes) {
     constexpr std::uint32_t kPhotometric = 262;
     constexpr std::uint32_t kExtraSamples = 338;
@@ -117,8 +117,8 @@ bool is_premultiplied(Bytes file_bytes) {
     if (!is_tiff(file_bytes)) return false;
     const TiffDirectory directory(file_bytes);
     const std::uint32_t extra = directory.number(kExtraSamples, kUnspecified);
-    const bool gray = directory.number(kPhotometric, 0) <= kBlackIsZero;
-    return gray ? extra == kPremultipliedAlpha : extra != kUnspecified;
+    const bool grey = directory.number(kPhotometric, 0) <= kBlackIsZero;
+    return grey ? extra == kPremultipliedAlpha : extra != kUnspecified;
 }
 
 const PixelLayout& layout_of(GdkPixbuf* decoded, Bytes file_bytes) {

@@ -22,9 +22,9 @@ BITMAPINFO bitmap_info(int width, int height, std::size_t bytes_per_row) {
 
 class GdiStore final : public PixelStore {
   public:
-    /// Takes what it can get; `ready` says whether that was everything.
-    GdiStore(int width, int height, std::size_t bytes_per_row)
-        : context_(CreateCompatibleDC(nullptr)) {
+    /// Handles may be missing afterwards; see `ready`.
+    GdiStore(int width, int height, std::size_t bytes_per_row, HDC like)
+        : context_(CreateCompatibleDC(like)) {
         if (context_ == nullptr) return;
         const BITMAPINFO info = bitmap_info(width, height, bytes_per_row);
         bitmap_ = CreateDIBSection(context_, &info, DIB_RGB_COLORS, &bits_, nullptr, 0);
@@ -40,11 +40,11 @@ class GdiStore final : public PixelStore {
 
     bool ready() const { return bitmap_ != nullptr; }
     std::uint8_t* bits() override {
-        GdiFlush(); // drawing that GDI still holds back has to be in the bytes
+        GdiFlush(); // GDI batches drawing: finish it before the bytes are read
         return static_cast<std::uint8_t*>(bits_);
     }
-    void* device_context() const override { return context_; }
-    void* bitmap() const override { return bitmap_; }
+    HDC device_context() const override { return context_; }
+    HBITMAP bitmap() const override { return bitmap_; }
 
   private:
     HDC context_;
@@ -55,8 +55,9 @@ class GdiStore final : public PixelStore {
 
 } // namespace
 
-std::unique_ptr<PixelStore> PixelStore::create(int width, int height, std::size_t bytes_per_row) {
-    auto store = std::make_unique<GdiStore>(width, height, bytes_per_row);
+std::unique_ptr<PixelStore> PixelStore::create(int width, int height, std::size_t bytes_per_row,
+                                               DeviceContext like) {
+    auto store = std::make_unique<GdiStore>(width, height, bytes_per_row, like);
     if (!store->ready()) return nullptr;
     return store;
 }

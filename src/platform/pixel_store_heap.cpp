@@ -15,8 +15,8 @@ class HeapStore final : public PixelStore {
     explicit HeapStore(std::unique_ptr<std::uint8_t, FreeMemory> memory)
         : memory_(std::move(memory)) {}
     std::uint8_t* bits() override { return memory_.get(); }
-    void* device_context() const override { return nullptr; }
-    void* bitmap() const override { return nullptr; }
+    DeviceContext device_context() const override { return nullptr; }
+    BitmapHandle bitmap() const override { return nullptr; }
 
   private:
     std::unique_ptr<std::uint8_t, FreeMemory> memory_;
@@ -24,7 +24,8 @@ class HeapStore final : public PixelStore {
 
 } // namespace
 
-std::unique_ptr<PixelStore> PixelStore::create(int, int height, std::size_t bytes_per_row) {
+std::unique_ptr<PixelStore> PixelStore::create(int, int height, std::size_t bytes_per_row,
+                                               DeviceContext) {
     // calloc takes fresh zero pages from the system without touching them.
     std::unique_ptr<std::uint8_t, FreeMemory> memory(
         static_cast<std::uint8_t*>(std::calloc(static_cast<std::size_t>(height), bytes_per_row)));

@@ -1,4 +1,4 @@
-// Names of files that are not yet what they are to become.
+// Names of temporary files that are renamed when they are complete.
 #pragma once
 
 #include <charconv>

@@ -1,5 +1,5 @@
-// Row by row through strips of columns gives the same picture as column by column, as long as each
-// pixel takes its left neighbour's error before that of the row before.
+// The walk is row by row inside strips of columns. It gives the same picture as column by column,
+// as long as each pixel adds its left neighbour's error before that of the row before.
 #include "base/cpu.h"
 #include "process/closest_colour.h"
 #include "process/column_strips.h"
@@ -42,7 +42,7 @@ class Diffusion {
     Diffusion(ImageView image, ImageView buffer, const cPalette& palette)
         : image_(image), buffer_(buffer), closest_(palette), entries_(memory_order(palette)),
           right_(static_cast<std::size_t>(image.height)) {
-        if (palette.Count() > kBandColours || cpu_level() < CpuLevel::Avx2) return;
+        if (palette.Count() > kBandColours || map_band_ == nullptr) return;
         banded_rows_ = image.height / kBandRows * kBandRows;
         band_palette_.count = palette.Count();
         for (std::size_t i = 0; i < palette.colours().size(); ++i)
@@ -50,7 +50,7 @@ class Diffusion {
     }
 
     // `count` pixels from (x, y); strips ascend, rows ascend inside a strip.
-    void stretch(int x, int count, int y) {
+    void process_span(int x, int count, int y) {
         if (y == 0) std::fill_n(below_.begin(), count, Error{});
         if (y >= banded_rows_)
             row(x, count, y);
@@ -69,7 +69,7 @@ class Diffusion {
                         {x == 0 ? 0 : kNoColumn, last < count ? last : kNoColumn},
                         &right_[static_cast<std::size_t>(y)],
                         below_.data()};
-        map_band_avx2(band_palette_, band);
+        map_band_(band_palette_, band);
     }
 
     void row(int x, int count, int y) {
@@ -112,6 +112,7 @@ class Diffusion {
         }
     }
 
+    const decltype(PaletteBands::map) map_band_ = palette_bands().map;
     ImageView image_;
     ImageView buffer_;
     int banded_rows_ = 0; // rows from the first that go sixteen at a time
@@ -123,6 +124,12 @@ class Diffusion {
 };
 
 } // namespace
+
+const PaletteBands kBaselinePaletteBands{nullptr};
+
+const PaletteBands& palette_bands() {
+    return fastest(kBaselinePaletteBands, kAvx2PaletteBands);
+}
 
 void ApplyPalette(ImageView image, ImageView buffer, const cPalette& palette,
                   ProgressObserver* observer) {

@@ -5,12 +5,10 @@
 
 namespace kelvane {
 
-const AreaRows& area_rows_baseline() {
-    return kRows;
-}
+const AreaRows kBaselineAreaRows = kRows;
 
 const AreaRows& area_rows() {
-    return cpu_level() == CpuLevel::Avx2 ? area_rows_avx2() : area_rows_baseline();
+    return fastest(kBaselineAreaRows, kAvx2AreaRows);
 }
 
 } // namespace kelvane

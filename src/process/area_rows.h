@@ -12,7 +12,7 @@ namespace kelvane {
 /// Number of a run; runs are numbered by band, then by column.
 using RunNumber = std::uint32_t;
 
-/// The ones of a band, one or two neighbouring rows of `words` words, form runs: stretches of
+/// The ones of a band, one or two neighbouring rows of `words` words, form runs: spans of
 /// columns with a one in either row.
 struct RowBand {
     BitWord* lower;
@@ -30,8 +30,8 @@ struct RunStarts {
 /// is its own parent.
 struct RunForest {
     RunNumber* parent;
-    /// First the ones in all runs before this one, later the ones of this one, at last those of a
-    /// root's whole tree.
+    /// Changes its meaning from pass to pass: the ones in all runs before this one, then the ones
+    /// of this run, then for a root those of its whole tree.
     std::uint32_t* pixels;
 };
 
@@ -59,11 +59,10 @@ struct AreaRows {
     void (*clear)(const RowBand& band, const RunForest& forest, std::uint32_t most, RunNumber& run);
 };
 
+extern const AreaRows kBaselineAreaRows;
+extern const AreaRows kAvx2AreaRows;
+
 /// The fastest set this processor may use.
 const AreaRows& area_rows();
-
-/// Each level's own; only `area_rows` calls them.
-const AreaRows& area_rows_baseline();
-const AreaRows& area_rows_avx2();
 
 } // namespace kelvane

@@ -1,6 +1,6 @@
-// The text of the inner loops over runs, compiled once per processor level: everything has internal
-// linkage and nothing comes from the standard library, so that the linker never hands one level's
-// code to another.
+// The inner loops over runs, compiled once per processor level: everything has internal linkage and
+// nothing comes from the standard library, so that the linker cannot merge code of different
+// levels.
 
 #include "process/area_rows.h"
 
@@ -80,7 +80,7 @@ void unite(RunNumber* parent, RunNumber a, RunNumber b) {
     parent[in_order ? b : a] = in_order ? a : b;
 }
 
-// Where a stretch of columns begins that have ones in both rows, two runs touch for the first time.
+// Where a span of columns begins that have ones in both rows, two runs touch for the first time.
 void unite_sides(const Word* row, const RunStarts& starts, const Word* before,
                  const RunStarts& starts_before, std::size_t words, const RunForest& forest) {
     Shifted shifted;
@@ -93,7 +93,7 @@ void unite_sides(const Word* row, const RunStarts& starts, const Word* before,
 }
 
 // Corners instead of pixels: pixel x has the corners x and x + 1. Where a run of either band starts
-// within a stretch of common corners, another pair of runs touches.
+// within a span of common corners, another pair of runs touches.
 void unite_corners(const Word* row, const RunStarts& starts, const Word* before,
                    const RunStarts& starts_before, std::size_t words, const RunForest& forest) {
     Shifted shifted, shifted_before, shifted_both;

@@ -3,8 +3,6 @@
 
 namespace kelvane {
 
-const AreaRows& area_rows_avx2() {
-    return kRows;
-}
+const AreaRows kAvx2AreaRows = kRows;
 
 } // namespace kelvane

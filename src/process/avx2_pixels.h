@@ -1,5 +1,5 @@
-// 32 pixels in AVX2 registers. Only for files compiled for AVX2; everything is static so that no
-// other file can be handed this code.
+// 32 pixels in AVX2 registers. Only for files compiled for AVX2; everything has internal linkage,
+// so that the linker cannot use this code in other files.
 #pragma once
 
 #include <cstdint>

@@ -22,7 +22,7 @@ class BitRows {
     BitWord* row(int y) { return bits_.data() + words_ * static_cast<std::size_t>(y); }
     const BitWord* row(int y) const { return bits_.data() + words_ * static_cast<std::size_t>(y); }
 
-    /// Ones where pixels of row y are 0 and the other way round.
+    /// Inverts the pixels of row y.
     void invert_row(int y) {
         for (std::size_t i = 0; i < words_; ++i)
             row(y)[i] = ~row(y)[i];

@@ -7,7 +7,7 @@ namespace kelvane {
 namespace {
 
 constexpr int kFarthest = 3 * 255;
-// A palette may be as large as its file; the cells start over rather than outgrow this.
+// Limits the memory for large palettes: when it is reached, all cells are emptied and filled anew.
 constexpr std::size_t kMostCandidates = std::size_t{1} << 22;
 
 // Smallest and largest distance of an entry from the colours of a cell.

@@ -31,7 +31,7 @@ class ClosestColour {
     struct Cell {
         std::uint32_t first = 0;
         std::uint32_t count : 31 = 0; // 0 before the first look-up
-        std::uint32_t sure : 1 = 0;   // no colour of the cell is farther than all entries reach
+        std::uint32_t sure : 1 = 0;   // every colour has an entry closer than black is to white
     };
     struct Entry {
         std::int32_t index;

@@ -13,7 +13,7 @@ int brightness(const std::uint8_t* pixel) {
 }
 
 // Copies the source pixels for which replaces(source brightness, target brightness) holds. All
-// three bytes are written either way: a branch on pixels would be guessed wrong too often.
+// three bytes are written either way: a branch per pixel would be mispredicted too often.
 template <typename Replaces>
 void select_pixels(ConstImageView from, ImageView to, Replaces replaces) {
     for (int y = 0; y < to.height; ++y) {
@@ -36,7 +36,7 @@ std::int32_t constant(const SumPart& from, std::int32_t from_offset, const SumPa
                                      part(to_offset, to.multiplier));
 }
 
-// In wrapping arithmetic (byte + offset) x multiplier may be written out.
+// Multiplies (byte + offset) x multiplier out, which is exact in wrapping arithmetic.
 ByteSum byte_sum(const SumPart& from, const SumPart& to) {
     return {from.multiplier,
             to.multiplier,
@@ -78,6 +78,18 @@ void AddImages(ConstImageView from, ImageView to, const SumPart& from_part, cons
     for (int y = 0; y < to.height; ++y)
         adder.add(from.row(y), to.row(y), 3 * to.width);
     progress.complete();
+}
+
+void Combine(ConstImageView from, ImageView to, const Combination& combination,
+             ProgressObserver* observer) {
+    switch (combination.type) {
+    case CombinationType::AddImages:
+        return AddImages(from, to, combination.parts[0], combination.parts[1], observer);
+    case CombinationType::AddLightest:
+        return AddLightest(from, to, observer);
+    case CombinationType::AddDarkest:
+        return AddDarkest(from, to, observer);
+    }
 }
 
 } // namespace kelvane

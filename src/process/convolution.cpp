@@ -19,8 +19,7 @@ bool fits_narrow(const FilterKernel& kernel) {
     return kernel.weight() > 0 && largest <= 32767;
 }
 
-// The place of the kernel's column i among the different ones found so far, it being added when
-// it is new.
+// Index of the kernel's column i among the distinct columns; a new one is added.
 int place_of_column(NarrowKernel& narrow, const FilterKernel& kernel, int i) {
     std::int16_t* column = narrow.cell[narrow.columns];
     for (int j = -kernel.half(); j <= kernel.half(); ++j)
@@ -65,12 +64,12 @@ class Convolver {
         : row_step_(row_step), taps_(taps_of(kernel, row_step)), narrow_(fits_narrow(kernel)) {
         if (!narrow_) return;
         columns_ = narrow_kernel(kernel);
-        // Sharing columns pays for large kernels that have few different ones.
+        // Sharing columns pays for large kernels with few distinct ones.
         const bool shares = kernel.size() > 3 && columns_.columns < kernel.size();
         few_ = rows_.few && !shares && fits_bytes(taps_);
     }
 
-    void stretch(const std::uint8_t* from, std::uint8_t* to, int count) const {
+    void convolve_span(const std::uint8_t* from, std::uint8_t* to, int count) const {
         if (few_)
             rows_.few(from, to, count, taps_);
         else if (narrow_)
@@ -88,10 +87,10 @@ class Convolver {
     bool few_ = false;
 };
 
-// Larger kernels take long enough to be watched.
+// Larger kernels are slow enough to need progress in smaller steps.
 int strip_for(const FilterKernel& kernel, ConstImageView picture) {
     const int strip = strip_pixels(picture.width, picture.height);
-    return kernel.size() <= 5 ? strip : std::min(strip, kLongestStretch / 3);
+    return kernel.size() <= 5 ? strip : std::min(strip, kLongestSpan / 3);
 }
 
 } // namespace
@@ -102,7 +101,7 @@ void convolve(ConstImageView from, TargetRows to, const FilterKernel& kernel,
     const Convolver convolver(kernel, from.row_step);
     walk_interior(from, kernel.half(), strip_for(kernel, from), to, progress, done,
                   [&](int byte, int count, int y) {
-                      convolver.stretch(from.row(y) + byte, to.row(y) + byte, count);
+                      convolver.convolve_span(from.row(y) + byte, to.row(y) + byte, count);
                   });
 }
 

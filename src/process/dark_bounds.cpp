@@ -8,7 +8,7 @@
 namespace kelvane {
 namespace {
 
-// A plain loop, which compilers turn into vectors where std::min_element stays one.
+// A plain loop, because compilers vectorize it and not std::min_element.
 std::uint8_t darkest(const std::vector<std::uint8_t>& greys) {
     std::uint8_t least = 255;
     for (const std::uint8_t grey : greys)

@@ -19,9 +19,9 @@ namespace kelvane {
 void ApplyPalette(ImageView image, ImageView buffer, const cPalette& palette,
                   ProgressObserver* observer = nullptr);
 
-/// Reduces the image to black and white. Greys below 129 turn black and pass themselves on (unless
-/// below 17), the others turn white and pass 127 - grey: 7/16 right, 5/16 below and 1/16 to below
-/// the right. The events of `GrayScale` come before its own.
+/// Reduces the image to black and white. Greys below 129 turn black and pass on their value as the
+/// error (none below 17), the others turn white and pass on 127 - grey: 7/16 right, 5/16 below and
+/// 1/16 to below the right. The events of `GrayScale` come before its own.
 void Steinberg(ImageView image, ImageView buffer, ProgressObserver* observer = nullptr);
 
 } // namespace kelvane

@@ -46,7 +46,7 @@ FilterKernel emboss() {
     return kernel;
 }
 
-// The two passes of the emphasizing command share a kernel, and neither takes its sum as weight.
+// Both passes of Emphasize use this kernel with fixed weights in place of its sum.
 FilterKernel emphasize(std::int32_t weight) {
     FilterKernel kernel = sharpen();
     kernel.set_weight(weight);

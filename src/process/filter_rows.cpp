@@ -48,12 +48,10 @@ constexpr decltype(FilterRows::few) kFew = nullptr;
 
 namespace kelvane {
 
-const FilterRows& filter_rows_baseline() {
-    return kRows;
-}
+const FilterRows kBaselineFilterRows = kRows;
 
 const FilterRows& filter_rows() {
-    return cpu_level() == CpuLevel::Avx2 ? filter_rows_avx2() : filter_rows_baseline();
+    return fastest(kBaselineFilterRows, kAvx2FilterRows);
 }
 
 } // namespace kelvane

@@ -1,4 +1,4 @@
-// The inner loops of filters and sums over one stretch of a row, once for every processor level.
+// The inner loops of filters and sums over one span of a row, one set for each kind of processor.
 #pragma once
 
 #include <cstddef>
@@ -6,8 +6,8 @@
 
 namespace kelvane {
 
-/// The longest stretch, in bytes, that one call takes; a multiple of 3.
-constexpr int kLongestStretch = 3072;
+/// The longest span, in bytes, that one call takes; a multiple of 3.
+constexpr int kLongestSpan = 3072;
 
 /// A convolution of which no partial sum leaves 16 signed bits, whatever the pixels are. Columns
 /// of the kernel with the same cells are kept once.
@@ -56,11 +56,10 @@ struct FilterRows {
     void (*add_wide)(const std::uint8_t* from, std::uint8_t* to, int count, const ByteSum& sum);
 };
 
-/// The loops for the processor at hand.
-const FilterRows& filter_rows();
+extern const FilterRows kBaselineFilterRows;
+extern const FilterRows kAvx2FilterRows;
 
-/// Each level's own; only `filter_rows` calls them.
-const FilterRows& filter_rows_baseline();
-const FilterRows& filter_rows_avx2();
+/// The fastest set this processor may use.
+const FilterRows& filter_rows();
 
 } // namespace kelvane

@@ -1,7 +1,7 @@
-// The text of the inner loops, compiled once per processor level: everything has internal linkage
-// and nothing comes from the standard library, so that the linker never hands one level's code to
-// another. The file that includes this one provides `PairLanes`, the level's vector of sums, and
-// `kFew`, its entry of that name.
+// The inner loops, compiled once per processor level: everything has internal linkage and nothing
+// comes from the standard library, so that the linker cannot merge code of different levels. The
+// file that includes this one provides `PairLanes`, the level's vector of sums, and `kFew`, its
+// entry of that name.
 //
 // Most loops are plain and left to the compiler's vectorizer; the arithmetic is chosen to fit the
 // narrowest lanes that hold it.
@@ -26,9 +26,9 @@ Byte divided(std::int16_t sum, Reciprocal by) {
     return static_cast<Byte>(value > 255 ? 255 : value);
 }
 
-// A kernel is applied column by column: first the vertical sums over a stretch, once for each
+// A kernel is applied column by column: first the vertical sums over a span, once for each
 // different column, then the sum across.
-using Sums = std::int16_t[kLongestStretch + 3 * NarrowKernel::kMost];
+using Sums = std::int16_t[kLongestSpan + 3 * NarrowKernel::kMost];
 
 // The vertical sums of the columns `first` and, for Count 2, its neighbour.
 template <int Size, int Count>
@@ -192,11 +192,11 @@ void store_quotients(const std::int32_t* __restrict sums, Byte* __restrict to, i
 
 void wide(const Byte* from, Byte* to, int count, const Taps& taps) {
     constexpr std::int32_t float_weight = 1 << 14;
-    alignas(32) std::int32_t sums[kLongestStretch];
+    alignas(32) std::int32_t sums[kLongestSpan];
     sum_taps(from, short_pairs(taps, lower_half), sums, count);
     const ShortPairs upper = short_pairs(taps, upper_half);
     if (upper.count > 0) {
-        alignas(32) std::int32_t upper_sums[kLongestStretch];
+        alignas(32) std::int32_t upper_sums[kLongestSpan];
         sum_taps(from, upper, upper_sums, count);
         for (int k = 0; k < count; ++k)
             sums[k] = static_cast<std::int32_t>(static_cast<std::uint32_t>(sums[k]) +
@@ -217,7 +217,7 @@ struct Larger {
 
 template <typename Choice>
 void extreme(const Byte* from, std::ptrdiff_t row_step, Byte* __restrict to, int count) {
-    alignas(32) Byte column[kLongestStretch + 6];
+    alignas(32) Byte column[kLongestSpan + 6];
     const Byte* middle = from - 3;
     const Byte* lower = middle - row_step;
     const Byte* upper = middle + row_step;

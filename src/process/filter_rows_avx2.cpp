@@ -161,8 +161,6 @@ void few(const std::uint8_t* from, std::uint8_t* to, int count, const Taps& taps
 
 } // namespace
 
-const FilterRows& filter_rows_avx2() {
-    return kRows;
-}
+const FilterRows kAvx2FilterRows = kRows;
 
 } // namespace kelvane

@@ -1,5 +1,5 @@
-// Where a filter leaves its results, and how it hands them over while they are still in the
-// processor's cache.
+// Where a filter writes its results, and the callback that receives them while they are still in
+// the processor's cache.
 #pragma once
 
 #include "image/image_view.h"

@@ -58,7 +58,7 @@ void unsharp(ImageView image, ImageView buffer, ProgressObserver* observer) {
     const ProgressReporter addition(observer);
     const FilterKernel kernel = predefined_kernel(kBlur);
     const ByteAdder twice_less_blurred({-1, 0, 0, 0}, {2, 0, 0, 0});
-    // The border's blur is the border itself: twice less once leaves it as it is.
+    // On the border the blur is the picture itself: 2 x picture - blur leaves it unchanged.
     convolve(image, TargetRows(buffer, rows_in_use(kernel)), kernel, observer,
              [&](int byte, int count, int y, const std::uint8_t* blurred) {
                  twice_less_blurred.add(blurred, image.row(y) + byte, count);

@@ -6,11 +6,10 @@
 
 namespace kelvane {
 
-// `image` and `buffer` have one size and share no pixels; the buffer's content is lost, but for
-// `convolve_to_buffer`. Each filter leaves the borders of the
-// picture that its kernel does not reach into as they were, and a picture smaller than the kernel
-// altogether. Events are those of the steps a filter is made of: the
-// last two raise `Complete` twice, for the convolution and for the sum.
+// `image` and `buffer` have one size and share no pixels; except by `convolve_to_buffer` the
+// buffer's content is lost. Borders that the kernel does not fit into keep their pixels, as does a
+// picture smaller than the kernel. The events are those of each step of a filter: the last two
+// filters raise `Complete` twice, for the convolution and for the sum.
 
 /// The picture becomes the picture convolved.
 void convolve_in_place(ImageView image, ImageView buffer, const FilterKernel& kernel,

@@ -27,7 +27,7 @@ void transpose(const std::uint8_t* from, std::ptrdiff_t from_step, std::uint8_t*
 const GeometryRows kBaselineGeometryRows{reverse, transpose};
 
 const GeometryRows& geometry_rows() {
-    return cpu_level() >= CpuLevel::Avx2 ? kAvx2GeometryRows : kBaselineGeometryRows;
+    return fastest(kBaselineGeometryRows, kAvx2GeometryRows);
 }
 
 } // namespace kelvane

@@ -36,7 +36,16 @@ struct Band {
     BandError* below;
 };
 
-/// Maps the band for processors with AVX2, see `ApplyPalette`.
-void map_band_avx2(const BandPalette& palette, const Band& band);
+/// One set for each kind of processor.
+struct PaletteBands {
+    /// Maps the band, see `ApplyPalette`. Null where the processor has nothing for it.
+    void (*map)(const BandPalette& palette, const Band& band);
+};
+
+extern const PaletteBands kBaselinePaletteBands;
+extern const PaletteBands kAvx2PaletteBands;
+
+/// The fastest set this processor may use.
+const PaletteBands& palette_bands();
 
 } // namespace kelvane

@@ -190,9 +190,7 @@ void advance(int step, __m256i columns, const Tables& tables, const Band& band, 
     _mm_store_si128(reinterpret_cast<__m128i*>(work.indices[step]), packed);
 }
 
-} // namespace
-
-void map_band_avx2(const BandPalette& palette, const Band& band) {
+void map_band(const BandPalette& palette, const Band& band) {
     static thread_local Workspace work;
     const Tables tables = make_tables(palette);
     spread_rows(band, work);
@@ -211,5 +209,9 @@ void map_band_avx2(const BandPalette& palette, const Band& band) {
     keep_right(errors, band);
     write_rows(palette, band, work);
 }
+
+} // namespace
+
+const PaletteBands kAvx2PaletteBands{map_band};
 
 } // namespace kelvane

@@ -83,7 +83,7 @@ void colourise(std::uint8_t* pixels, int count, float hue) {
 const PointRows kBaselinePointRows{grey, luminance, spread, invert, fade, lighten, colourise};
 
 const PointRows& point_rows() {
-    return cpu_level() >= CpuLevel::Avx2 ? kAvx2PointRows : kBaselinePointRows;
+    return fastest(kBaselinePointRows, kAvx2PointRows);
 }
 
 } // namespace kelvane

@@ -49,7 +49,7 @@ class SmallAreas {
                 picture_.words()};
     }
 
-    // Ones without a neighbour need no run, and patterns of dots are full of them.
+    // Isolated ones need no run, and dither patterns are full of them.
     void clear_single_pixels() {
         const std::size_t words = picture_.words();
         std::vector<BitWord> row(words), below(words);

@@ -1,7 +1,7 @@
 // Row by row through strips of columns gives the same picture as column by column, as long as each
 // pixel takes its errors in the order they would arrive: from the left neighbour of the row before,
-// from the left, from the row before. What a pixel passes on follows from its value alone, so only
-// the values of the row before and of the column before the strip are kept.
+// from the left, from the row before. The errors depend on the pixel's value alone, so only the
+// values of the row before and of the column before the strip are kept.
 #include "process/column_strips.h"
 #include "process/diffusion.h"
 #include "process/point_rows.h"
@@ -46,7 +46,7 @@ class Diffusion {
         : image_(image), buffer_(buffer), left_(static_cast<std::size_t>(image.height)) {}
 
     // `count` pixels from (x, y); strips ascend, rows ascend inside a strip.
-    void stretch(int x, int count, int y) {
+    void process_span(int x, int count, int y) {
         rows_.luminance(image_.pixel(x, y), greys_.data(), count);
         if (y == 0) {
             std::fill_n(values_.begin(), count, kNoError);
@@ -81,7 +81,7 @@ class Diffusion {
             const int below = shares_.below[values_[i]];
             const int start = clamped(greys_[i] + shares_.below_right[above_left]);
             above_left = values_[i];
-            // clamped(clamped(start + right) + below), short for the sake of the next pixel
+            // clamped(clamped(start + right) + below) with few steps after `left` is known
             const int lowest = std::max(below, 0);
             const int highest = std::min(255 + below, 255);
             left = static_cast<std::uint8_t>(

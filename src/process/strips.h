@@ -12,15 +12,15 @@
 
 namespace kelvane {
 
-/// Asks for bytes that will be read soon; processors foresee a row's end badly.
+/// Prefetches bytes: hardware prefetching does not follow from one row to the next.
 inline void prefetch(const std::uint8_t* bytes, int count) {
     constexpr int line = 64;
     for (int k = 0; k < count; k += line)
         __builtin_prefetch(bytes + k);
 }
 
-/// Hands results over as soon as the walk reads no more from their place in the source. The next
-/// strip still reads the last `half` pixels of a strip: their results wait for it.
+/// Passes results to `done` as soon as the walk no longer reads the source at their place. The next
+/// strip still reads the last `half` pixels of a strip, so their results are kept until then.
 class HandOver {
   public:
     /// `reach` is the byte width of half a kernel.
@@ -28,7 +28,7 @@ class HandOver {
         : to_(to), done_(done), reach_(reach),
           waiting_(static_cast<std::size_t>(several_strips ? reach * height : 0)) {}
 
-    /// Bytes `begin` to `end` of row y are filtered; `more` tells of strips to come.
+    /// Bytes `begin` to `end` of row y are filtered; `more` says that strips follow.
     void row(int begin, int end, bool more, int y) {
         std::uint8_t* waiting = waiting_.data() + std::ptrdiff_t{reach_} * y;
         const std::uint8_t* filtered = to_.row(y);
@@ -45,13 +45,13 @@ class HandOver {
     std::vector<std::uint8_t> waiting_; // `reach_` bytes a row
 };
 
-/// Calls stretch(byte, count, y) for `count` bytes, kLongestStretch at most, from byte offset
-/// `byte` of row y until every pixel of the picture that is at least `half` pixels away from all
-/// borders was met once, in strips of `strip` columns (more than `half`). The results are expected
-/// in `to` and handed to `done`, which may be empty.
-template <typename Stretch>
+/// Calls on_span(byte, count, y) for `count` bytes, kLongestSpan at most, from byte offset `byte`
+/// of row y until every pixel of the picture that is at least `half` pixels away from all borders
+/// was visited once, in strips of `strip` columns (more than `half`). The results are expected in
+/// `to` and handed to `done`, which may be empty.
+template <typename OnSpan>
 void walk_interior(const ConstImageView& picture, int half, int strip, const TargetRows& to,
-                   const ProgressReporter& progress, const PartDone& done, Stretch stretch) {
+                   const ProgressReporter& progress, const PartDone& done, OnSpan on_span) {
     const int reach = 3 * half;
     const int end = 3 * picture.width - reach;
     HandOver hand_over(to, done, reach, end - reach > 3 * strip, picture.height);
@@ -62,12 +62,12 @@ void walk_interior(const ConstImageView& picture, int half, int strip, const Tar
             if (done && y >= half) hand_over.row(begin, next, next < end, y);
         };
         for (int y = half; y < picture.height - half; ++y) {
-            // The last row met stands in for the one after it.
+            // At the last row, that row again.
             const std::uint8_t* upcoming = picture.row(std::min(y + half + 1, picture.height - 1));
-            for (int byte = begin; byte < next; byte += kLongestStretch) {
-                const int count = std::min(kLongestStretch, next - byte);
+            for (int byte = begin; byte < next; byte += kLongestSpan) {
+                const int count = std::min(kLongestSpan, next - byte);
                 prefetch(upcoming + byte, count);
-                stretch(byte, count, y);
+                on_span(byte, count, y);
             }
             finish(y - half);
         }

@@ -8,6 +8,16 @@
 
 namespace kelvane {
 
+/// The command Darken: the level of its `Fade`.
+inline constexpr int kDarkenLevel = 240;
+/// The command Lighten, in per cent.
+inline constexpr int kLightenPercent = 20;
+/// Hues, in sextants.
+inline constexpr int kLowestHue = -1;
+inline constexpr int kHighestHue = 5;
+/// The largest amount of noise, in per cent.
+inline constexpr int kMostNoise = 100;
+
 /// Every byte becomes byte x level / 255, division toward zero. `level` is 0 (black) to 255
 /// (unchanged).
 void Fade(ImageView image, int level, ProgressObserver* observer = nullptr);
@@ -22,7 +32,8 @@ void Colourise(ImageView image, float fHue, ProgressObserver* observer = nullptr
 /// Adds to each byte a number of its own, spread evenly over `percent` x 128 / 100 steps around 0.
 /// `bRandom` leaves a pixel alone unless a further number exceeds `percent`: with more percent
 /// fewer pixels change, by more. Numbers are drawn column by column, blue, green, red.
-/// `InitProgress` carries width - 1, a count of pixels: displays have always been set so.
+/// `InitProgress` carries width - 1, in pixels, although positions are in bytes: kept for
+/// compatibility.
 void AddNoise(ImageView image, int percent, bool bRandom, RandomSource& random,
               ProgressObserver* observer = nullptr);
 

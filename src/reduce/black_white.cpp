@@ -62,7 +62,8 @@ void copy_unwritten(ImageView destination, ImageView source) {
 } // namespace
 
 void BlackAndWhite(ImageView source, ImageView destination, int limit, ProgressObserver* observer) {
-    // The sums decide without a grey picture in between; GrayScale's events still come first.
+    // Weighted sums are compared directly, without a grey picture; receivers still expect
+    // GrayScale's events.
     const ProgressReporter progress(observer);
     report_all_columns(source.width, ProgressReporter(observer));
     weigh_columns(source, destination, dark_by_grey(limit), progress);
@@ -76,8 +77,7 @@ void BlackAndWhite2(ImageView source, ImageView destination, int limit,
 
 void LineArt2(ImageView source, ImageView destination, int limit, Channels channels,
               ProgressObserver* observer) {
-    if (!channels.red && !channels.green && !channels.blue)
-        throw std::invalid_argument("no channel chosen");
+    if (!channels.any()) throw std::invalid_argument("no channel chosen");
     const ProgressReporter progress(observer);
     weigh_columns(source, destination, dark_by_mean(limit, channels), progress);
     progress.complete();
@@ -96,6 +96,18 @@ void EdgeDetect2(ImageView source, ImageView destination, int limit, ProgressObs
     });
     copy_unwritten(destination, source);
     progress.complete();
+}
+
+void Reduce(ImageView source, ImageView destination, const Reduction& reduction,
+            ProgressObserver* observer) {
+    switch (reduction.kind) {
+    case ReductionKind::Brightness:
+        return BlackAndWhite(source, destination, reduction.limit, observer);
+    case ReductionKind::Colours:
+        return LineArt2(source, destination, reduction.limit, reduction.channels, observer);
+    case ReductionKind::Edges:
+        return EdgeDetect2(source, destination, reduction.limit, observer);
+    }
 }
 
 } // namespace kelvane

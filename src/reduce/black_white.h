@@ -9,6 +9,11 @@
 
 namespace kelvane {
 
+/// The largest limit of a grey or a mean: everything turns black.
+inline constexpr int kLargestLimit = 255;
+/// The largest limit of a step between colours: none is as large, everything turns white.
+inline constexpr int kLargestEdgeLimit = 256;
+
 /// Black where the pixel's grey (see `GrayScale`) is at most `limit`, white elsewhere. The events
 /// of `GrayScale` come before its own.
 void BlackAndWhite(ImageView source, ImageView destination, int limit,
@@ -19,9 +24,12 @@ void BlackAndWhite2(ImageView source, ImageView destination, int limit,
 
 /// Which channels `LineArt2` looks at.
 struct Channels {
-    bool red;
-    bool green;
-    bool blue;
+    bool red = false;
+    bool green = false;
+    bool blue = false;
+
+    bool any() const { return red || green || blue; }
+    bool operator==(const Channels&) const = default;
 };
 
 /// Black where the mean of the chosen channels, rounded with halves to even, is at most `limit`.
@@ -34,5 +42,23 @@ void LineArt2(ImageView source, ImageView destination, int limit, Channels chann
 /// what they held; columns are reported from the second on.
 void EdgeDetect2(ImageView source, ImageView destination, int limit,
                  ProgressObserver* observer = nullptr);
+
+/// `BlackAndWhite`, `LineArt2` and `EdgeDetect2`, by their numbers in the reduction dialog.
+enum class ReductionKind { Brightness = 1, Colours = 2, Edges = 3 };
+
+/// A reduction with its arguments.
+struct Reduction {
+    ReductionKind kind = ReductionKind::Brightness;
+    int limit = 0;
+    Channels channels{}; ///< for `Colours` only
+
+    /// False for a reduction by no channel at all.
+    bool possible() const { return kind != ReductionKind::Colours || channels.any(); }
+    bool operator==(const Reduction&) const = default;
+};
+
+/// Carries out the operation that `reduction` stands for.
+void Reduce(ImageView source, ImageView destination, const Reduction& reduction,
+            ProgressObserver* observer = nullptr);
 
 } // namespace kelvane

@@ -27,7 +27,7 @@ void compare(const std::uint8_t* greys, const std::uint32_t* sums, int size, int
 const LocalRows kBaselineLocalRows{advance, compare};
 
 const LocalRows& local_rows() {
-    return cpu_level() >= CpuLevel::Avx2 ? kAvx2LocalRows : kBaselineLocalRows;
+    return fastest(kBaselineLocalRows, kAvx2LocalRows);
 }
 
 } // namespace kelvane

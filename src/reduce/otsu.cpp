@@ -12,8 +12,7 @@ namespace {
 
 using Histogram = std::array<std::int32_t, 256>;
 
-// Neighbours are often equal: counting them in tables of their own keeps one count from waiting for
-// the other.
+// Neighbours are often equal: separate tables avoid that one increment waits for the one before.
 class GreyCounter {
   public:
     void add(const std::vector<std::uint8_t>& greys) {

@@ -41,7 +41,7 @@ void edges(std::uint8_t* source, std::uint8_t* destination, int count, int least
 const ReduceRows kBaselineReduceRows{weigh, edges};
 
 const ReduceRows& reduce_rows() {
-    return cpu_level() >= CpuLevel::Avx2 ? kAvx2ReduceRows : kBaselineReduceRows;
+    return fastest(kBaselineReduceRows, kAvx2ReduceRows);
 }
 
 } // namespace kelvane

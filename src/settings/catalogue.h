@@ -1,5 +1,5 @@
-// Every setting the program keeps: its section, its key and what holds while it is missing. No
-// other place spells a key. Sections and keys are those that existing settings files have.
+// Every setting of the program: section, key and default. Keys are spelled nowhere else. Sections
+// and keys are those of existing settings files.
 #pragma once
 
 #include "settings/settings_file.h"
@@ -44,7 +44,7 @@ std::optional<int> read_setting(const SettingsFile& file, const OptionalSetting&
 std::wstring read_setting(const SettingsFile& file, const DecimalSetting& setting);
 std::wstring read_setting(const SettingsFile& file, const PathSetting& setting);
 
-// A failed write is nobody's concern: the choice holds while the program runs.
+// A failed write is ignored: the choice then holds until the program ends.
 void write_setting(const SettingsFile& file, const NumberSetting& setting, int value);
 void write_setting(const SettingsFile& file, const OptionalSetting& setting, int value);
 void write_setting(const SettingsFile& file, const DecimalSetting& setting, double value);
@@ -58,22 +58,22 @@ inline constexpr NumberSetting kLanguage{L"global", L"language", 10000};
 inline constexpr PathSetting kOpenFolder{L"global", L"lastpath"};
 inline constexpr PathSetting kSaveFolder{L"global", L"lastpath2"};
 
-/// The sliders of the three reductions; 0 leaves a slider where it was designed.
-inline constexpr NumberSetting kBrightnessLimit{L"imageexport", L"bwval", 0, 0, 255};
-inline constexpr NumberSetting kColourLimit{L"imageexport", L"bwval2", 0, 0, 255};
-inline constexpr NumberSetting kEdgeLimit{L"imageexport", L"bwval3", 0, 0, 255};
+/// The sliders of the three reductions.
+inline constexpr OptionalSetting kBrightnessLimit{L"imageexport", L"bwval"};
+inline constexpr OptionalSetting kColourLimit{L"imageexport", L"bwval2"};
+inline constexpr OptionalSetting kEdgeLimit{L"imageexport", L"bwval3"};
 /// The channels of the colour reduction, 0 or 1. Blue has always been spelled "bbb".
 inline constexpr NumberSetting kUseRed{L"imageexport", L"bwr", 0, 0, 1};
 inline constexpr NumberSetting kUseGreen{L"imageexport", L"bwg", 0, 0, 1};
 inline constexpr NumberSetting kUseBlue{L"imageexport", L"bbb", 0, 0, 1};
 
 /// Layer number, from 1: the position in the export dialog's list.
-inline constexpr NumberSetting kLayer{L"imageexport", L"layer", 20, 1, 255};
+inline constexpr OptionalSetting kLayer{L"imageexport", L"layer"};
 /// Edge length of one pixel in the chosen unit.
 inline constexpr DecimalSetting kPixelSize{L"imageexport", L"size", L"1"};
 /// Positions in the lists of units and of versions, from 0.
-inline constexpr NumberSetting kUnit{L"imageexport", L"unit", 0, 0, 3};
-inline constexpr NumberSetting kVersion{L"imageexport", L"version", 0, 0, 2};
+inline constexpr OptionalSetting kUnit{L"imageexport", L"unit"};
+inline constexpr OptionalSetting kVersion{L"imageexport", L"version"};
 /// Option buttons of the export dialog: full autotrace chosen (-1 or 0), its shape, the linewise
 /// shape.
 inline constexpr OptionalSetting kFullAutotrace{L"imageexport", L"exp1"};

@@ -12,9 +12,9 @@ inline constexpr std::size_t kLongestValue = 254;
 /// The same for a value that is a path: a path cut short would name nothing, or another file.
 inline constexpr std::size_t kLongestPath = 32767;
 
-/// Access to one settings file. Nothing here reports a failure by an exception: a file that is
-/// missing, locked, read-only, a folder or rubbish reads as empty and swallows what is written.
-/// Entries of the file that the program does not know stay as they are.
+/// Access to one settings file. No function throws: a file that is missing, locked, read-only, a
+/// folder or damaged reads as empty, and what is written to it is lost. Unknown entries of the file
+/// stay as they are.
 ///
 /// Every value of any script survives: a new file is made as UTF-16, and the 8-bit file of an
 /// older installation is turned into UTF-16 the first time a value does not fit its code page.

@@ -20,7 +20,7 @@ namespace {
 constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
-// No settings file of ours comes near it; a larger file is not ours to rewrite.
+// Far above the size of any settings file; a larger file is not rewritten.
 constexpr std::uintmax_t kLargestFile = 1 << 20;
 
 std::wstring from_code_page(std::string_view bytes, DWORD flags) {
@@ -41,13 +41,13 @@ bool fits_code_page(const std::wstring& text) {
 void create_utf16(const std::filesystem::path& file) {
     const UniqueHandle handle(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                           FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!handle) return; // it exists, or the folder is closed to us
+    if (!handle) return; // it exists, or there is no write access to the folder
     DWORD written = 0;
     WriteFile(handle.get(), kUtf16Mark.data(), static_cast<DWORD>(kUtf16Mark.size()), &written,
               nullptr);
 }
 
-// The platform may hold the file in memory.
+// Makes the platform write back and drop its cached copy of the file.
 void forget_cached(const std::filesystem::path& file) {
     WritePrivateProfileStringW(nullptr, nullptr, nullptr, file.c_str());
 }

@@ -1,4 +1,4 @@
-// What is said when the shell could not open a file or a page.
+// Texts for files and pages that the shell could not open.
 #pragma once
 
 namespace kelvane {

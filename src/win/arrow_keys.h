@@ -1,5 +1,5 @@
-// Arrow keys that a control's dialog handles: of picture boxes, which have no use for keys of their
-// own, and of fields in a grid.
+// Arrow keys that the dialog handles instead of the control: those of picture boxes and of fields
+// in a grid.
 #pragma once
 
 #include <windows.h>
@@ -11,9 +11,9 @@ namespace kelvane::win {
 /// it has WS_TABSTOP. Ends with the control.
 void take_arrow_keys(HWND control);
 
-/// From now on an arrow key that has nowhere to go in the text of this one-line field is sent to
-/// its dialog as WM_KEYDOWN: Left from the text's or the selection's beginning, Right from its end,
-/// Up and Down always. Together with Shift or Ctrl keys stay the field's own. Ends with the field.
+/// From now on an arrow key that cannot move the caret in this one-line field is sent to its dialog
+/// as WM_KEYDOWN: Left at the start of the text, Right at its end, Up and Down always. Keys with
+/// Shift or Ctrl are not sent. Ends with the field.
 void pass_on_arrow_keys(HWND edit);
 
 } // namespace kelvane::win

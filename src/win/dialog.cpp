@@ -11,7 +11,7 @@ namespace {
 constexpr INT_PTR kConfirmed = 1;
 constexpr INT_PTR kCancelled = 2;
 
-// Posted: the system has finished with WM_DPICHANGED.
+// Posted, so that it arrives when the system has finished with WM_DPICHANGED.
 constexpr UINT kArrangedAnew = WM_APP + 100;
 
 const wchar_t* resource(int id) {
@@ -32,13 +32,15 @@ Dialog::~Dialog() {
 
 bool Dialog::show_modal(HWND owner) {
     modal_ = true;
+    Cancelled = true;
     failure_ = nullptr;
     const INT_PTR result = DialogBoxParamW(GetModuleHandleW(nullptr), resource(template_id_), owner,
                                            procedure, reinterpret_cast<LPARAM>(this));
     const DWORD error = GetLastError();
     if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
     if (result != kConfirmed && result != kCancelled) throw PlatformError(error);
-    return result == kConfirmed;
+    Cancelled = result != kConfirmed;
+    return !Cancelled;
 }
 
 void Dialog::show_modeless(HWND owner) {

@@ -20,12 +20,12 @@ void set_dialog_help(DialogHelp help);
 /// as members that are read after `show_modal`. The object is bound to its window from
 /// WM_INITDIALOG to WM_NCDESTROY and can be shown again afterwards.
 ///
-/// An exception that leaves a hook closes a modal dialog and comes out of `show_modal`; it never
+/// An exception that leaves a hook closes a modal dialog and is rethrown by `show_modal`; it never
 /// passes through the system's own calls.
 ///
-/// `confirm` may show messages or let the windows handle theirs while it waits. Until it returns no
-/// `on_command` arrives and OK does nothing; Cancel, the close box and `close` take effect when it
-/// has returned, whatever it answers: the dialog is then cancelled.
+/// `confirm` may show message boxes or dispatch messages while it waits. Until it returns, no
+/// `on_command` is called and OK does nothing; Cancel, the close box and `close` take effect when
+/// it has returned: the dialog is then cancelled, whatever `confirm` answers.
 class Dialog {
   public:
     explicit Dialog(int template_id) : template_id_(template_id) {}
@@ -37,9 +37,12 @@ class Dialog {
     /// IDOK and `confirm`, false by IDCANCEL, Esc or the close box. Throws `PlatformError` when
     /// the dialog cannot be made.
     bool show_modal(HWND owner);
-    /// Shows the dialog and returns at once; `close` or the destructor takes it away.
+    /// Shows the dialog and returns at once; `close` or the destructor closes it.
     void show_modeless(HWND owner);
     void close();
+
+    /// True from `show_modal` on until it returns true: the dialog's results are not valid.
+    bool Cancelled = true;
 
     /// The dialog's window; null while it is not shown.
     HWND window() const { return window_; }
@@ -48,16 +51,16 @@ class Dialog {
     /// Fills the controls and sets every caption. Until it returns no `on_command` arrives. The
     /// focus then goes to the first control in tab order.
     virtual void load() {}
-    /// IDOK: reads and checks the controls, writes the settings. False keeps the dialog open. One
-    /// that lets messages be handled has to look at `cancel_requested` before it writes anything.
+    /// IDOK: reads and checks the controls, writes the settings. False keeps the dialog open. An
+    /// override that dispatches messages has to check `cancel_requested` before it writes.
     virtual bool confirm() { return true; }
     /// A notification by WM_COMMAND from any other control: its id and the notification code.
     virtual void on_command(int /*control*/, int /*notification*/) {}
-    /// The dialog has come to a monitor of another density and the system has arranged the controls
-    /// anew, by their sizes in the template: what `load` sized in pixels is to be sized again.
+    /// The dialog has moved to a monitor of another density and the system has placed the controls
+    /// again, by their sizes in the template: what `load` sized in pixels has to be sized again.
     virtual void density_changed() {}
-    /// Every message but WM_INITDIALOG and WM_COMMAND, once `load` has begun. What a dialog
-    /// procedure returns: FALSE when the message was not handled.
+    /// Every message but WM_INITDIALOG and WM_COMMAND, from the start of `load` on. Result as of a
+    /// dialog procedure: FALSE when the message was not handled.
     virtual INT_PTR on_message(UINT /*message*/, WPARAM /*w*/, LPARAM /*l*/) { return FALSE; }
 
     HWND control(int id) const { return GetDlgItem(window_, id); }
@@ -65,7 +68,7 @@ class Dialog {
     std::wstring text(int id) const;
     bool checked(int id) const { return IsDlgButtonChecked(window_, id) == BST_CHECKED; }
     void check(int id, bool on) const;
-    /// Of the option buttons `first` to `last` chooses `id` alone.
+    /// Of the option buttons `first` to `last` checks only `id`.
     void check_radio(int first, int last, int id) const;
     void enable(int id, bool on) const { EnableWindow(control(id), on); }
     void set_title(const std::wstring& title) const { SetWindowTextW(window_, title.c_str()); }

@@ -11,7 +11,7 @@ int dots_per_inch(HWND window);
 /// A length given for 96 dots per inch, on the window's monitor.
 int scaled(HWND window, int length);
 
-/// What GetSystemMetrics says, for the window's monitor.
+/// GetSystemMetrics for the window's monitor.
 int system_metric(HWND window, int index);
 
 /// The fonts of messages and status lines, and of windows' captions, for the window's monitor.

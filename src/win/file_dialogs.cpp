@@ -1,6 +1,7 @@
 #include "win/file_dialogs.h"
 
 #include "win/platform_error.h"
+#include "win/text_or_null.h"
 
 #include <cderr.h>
 #include <commdlg.h>
@@ -12,11 +13,7 @@ namespace {
 
 constexpr std::size_t kLongestPath = 32768;
 
-const wchar_t* text_or_null(const std::wstring& text) {
-    return text.empty() ? nullptr : text.c_str();
-}
-
-// The system separates by zeros, and a second zero ends the list.
+// The system wants zeros as separators and a second zero at the end.
 std::wstring system_filter(std::wstring filter) {
     std::replace(filter.begin(), filter.end(), L'|', L'\0');
     filter += L'\0';
@@ -25,7 +22,7 @@ std::wstring system_filter(std::wstring filter) {
 
 using Show = BOOL(WINAPI*)(OPENFILENAMEW*);
 
-// Nothing when cancelled; a proposal that the system takes for no file name is dropped.
+// Nothing when cancelled. A proposal that the system rejects as a file name is dropped.
 std::optional<std::wstring> ask(Show show, HWND owner, const FileQuestion& question, DWORD flags) {
     const std::wstring filter = system_filter(question.filter);
     std::wstring path(question.proposal);

@@ -16,7 +16,7 @@ struct FileQuestion {
     std::wstring filter;
     /// Which pair is chosen at first, from 1.
     unsigned chosen_filter = 1;
-    /// Where to start; empty: where the system likes.
+    /// Folder to start in; empty: the system chooses.
     std::wstring folder;
     /// A proposed name or path.
     std::wstring proposal;

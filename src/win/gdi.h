@@ -1,4 +1,4 @@
-// Owners of GDI and menu handles, and scopes that put back what they changed.
+// Owners of handles, and RAII scopes of GDI calls.
 #pragma once
 
 #include <windows.h>
@@ -21,7 +21,7 @@ template <class Handle, auto Destroy> class Owned {
 
     Handle get() const { return handle_; }
     explicit operator bool() const { return handle_ != nullptr; }
-    /// Hands the handle over to somebody else, for example to the clipboard or a window.
+    /// Gives up ownership, for example to the clipboard or a window.
     Handle release() { return std::exchange(handle_, nullptr); }
     void reset(Handle handle = nullptr) {
         if (handle_ != nullptr) Destroy(handle_);
@@ -33,17 +33,14 @@ template <class Handle, auto Destroy> class Owned {
 };
 
 using Bitmap = Owned<HBITMAP, DeleteObject>;
-using Brush = Owned<HBRUSH, DeleteObject>;
 using Icon = Owned<HICON, DestroyIcon>;
 using Font = Owned<HFONT, DeleteObject>;
-using Menu = Owned<HMENU, DestroyMenu>;
 using AcceleratorTable = Owned<HACCEL, DestroyAcceleratorTable>;
 using Module = Owned<HMODULE, FreeLibrary>;
 /// A device context from CreateCompatibleDC.
 using MemoryContext = Owned<HDC, DeleteDC>;
-using GlobalBlock = Owned<HGLOBAL, GlobalFree>;
 
-/// An object selected into a device context; the previous one comes back at the end.
+/// Selects an object into a device context and restores the previous one in the destructor.
 class Selected {
   public:
     Selected(HDC context, HGDIOBJ object)

@@ -15,12 +15,12 @@ void draw_picture(HDC context, const RECT& target, const cDIBSection& picture);
 /// the dialog's background around it, without flicker.
 void draw_picture_box(const DRAWITEMSTRUCT& box, const cDIBSection& picture, double zoom = 1);
 
-/// How much larger than one to one pictures are drawn in a window, so that they grow with its
-/// texts: 1 on an ordinary screen, 2 at 200 %.
+/// Zoom at which a window draws pictures, so that they grow with its texts: 1 at 96 dots per inch,
+/// 2 at 192.
 double picture_zoom(HWND window);
 
-/// Makes the inside of a picture box as large as a picture of this size comes out in it; dialog
-/// units never give exactly that.
+/// Sizes the inside of a picture box for a picture of this size at `picture_zoom`. Dialog units
+/// cannot express that size exactly.
 void fit_picture_box(HWND box, int width, int height);
 
 } // namespace kelvane::win

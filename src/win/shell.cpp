@@ -1,15 +1,10 @@
 #include "win/shell.h"
 
+#include "win/text_or_null.h"
+
 #include <shellapi.h>
 
 namespace kelvane::win {
-namespace {
-
-const wchar_t* text_or_null(const std::wstring& text) {
-    return text.empty() ? nullptr : text.c_str();
-}
-
-} // namespace
 
 int shell_execute(HWND owner, const ShellCommand& command) {
     const HINSTANCE answer =

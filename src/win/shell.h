@@ -11,7 +11,7 @@ namespace kelvane::win {
 struct ShellCommand {
     /// A document, a program or the address of a page.
     std::wstring file;
-    /// "open", "print" and so on; empty: the usual one for the file.
+    /// "open", "print" and so on; empty: the default operation of the file's type.
     std::wstring operation = {};
     std::wstring parameters = {};
     /// The working folder; empty: the program's own.
@@ -19,10 +19,11 @@ struct ShellCommand {
     int show = SW_SHOWNORMAL;
 };
 
-/// Answers above this one mean success, and each of the others a failure of its own.
+/// An answer above this number means success, the others are error codes.
 inline constexpr int kLastShellError = 32;
 
-/// The shell's answer. It waits for nothing. `owner` is for questions of the shell's own.
+/// Returns the shell's answer without waiting for the program. `owner` owns the message boxes that
+/// the shell itself shows.
 int shell_execute(HWND owner, const ShellCommand& command);
 
 } // namespace kelvane::win

@@ -7,7 +7,7 @@
 
 namespace kelvane {
 
-/// Closes its handle when it goes. Both values that Windows uses for "no handle", null and
+/// Closes its handle in the destructor. Both values that Windows uses for "no handle", null and
 /// INVALID_HANDLE_VALUE, count as empty.
 class UniqueHandle {
   public:

@@ -8,7 +8,7 @@ thread_local Window* Window::expecting_ = nullptr;
 
 Window::~Window() {
     if (window_ == nullptr) return;
-    SetWindowLongPtrW(window_, GWLP_USERDATA, 0); // the derived parts are gone already
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0); // the derived part is destroyed already
     DestroyWindow(window_);
 }
 

@@ -25,19 +25,18 @@ class Window {
     /// Registers the class once per process; `name`, icons, cursor and background come filled in,
     /// procedure and instance are set here.
     static void register_class(WNDCLASSEXW window_class);
-    /// The object that the next window made in this thread belongs to. It is given before the call
-    /// that makes the window, because an MDI child's creation leaves no other way that works for
-    /// every kind of window.
+    /// Binds the next window that this thread creates to this object; to be called right before the
+    /// creation. An MDI child's creation has no parameter that could carry the object.
     void expect_window() { expecting_ = this; }
 
     virtual LRESULT on_message(UINT message, WPARAM w, LPARAM l) {
         return default_procedure(message, w, l);
     }
-    /// What happens to messages that are not handled; frames and MDI children have their own.
+    /// For messages that are not handled; frames and MDI children override it.
     virtual LRESULT default_procedure(UINT message, WPARAM w, LPARAM l) {
         return DefWindowProcW(window_, message, w, l);
     }
-    /// The window is gone. The last call, after which the base touches the object no more.
+    /// The window is destroyed. The base does not access the object after this call.
     virtual void destroyed() {}
 
   private:

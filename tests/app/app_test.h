@@ -29,7 +29,6 @@ class AppTest : public testing::Test {
         save_bitmap(picture.view(), folder / name);
         return path(name);
     }
-    /// The same, opened.
     frmImage& opened(const cDIBSection& picture, const std::wstring& name = L"picture.bmp") {
         main.open_file(saved(picture, name));
         return *main.forms().back();
@@ -42,7 +41,6 @@ class AppTest : public testing::Test {
     }
 
     void choose(unsigned command) { SendMessageW(main.window(), WM_COMMAND, command, 0); }
-    /// The next message box tells of a failure in these words.
     void expect_error(const std::wstring& text) { script.expect_message(L"Error ! [OK]: " + text); }
     void close(frmImage& form) { SendMessageW(form.window(), WM_CLOSE, 0, 0); }
     std::wstring path(const std::wstring& name) const { return (folder / name).wstring(); }

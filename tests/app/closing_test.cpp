@@ -1,4 +1,4 @@
-// Nothing that has changed is given up without a question.
+// Closing asks before it discards a changed document.
 #include "app_test.h"
 
 #include <gmock/gmock.h>

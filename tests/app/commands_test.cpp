@@ -13,7 +13,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// What becomes of a coloured pixel in a grey picture and of its right neighbour: blue, green, red.
+// Blue, green, red of a pixel on grey and of its right neighbour after the command.
 struct Entry {
     const wchar_t* path;
     std::array<int, 6> expected;
@@ -75,7 +75,7 @@ TEST_F(Commands, WithoutDocumentTheyAskForOne) {
     }
 }
 
-// The access keys that occur twice in a menu, of it and then of those that it opens.
+// The access keys that occur twice in one menu, for this menu and its submenus.
 std::wstring repeated_in(HMENU menu) {
     std::wstring repeated = repeated_keys(menu_texts(menu));
     for (int i = 0; i < GetMenuItemCount(menu); ++i)

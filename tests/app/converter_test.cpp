@@ -96,7 +96,7 @@ TEST_F(ByImageMagick, OneOfSeveralImagesIsChosen) {
 mfrmMain* window = nullptr;
 std::vector<std::wstring> seen; // in the status line
 
-// Runs while the converter hangs, because the windows' messages are handled.
+// A timer: runs while the converter hangs, because messages are dispatched.
 void CALLBACK look(HWND, UINT, UINT_PTR, DWORD) {
     seen.push_back(window->status_bar().text(0));
     if (!seen.back().ends_with(L": a.hang")) return;

@@ -1,4 +1,4 @@
-// Which page of the help opens where, with a library of our own in the place of Wine's.
+// Which page of the help opens where. A stand-in replaces the system's library.
 #include "app_test.h"
 
 #include "settings/folders.h"

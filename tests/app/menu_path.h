@@ -1,4 +1,4 @@
-// Menu entries by what the user reads.
+// Menu entries found by their captions.
 #pragma once
 
 #include <windows.h>

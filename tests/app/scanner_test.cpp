@@ -1,4 +1,4 @@
-// Scanning, with a library of our own in the scanner's place.
+// Scanning, with a stand-in for the scanner's library.
 #include "app_test.h"
 
 #include "base/library_search.h"

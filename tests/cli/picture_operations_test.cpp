@@ -104,7 +104,7 @@ TEST_F(PictureOperations, TakeAPictureOfOnePixel) {
          {"crop:0,0,1x1", "trim", "mirror", "flip", "rotate:90", "rotate:180", "rotate:270",
           "bw:auto", "local-bw:999,0", "despeckle:0"})
         expect_result(dot, operation, {"#"});
-    expect_result(dot, "despeckle:1", {"#"}); // as dark it goes, as light too
+    expect_result(dot, "despeckle:1", {"#"}); // removed as a dark area, then as a light one
     expect_result(drawn({"."}), "despeckle:2147483647", {"#"});
 }
 

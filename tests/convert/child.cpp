@@ -1,7 +1,7 @@
 // The console program that the console runner's tests run. Its first argument says what to do;
 // those of a converter make it one that cannot convert.
-#include "convert/command_line.h"
 #include "convert/exec.h"
+#include "convert/quoted_argument.h"
 #include "settings/private_folder.h"
 
 #include <process.h>
@@ -25,7 +25,7 @@ void print_arguments(int count, wchar_t** arguments) {
     }
 }
 
-// Starts itself anew with this process's output, and does not wait for it.
+// Starts a second process of this program with the same output, and does not wait for it.
 void start_grandchild(const wchar_t* milliseconds) {
     const std::wstring program = quoted_argument(_wpgmptr);
     _wspawnl(_P_NOWAIT, _wpgmptr, program.c_str(), L"late", milliseconds, nullptr);
@@ -48,7 +48,7 @@ void convert(std::wstring_view file) {
     if (file.starts_with(L"testtmp") && file.ends_with(L".hang")) Sleep(INFINITE);
 }
 
-// Gives no answer twice; counts the questions in the file KELVANE_CHILD_LOG.
+// Prints nothing in the first two runs; counts the runs in the file KELVANE_CHILD_LOG.
 void list_formats() {
     std::FILE* log = _wfopen(_wgetenv(L"KELVANE_CHILD_LOG"), L"ab");
     std::fputc('x', log);

@@ -1,6 +1,6 @@
-#include "convert/command_line.h"
 #include "convert/exec.h"
 #include "convert/get_cmd_output.h"
+#include "convert/quoted_argument.h"
 #include "win/unique_handle.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Files converted by ImageMagick itself, and by a program in its place that hangs.
+// Files converted by ImageMagick itself, and by a stand-in that hangs.
 #include "convert/conversion.h"
 #include "image/picture_reader.h"
 #include "settings/catalogue.h"
@@ -151,7 +151,7 @@ std::string drawing_with(const std::string& picture) {
            picture + "'/></svg>";
 }
 
-// The drawing is at once a script, and refers to its copy or to itself.
+// The drawing is also a script, and refers to its copy or to itself.
 TEST_F(Conversions, PictureWritesNoFiles) {
     const TemporaryFolder folder;
     const path file = folder / "logo.msvg";

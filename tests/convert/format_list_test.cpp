@@ -1,4 +1,4 @@
-// The converter's output, taken apart.
+// Parsing of the converter's output.
 #include "convert/format_list.h"
 #include "convert/verbose_output.h"
 

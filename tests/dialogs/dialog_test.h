@@ -1,4 +1,4 @@
-// What the tests of dialogs share: showing one, acting on it and seeing what it paints.
+// Fixture of the tests of dialogs: shows a dialog, acts on it, reads what it paints.
 #pragma once
 
 #include "settings/scratch_folder.h"
@@ -32,11 +32,9 @@ struct DialogTest : testing::Test {
         Form& dialog, int button, const ModalScript::Step& act = [](HWND) {}) {
         script.expect_dialog(act, button);
         EXPECT_EQ(dialog.show_modal(nullptr), button == IDOK);
-        if constexpr (requires { dialog.Cancelled; }) {
-            EXPECT_EQ(dialog.Cancelled, button != IDOK);
-        }
+        EXPECT_EQ(dialog.Cancelled, button != IDOK);
     }
-    /// OK brings a message under the dialog's title and leaves the dialog open.
+    /// OK shows a message under the dialog's title and leaves the dialog open.
     void expect_refused(HWND dialog) {
         script.expect_message(
             testing::StartsWith(win::window_text(dialog) + L' ' + refusal_icon + L" [OK]: "));

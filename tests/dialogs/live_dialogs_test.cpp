@@ -87,19 +87,18 @@ TEST_F(LiveDialogs, WeightedSumReturnsItsNumbers) {
         type_text(window, IDC_COMBINE_MULTIPLIER_2, L"2");
         EXPECT_THAT(shown_in(window, IDC_COMBINE_PREVIEW), ElementsAre(RGB(215, 215, 215)));
     });
-    EXPECT_EQ(dialog.CombinationType, 1);
+    EXPECT_EQ(dialog.combination,
+              (Combination{CombinationType::AddImages, {{{-1, -255, -255, -255}, {2, 0, 0, 0}}}}));
     EXPECT_THAT(dialog.ImageSource, ElementsAre(1, 0));
-    EXPECT_THAT(dialog.Multiplier, ElementsAre(-1, 2));
-    EXPECT_THAT(dialog.Offset[0], testing::Each(-255));
-    EXPECT_THAT(dialog.Offset[1], testing::Each(0));
     EXPECT_EQ(dialog.NewImageWidth, 640);
     EXPECT_EQ(dialog.NewImageHeight, 480);
 }
 
 TEST_F(LiveDialogs, SelectionKeepsWhatItsNameSaysAndNeedsNoNumbers) {
     frmCombination dialog({logo, second});
-    const std::tuple<int, int, COLORREF> kCases[] = {{IDC_COMBINE_LIGHTEST, 3, RGB(100, 100, 100)},
-                                                     {IDC_COMBINE_DARKEST, 2, RGB(30, 30, 30)}};
+    const std::tuple<int, CombinationType, COLORREF> kCases[] = {
+        {IDC_COMBINE_LIGHTEST, CombinationType::AddDarkest, RGB(100, 100, 100)},
+        {IDC_COMBINE_DARKEST, CombinationType::AddLightest, RGB(30, 30, 30)}};
     for (const auto& [button, type, kept] : kCases) {
         show(dialog, IDOK, [button = button, kept = kept](HWND window) {
             type_text(window, IDC_COMBINE_OFFSET_2, L"rubbish");
@@ -107,7 +106,7 @@ TEST_F(LiveDialogs, SelectionKeepsWhatItsNameSaysAndNeedsNoNumbers) {
             EXPECT_FALSE(IsWindowEnabled(GetDlgItem(window, IDC_COMBINE_OFFSET_2)));
             EXPECT_THAT(shown_in(window, IDC_COMBINE_PREVIEW), ElementsAre(kept));
         });
-        EXPECT_EQ(dialog.CombinationType, type);
+        EXPECT_EQ(dialog.combination.type, type);
         EXPECT_THAT(dialog.ImageSource, ElementsAre(0, 1));
     }
 }

@@ -1,5 +1,4 @@
-// Every dialog in both languages on screens of several densities: its texts have room, its controls
-// keep apart, and its picture goes to the folder of screenshots, where people look at it.
+// Every dialog in both languages and densities: texts fit, no control covers another. Screenshots.
 #include "dialogs/dialog_test.h"
 #include "dialogs/frmAbout.h"
 #include "dialogs/frmCombination.h"
@@ -35,7 +34,7 @@ bool is_picture(HWND control) {
     return class_of(control) == L"Static" && (type == SS_OWNERDRAW || type == SS_ICON);
 }
 
-// What remains of a control beside its box, its frame and its margins.
+// Room for the caption of a control: its area without box, frame and margins.
 SIZE room_of(HWND control) {
     RECT area{};
     GetClientRect(control, &area);
@@ -83,8 +82,8 @@ void expect_inside_and_apart(HWND dialog, HWND control) {
     }
 }
 
-// Each visible control stays inside the dialog's border and apart from the others, and no caption
-// is missing or cut. The access keys that two captions share.
+// Each visible control is inside the dialog and overlaps no other, and no caption is missing or
+// cut. Returns the access keys that two captions share.
 std::wstring expect_captions_fit(HWND dialog) {
     EXPECT_TRUE(IsWindowVisible(dialog));
     EXPECT_FALSE(win::window_text(dialog).empty()) << "no title";
@@ -174,7 +173,7 @@ TEST_P(DialogLooks, CaptionsFit) {
 INSTANTIATE_TEST_SUITE_P(BothLanguages, DialogLooks,
                          testing::Values(kEnglishOffset, kGermanOffset));
 
-/// The density of the screen for programs that start while it lives.
+/// Sets the screen density for programs that start during its lifetime.
 class Density {
   public:
     explicit Density(DWORD dots) {

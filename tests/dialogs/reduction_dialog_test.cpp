@@ -13,7 +13,7 @@ const Reduction kEvery[] = {
 };
 
 TEST(PreviewSizeTest, LongerSideFillsTheBox) {
-    // Of 8 x 1 and 8 x 3 the height is 27.5 and 82.5 and goes to the even neighbour.
+    // 8 x 1 and 8 x 3 give heights of 27.5 and 82.5, rounded to even.
     const std::array<int, 4> kSizes[] = {{300, 100, 220, 73}, {100, 300, 73, 220},
                                          {50, 50, 220, 220},  {8, 1, 220, 28},
                                          {8, 3, 220, 82},     {20000, 3, 220, 1}};
@@ -98,7 +98,7 @@ struct ReductionDialogTest : DialogTest {
 };
 
 TEST_F(ReductionDialogTest, StartsWhereTheLastReductionsWere) {
-    scratch.put("[imageexport]\r\nbwval=0\r\nbwval2=77\r\nbwval3=255\r\nbwg=1\r\n");
+    scratch.put("[imageexport]\r\nbwval=256\r\nbwval2=77\r\nbwval3=255\r\nbwg=1\r\n");
     show(dialog, IDOK, [](HWND window) {
         EXPECT_EQ(position_of(window, IDC_REDUCE_BRIGHTNESS_LIMIT), 128) << "as designed";
         EXPECT_EQ(position_of(window, IDC_REDUCE_COLOUR_LIMIT), 77);
@@ -109,8 +109,7 @@ TEST_F(ReductionDialogTest, StartsWhereTheLastReductionsWere) {
         slide(window, IDC_REDUCE_BRIGHTNESS_LIMIT, 0);
         EXPECT_EQ(text_of(window, IDC_REDUCE_LIMIT), L"1") << "0 would mean cancelled";
     });
-    EXPECT_EQ(dialog.result, 1);
-    EXPECT_EQ(dialog.limitvalue, 1);
+    EXPECT_EQ(dialog.result, (Reduction{ReductionKind::Brightness, 1, {false, true, false}}));
 }
 
 TEST_F(ReductionDialogTest, EachReductionHasItsOwnControls) {
@@ -133,16 +132,15 @@ TEST_F(ReductionDialogTest, EachReductionHasItsOwnControls) {
         EXPECT_FALSE(IsWindowEnabled(GetDlgItem(window, IDC_REDUCE_BLUE)));
         EXPECT_EQ(text_of(window, IDC_REDUCE_LIMIT), L"40");
     });
-    EXPECT_EQ(dialog.result, 3);
-    EXPECT_EQ(dialog.limitvalue, 40);
+    EXPECT_EQ(dialog.result, (Reduction{ReductionKind::Edges, 40, {false, false, true}}));
     EXPECT_EQ(scratch.bytes(), before) << "settings are written by who reduces";
     show(dialog, IDCANCEL);
-    EXPECT_EQ(dialog.result, 0);
+    EXPECT_EQ(dialog.result, std::nullopt);
 }
 
 TEST_F(ReductionDialogTest, ColourLimitNeedsAChannel) {
     show(dialog, IDOK, [](HWND window) { click(window, IDC_REDUCE_COLOURS); });
-    EXPECT_EQ(std::tuple(dialog.red, dialog.green, dialog.blue), std::tuple(1, 1, 1));
+    EXPECT_EQ(dialog.result, (Reduction{ReductionKind::Colours, 128, {true, true, true}}));
     scratch.put("[imageexport]\r\nbbb=0\r\n"); // the others are missing
     show(dialog, IDOK, [this](HWND window) {
         click(window, IDC_REDUCE_COLOURS);
@@ -151,8 +149,7 @@ TEST_F(ReductionDialogTest, ColourLimitNeedsAChannel) {
         click(window, IDC_REDUCE_GREEN);
     });
     EXPECT_THAT(script.messages(), ElementsAre(LoadString(IDS_REDUCE_NO_COLOUR)));
-    EXPECT_EQ(dialog.result, 2);
-    EXPECT_EQ(std::tuple(dialog.red, dialog.green, dialog.blue), std::tuple(1, 1, 0));
+    EXPECT_EQ(dialog.result, (Reduction{ReductionKind::Colours, 128, {true, true, false}}));
 }
 
 TEST_F(ReductionDialogTest, DraggingAndArrowKeysMoveTheDetail) {

@@ -94,18 +94,11 @@ using Picture = cDIBSection;
 TEST(Engine, RefusesPicturesThatDoNotFit) {
     constexpr bool (*calls[])(Engine&, Picture&, Picture&) = {
         [](Engine& e, Picture& a, Picture& b) { return e.ProcessImage(a, b); },
-        [](Engine& e, Picture& a, Picture& b) { return e.AddLightest(a, b); },
-        [](Engine& e, Picture& a, Picture& b) { return e.AddDarkest(a, b); },
         [](Engine& e, Picture& a, Picture& b) { return e.AddImages(a, b, 0, 0, 0, 0, 0, 0, 0, 0); },
         [](Engine& e, Picture& a, Picture& b) {
             return e.ApplyPalette(a, b, cPalette({{1, 2, 3}}));
         },
         [](Engine& e, Picture& a, Picture& b) { return e.Steinberg(a, b); },
-        [](Engine& e, Picture& a, Picture& b) { return e.BlackAndWhite(a, b, 128); },
-        [](Engine& e, Picture& a, Picture& b) { return e.BlackAndWhite2(a, b, 128); },
-        [](Engine& e, Picture& a, Picture& b) {
-            return e.LineArt2(a, b, 9, {true, true, true});
-        },
         [](Engine& e, Picture& a, Picture& b) { return e.EdgeDetect2(a, b, 0); },
         [](Engine& e, Picture& a, Picture& b) { return e.LocalBlackWhite(a, b, 3, 0); }};
     cImageProcessDIB engine;
@@ -124,6 +117,29 @@ TEST(Engine, RefusesPicturesThatDoNotFit) {
         EXPECT_TRUE(same_pixels(picture, original));
         EXPECT_TRUE(same_pixels(other, smaller));
     }
+}
+
+TEST(Engine, NamedCombinationsAndReductions) {
+    cImageProcessDIB engine;
+    const cDIBSection source = flat_picture(1, 1, 1, 2, 3);
+    const auto after = [](auto operation) {
+        cDIBSection target = flat_picture(1, 1, 4, 5, 6);
+        EXPECT_TRUE(operation(target));
+        return pixel_at(target, 0, 0);
+    };
+    const std::array black{0, 0, 0}, white{255, 255, 255};
+    EXPECT_EQ(after([&](Picture& t) { return engine.AddLightest(source, t); }),
+              (std::array{1, 2, 3}));
+    EXPECT_EQ(after([&](Picture& t) { return engine.AddDarkest(source, t); }),
+              (std::array{4, 5, 6}));
+    EXPECT_EQ(
+        after([&](Picture& t) { return engine.AddImages(source, t, 2, 1, 2, 3, 3, 4, 5, 6); }),
+        (std::array{28, 38, 46}));
+    EXPECT_EQ(after([&](Picture& t) { return engine.BlackAndWhite(t, t, 4); }), white); // grey 5
+    EXPECT_EQ(after([&](Picture& t) {
+                  return engine.LineArt2(t, t, 4, {false, false, true});
+              }),
+              black);
 }
 
 TEST(Engine, RefusesAnEmptyPicture) {

@@ -4,7 +4,7 @@
 namespace kelvane::test {
 namespace {
 
-// Only the middles of the quarters: where a filled rectangle ends is GDI's affair.
+// Only the middles of the quarters: the exact edge of a filled rectangle depends on GDI.
 void expect_middles(const std::string& name) {
     SCOPED_TRACE(name);
     const cDIBSection picture = read_picture(data_file(name));

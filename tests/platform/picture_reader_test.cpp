@@ -51,14 +51,26 @@ TEST(PictureReader, TransparencyShowsWhitePaper) {
     expect_quarters("transparent.gif", 32, 16, {{kRed, kWhite, kBlue, kWhite}});
 }
 
+// What is opaque is black, whatever its colour; a picture without transparency stays as it is.
+TEST(PictureReader, TransparencyAsInk) {
+    const auto difference = [](const char* name, const Quarters& expected) {
+        return largest_difference(decode_picture(data_bytes(name), Transparency::kInk), expected);
+    };
+    constexpr std::array<int, 3> kBlack{0, 0, 0}, kHalf{127, 127, 127};
+    EXPECT_EQ(difference("alpha.png", {{kBlack, kWhite, kHalf, kWhite}}), 0);
+    EXPECT_EQ(difference("transparent.gif", {{kBlack, kWhite, kBlack, kWhite}}), 0);
+    EXPECT_EQ(difference("half.tif", {{kHalf, kHalf, kHalf, kWhite}}), 0);
+    EXPECT_EQ(difference("deep.png", kFourColours), 0);
+}
+
 // Channels of 128 and alpha 128; offset 138 says whether the channels are multiplied by it.
 TEST(PictureReader, PremultipliedAlpha) {
-    const FileBytes colours = data_bytes("half.tif"), gray = data_bytes("half-gray.tif");
+    const FileBytes colours = data_bytes("half.tif"), grey = data_bytes("half-gray.tif");
     expect_quarters(colours, 4, 2, {{{127, 127, 255}, {127, 255, 127}, {255, 127, 127}, kWhite}});
     expect_quarters(patched(colours, 138, {2}), 4, 2,
                     {{{127, 127, 191}, {127, 191, 127}, {191, 127, 127}, kWhite}});
-    expect_quarters(gray, 4, 2, {{{127, 127, 127}, {191, 191, 191}, kWhite, kWhite}});
-    expect_quarters(patched(gray, 138, {2}), 4, 2,
+    expect_quarters(grey, 4, 2, {{{127, 127, 127}, {191, 191, 191}, kWhite, kWhite}});
+    expect_quarters(patched(grey, 138, {2}), 4, 2,
                     {{{127, 127, 127}, {159, 159, 159}, {191, 191, 191}, kWhite}});
 }
 
@@ -88,7 +100,7 @@ TEST(PictureReader, OrientationIsHonoured) {
     }
 }
 
-// A JPEG file with a small one, whose end mark is not the file's, in its headers.
+// A JPEG file with a thumbnail in its headers; the thumbnail's end mark is not the file's.
 FileBytes with_thumbnail(const FileBytes& jpeg) {
     const auto length = static_cast<std::uint8_t>(jpeg.size() + 2 - 256);
     return FileBytes{0xFF, 0xD8, 0xFF, 0xE1, 1, length} + jpeg +

@@ -85,7 +85,7 @@ void expect_diffusion(Operation run, Reference reference, int tall = 4) {
 }
 
 TEST(Diffusion, IsTheSlowWayColumnByColumn) {
-    // One share of sixteen seldom tells: many rows meet the edges of strips.
+    // A share of 1/16 seldom changes a result, so many rows cross the edges of strips.
     expect_diffusion([](ImageView image, ImageView buffer) { Steinberg(image, buffer); },
                      slow_steinberg, 150);
     const cPalette white({{255, 255, 255}}); // as far from black as can be

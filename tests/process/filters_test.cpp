@@ -62,7 +62,7 @@ TEST(Convolution, ExtremeSumsAndWidths) {
     kernel.set_cell(0, 0, kLeast);
     expect_convolution(kernel, 40, 3);
     expect_convolution(FilterKernel(3, 1), 20, 5); // all cells zero
-    // Wider than one stretch, for both ways of walking.
+    // Wider than one span, on both paths.
     expect_convolution(predefined_kernel(kSoftenMore), 2100, 7);
     expect_convolution(random_kernel(7, 2, 9, 3), 2100, 9);
 }

@@ -21,8 +21,8 @@ inline std::uint8_t clamped(std::int64_t value) {
 
 using Bgr = std::array<int, 3>;
 
-/// The picture with every pixel the clamped rule(x, y), of type Bgr; the rule meets pictures only
-/// through what it captured.
+/// The picture with every pixel the clamped rule(x, y), of type Bgr; the rule captures the pictures
+/// that it reads.
 template <typename Rule> cDIBSection each_pixel(const cDIBSection& picture, Rule rule) {
     cDIBSection result = picture.Copy();
     for (int x = 0; x < picture.Width(); ++x)
@@ -78,8 +78,8 @@ inline cDIBSection window(const cDIBSection& picture, int x, int y, int width, i
 }
 
 /// A picture of more than 16 megapixels is walked in strips of columns: run(image, buffer,
-/// observer) reports before it comes to the right half, and around a strip's edge it makes the same
-/// of it as of a small picture.
+/// observer) must report progress before it reaches the right half, and give the same result around
+/// a strip's edge as for a small picture.
 template <typename Operation> void expect_strips(Operation run) {
     struct FirstReport : ProgressObserver {
         std::function<void()> check;
@@ -106,7 +106,7 @@ template <typename Operation> void expect_strips(Operation run) {
                             window(small, kMargin, kMargin, inside, inside)));
 }
 
-/// run(image, buffer, observer) tells this of a picture of that size.
+/// Checks the events of run(image, buffer, observer) for a picture of that size.
 template <typename Operation>
 void expect_events(int width, int height, Operation run, const std::vector<long>& maxima,
                    const std::vector<long>& positions, std::size_t completions = 1) {

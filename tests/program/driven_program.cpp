@@ -1,6 +1,6 @@
 #include "driven_program.h"
 
-#include "convert/command_line.h"
+#include "convert/quoted_argument.h"
 #include "support/windows/modal_script.h"
 #include "win/dialog.h"
 
@@ -11,7 +11,7 @@
 namespace kelvane::test {
 namespace {
 
-constexpr DWORD kLook = 10; // milliseconds between two looks
+constexpr DWORD kLook = 10; // milliseconds between two checks of a condition
 // Milliseconds. Only a fault makes anybody wait so long: under load a file dialog of Wine stands
 // still for several times five seconds.
 constexpr DWORD kPatience = 60000;
@@ -20,7 +20,7 @@ constexpr DWORD kPatience = 60000;
     throw std::runtime_error(what);
 }
 
-// A job ends what is in it when its last handle is closed, even if that is because the test died.
+// The job ends its processes when its last handle is closed, also when the test crashes.
 UniqueHandle ending_job() {
     UniqueHandle job(CreateJobObjectW(nullptr, nullptr));
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};

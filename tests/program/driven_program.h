@@ -1,4 +1,4 @@
-// A finished program driven from outside, as a user's hands and eyes would: through its windows.
+// A finished program, driven from outside through its windows.
 #pragma once
 
 #include "win/unique_handle.h"
@@ -12,9 +12,8 @@
 
 namespace kelvane::test {
 
-/// A started program. Whatever is waited for and does not come in time, or not before the program
-/// ends, throws an error that says what is missing and which windows there are; the program never
-/// outlives this object.
+/// A started program, which the destructor ends. A wait that times out, or during which the program
+/// ends, throws an error that says what was awaited and which windows there are.
 class DrivenProgram {
   public:
     DrivenProgram(const std::filesystem::path& program, const std::vector<std::wstring>& arguments);
@@ -22,11 +21,10 @@ class DrivenProgram {
     DrivenProgram(const DrivenProgram&) = delete;
     DrivenProgram& operator=(const DrivenProgram&) = delete;
 
-    /// Looks until `condition` holds.
     void wait_for(const std::string& what, const std::function<bool()>& condition) const;
     /// The window of this class whose caption begins so, once it can be used.
     HWND window(const std::wstring& class_name, const std::wstring& caption) const;
-    /// Presses a button of a dialog and waits until the dialog has gone.
+    /// Presses a button of a dialog and waits until the dialog is closed.
     void answer(HWND dialog, int button) const;
     /// The exit code, once the program has ended.
     DWORD exit_code() const;

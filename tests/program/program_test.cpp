@@ -2,8 +2,8 @@
 #include "driven_program.h"
 
 #include "app/commands.h"
-#include "convert/command_line.h"
 #include "convert/get_cmd_output.h"
+#include "convert/quoted_argument.h"
 #include "settings/catalogue.h"
 #include "support/temporary_folder.h"
 #include "support/windows/modal_script.h"
@@ -52,13 +52,13 @@ class Program : public testing::Test {
         const HWND file_dialog = dialog(program, IDS_EXPORT_FILE_TITLE);
         type_file_name(file_dialog, script.wstring());
         program.answer(file_dialog, IDOK);
-        // The file dialog tries out the name with an empty file; the script comes whole.
+        // The file dialog creates an empty file for a moment; the script then appears complete.
         std::error_code missing;
         program.wait_for("the script",
                          [&] { return fs::file_size(script, missing) > 0 && !missing; });
         return file_text(script);
     }
-    // What the command line makes of the same wishes.
+    // The command line with the same options.
     std::string script_of_command_line() const {
         const fs::path script = folder / "command line.scr";
         const std::wstring line = quoted_argument(fs::path(KELVANE_COMMAND_LINE).wstring()) +

@@ -37,12 +37,10 @@ TEST_F(SettingsFileTest, EverySettingHasItsKeyDefaultAndLimits) {
     const struct {
         NumberSetting setting;
         int missing, lowest, highest;
-    } limited[] = {
-        {settings::kBrightnessLimit, 0, 0, 255}, {settings::kColourLimit, 0, 0, 255},
-        {settings::kEdgeLimit, 0, 0, 255},       {settings::kUseRed, 0, 0, 1},
-        {settings::kUseGreen, 0, 0, 1},          {settings::kUseBlue, 0, 0, 1},
-        {settings::kLayer, 20, 1, 255},          {settings::kUnit, 0, 0, 3},
-        {settings::kVersion, 0, 0, 2},           {settings::kHideSeveralImagesWarning, 0, 0, 1}};
+    } limited[] = {{settings::kUseRed, 0, 0, 1},
+                   {settings::kUseGreen, 0, 0, 1},
+                   {settings::kUseBlue, 0, 0, 1},
+                   {settings::kHideSeveralImagesWarning, 0, 0, 1}};
     for (const auto& [setting, missing, lowest, highest] : limited) {
         EXPECT_EQ(read_setting(file, setting), missing);
         for (const int value : {lowest - 1, highest + 1, lowest, highest}) {
@@ -52,7 +50,9 @@ TEST_F(SettingsFileTest, EverySettingHasItsKeyDefaultAndLimits) {
         }
     }
     for (const OptionalSetting& setting :
-         {settings::kFullAutotrace, settings::kAutotraceShape, settings::kLinewiseShape}) {
+         {settings::kBrightnessLimit, settings::kColourLimit, settings::kEdgeLimit,
+          settings::kLayer, settings::kUnit, settings::kVersion, settings::kFullAutotrace,
+          settings::kAutotraceShape, settings::kLinewiseShape}) {
         EXPECT_EQ(read_setting(file, setting), std::nullopt);
         write_setting(file, setting, -1);
         EXPECT_EQ(read_setting(file, setting), -1);
@@ -66,8 +66,8 @@ TEST_F(SettingsFileTest, EverySettingHasItsKeyDefaultAndLimits) {
     }
     EXPECT_EQ(scratch.bytes(),
               "[global]\r\nlanguage=0\r\nlastpath=C:\\p\r\nlastpath2=C:\\p\r\n"
-              "[imageexport]\r\nresx=26754\r\nresy=26754\r\nbwval=255\r\nbwval2=255\r\n"
-              "bwval3=255\r\nbwr=1\r\nbwg=1\r\nbbb=1\r\nlayer=255\r\nunit=3\r\nversion=2\r\n"
+              "[imageexport]\r\nresx=26754\r\nresy=26754\r\nbwr=1\r\nbwg=1\r\nbbb=1\r\n"
+              "bwval=-1\r\nbwval2=-1\r\nbwval3=-1\r\nlayer=-1\r\nunit=-1\r\nversion=-1\r\n"
               "exp1=-1\r\npoly1=-1\r\npoly2=-1\r\nsize=2.5\r\n"
               "[ImageMagick]\r\nWarning=1\r\nConvert=C:\\p\r\nIdentify=C:\\p\r\n");
 }

@@ -1,6 +1,7 @@
 // Pictures for tests: random, flat and drawn ones, and where two of them first differ.
 #pragma once
 
+#include "image/bitmap_file.h"
 #include "image/dib_section.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +23,6 @@ inline cDIBSection black_picture(int width, int height) {
     return picture;
 }
 
-/// One colour all over.
 inline cDIBSection flat_picture(int width, int height, int blue, int green, int red) {
     cDIBSection picture = black_picture(width, height);
     const std::array<int, 3> colour{blue, green, red};
@@ -65,21 +65,34 @@ inline std::array<int, 3> pixel_at(const cDIBSection& picture, int x, int y) {
     return {pixel[0], pixel[1], pixel[2]};
 }
 
-/// Success when the pixels agree, padding apart; else says which pixel differs first.
+/// Saves a picture as failed/TEST-ROLE.bmp below the current folder.
+inline void save_failed(const cDIBSection& picture, const std::string& role) {
+    const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
+    const std::filesystem::path file = "failed/" + test + '-' + role + ".bmp";
+    std::filesystem::create_directories(file.parent_path()); // names with parameters have a "/"
+    if (!picture.empty()) save_bitmap(picture.view(), file);
+}
+
+/// Success when the pixels agree, padding apart; else says which pixel differs first, and the
+/// pictures are saved for people to look at: the last pair of each test stays.
 inline testing::AssertionResult same_pixels(const cDIBSection& actual,
                                             const cDIBSection& expected) {
+    const auto failure = [&] {
+        save_failed(actual, "actual");
+        save_failed(expected, "expected");
+        return testing::AssertionFailure();
+    };
     if (actual.Width() != expected.Width() || actual.Height() != expected.Height())
-        return testing::AssertionFailure()
-               << actual.Width() << " x " << actual.Height() << " instead of " << expected.Width()
-               << " x " << expected.Height();
+        return failure() << actual.Width() << " x " << actual.Height() << " instead of "
+                         << expected.Width() << " x " << expected.Height();
     for (int y = 0; y < actual.Height(); ++y)
         for (int x = 0; x < actual.Width(); ++x)
             if (std::memcmp(actual.view().pixel(x, y), expected.view().pixel(x, y), 3) != 0)
-                return testing::AssertionFailure()
-                       << "pixel (" << x << ", " << y << ") of " << actual.Width() << " x "
-                       << actual.Height() << " is "
-                       << testing::PrintToString(pixel_at(actual, x, y)) << " instead of "
-                       << testing::PrintToString(pixel_at(expected, x, y)) << " (blue, green, red)";
+                return failure() << "pixel (" << x << ", " << y << ") of " << actual.Width()
+                                 << " x " << actual.Height() << " is "
+                                 << testing::PrintToString(pixel_at(actual, x, y)) << " instead of "
+                                 << testing::PrintToString(pixel_at(expected, x, y))
+                                 << " (blue, green, red)";
     return testing::AssertionSuccess();
 }
 

@@ -1,4 +1,4 @@
-// A folder of the test's own that vanishes with it.
+// A temporary folder for one test, removed in the destructor.
 #pragma once
 
 #include <cstdlib>

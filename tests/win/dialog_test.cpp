@@ -16,12 +16,12 @@ namespace {
 
 struct BareDialog : win::Dialog {
     BareDialog() : Dialog(IDD_LANGUAGE) {}
-    static constexpr int kOurs = 99; // no list box sends it
-    void notify() const { SendMessageW(window(), WM_COMMAND, MAKEWPARAM(IDC_LANGUAGE, kOurs), 0); }
+    void notify() const { SendMessageW(window(), WM_COMMAND, MAKEWPARAM(IDC_LANGUAGE, kOwn), 0); }
     void load() override { notify(); }
     bool confirm() override { return check(); }
-    void on_command(int, int notification) override { notifications += notification == kOurs; }
+    void on_command(int, int code) override { notifications += code == kOwn; }
 
+    static constexpr int kOwn = 100; // unlike those that the list sends when it gets the focus
     std::function<bool()> check;
     int notifications = 0;
 };

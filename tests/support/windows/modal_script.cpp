@@ -94,7 +94,7 @@ LRESULT CALLBACK ModalScript::hook(int code, WPARAM w, LPARAM l) {
     return CallNextHookEx(nullptr, code, w, l);
 }
 
-// The dialog is about to be shown: the answer follows when its message loop runs.
+// Called before the dialog is shown. The step runs later, from the dialog's message loop.
 void ModalScript::opened(HWND dialog) {
     if (met_.insert(dialog).second)
         PostMessageW(window_, kAnswer, reinterpret_cast<WPARAM>(dialog), 0);
@@ -118,12 +118,12 @@ void ModalScript::fail_and_end(HWND dialog, const char* what) {
 
 void ModalScript::answer(HWND dialog) {
     if (!IsWindow(dialog)) return;
-    ShowWindow(dialog, SW_SHOW); // the system puts that off until there are no messages left
+    ShowWindow(dialog, SW_SHOW); // the system shows a dialog only when its queue is empty
     if (steps_.empty()) return fail_and_end(dialog, "unexpected dialog");
     const Step step = std::move(steps_.front());
     steps_.pop_front();
     step(dialog);
-    // The timer's turn comes when no other message is left. It ends with the dialog.
+    // WM_TIMER comes when the queue is empty. The timer is removed when the dialog is destroyed.
     if (IsWindow(dialog)) SetTimer(window_, reinterpret_cast<UINT_PTR>(dialog), kStays, nullptr);
 }
 

@@ -13,10 +13,10 @@
 
 namespace kelvane::test {
 
-/// While it lives every dialog and message box that opens in this thread is met by the next step
-/// in line, once it is filled and shown; the step has to close it. A dialog that no step waits for
-/// fails the test and is closed, and so is one that its step leaves open; a step that no dialog
-/// came for fails it in the destructor. A step may itself open dialogs: the next steps are theirs.
+/// A queue of steps. Each dialog and message box that opens in this thread is passed, once it is
+/// filled and shown, to the next step, which has to close it. A dialog without a step, or one that
+/// its step leaves open, fails the test and is closed; a step without a dialog fails the test in
+/// the destructor. A step may itself open dialogs, which take the next steps.
 class ModalScript {
   public:
     using Step = std::function<void(HWND dialog)>;
@@ -28,7 +28,7 @@ class ModalScript {
 
     void expect(Step step) { steps_.push_back(std::move(step)); }
     /// The next one is a message box that shows this (see `message_shown`); `button` (IDOK, IDYES,
-    /// ...), which it has to have, is pressed.
+    /// ...), which has to exist, is pressed.
     void expect_message(testing::Matcher<const std::wstring&> shown, int button = IDOK);
     void expect_message(const std::wstring& shown, int button = IDOK) {
         expect_message(testing::Eq(shown), button);
@@ -40,7 +40,6 @@ class ModalScript {
     /// The next one is an open or save dialog, which gets this path; an empty one cancels it.
     void expect_file_dialog(std::wstring path);
 
-    /// Texts of the message boxes so far.
     const std::vector<std::wstring>& messages() const { return messages_; }
 
   private:
@@ -57,7 +56,7 @@ class ModalScript {
     std::vector<std::wstring> messages_;
 };
 
-/// Handles the messages that wait.
+/// Dispatches the messages in the queue.
 void handle_messages();
 /// All that a message box shows: title, icon (! ? i x or - for none), buttons with the default one
 /// in brackets, text. "Kelvane ? [Yes] No: Save it?"
@@ -65,7 +64,6 @@ std::wstring message_shown(HWND box);
 /// Presses a button of a dialog as a click does. IDCANCEL stands for Esc and the close box as well,
 /// where there is no message box; any other button has to exist.
 void press(HWND dialog, int button);
-/// Clicks a check box or an option button.
 void click(HWND dialog, int button);
 /// Moves a slider as the mouse does.
 void slide(HWND dialog, int slider, int position);

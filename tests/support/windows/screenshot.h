@@ -1,4 +1,4 @@
-// Pictures of windows, for people to look at.
+// Screenshots of windows, for people to look at.
 #pragma once
 
 #include "image/bitmap_file.h"
@@ -13,7 +13,7 @@
 
 namespace kelvane::test {
 
-/// Red to the right, blue upwards, and green hills.
+/// Red increases to the right, blue upwards; green is a product of two sines.
 inline cDIBSection colourful_picture(int width, int height) {
     cDIBSection picture = black_picture(width, height);
     for (int y = 0; y < height; ++y)
@@ -34,10 +34,8 @@ inline void save_screenshot(HWND window, const std::filesystem::path& folder,
     GetWindowRect(window, &area);
     cDIBSection picture = black_picture(area.right - area.left, area.bottom - area.top);
     const HDC context = GetWindowDC(window);
-    EXPECT_TRUE(BitBlt(static_cast<HDC>(picture.hdc()), 0, 0, picture.Width(), picture.Height(),
-                       context, 0, 0, SRCCOPY));
+    EXPECT_TRUE(picture.LoadPictureBlt(context, 0, 0));
     ReleaseDC(window, context);
-    GdiFlush();
     std::filesystem::create_directories(folder);
     save_bitmap(picture.view(), folder / (name + ".bmp"));
 }

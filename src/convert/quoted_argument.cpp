@@ -1,4 +1,4 @@
-#include "convert/command_line.h"
+#include "convert/quoted_argument.h"
 
 namespace kelvane {
 

@@ -1,4 +1,4 @@
-// Putting paths into command lines.
+// Quoting of arguments in command lines.
 #pragma once
 
 #include <string>

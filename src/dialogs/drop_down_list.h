@@ -1,0 +1,20 @@
+// Drop-down lists. Positions count from 0.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace kelvane {
+
+inline void add_entry(HWND list, const std::wstring& text) {
+    SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+inline void select_entry(HWND list, int position) {
+    SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
+}
+inline int selected_entry(HWND list) {
+    return static_cast<int>(SendMessageW(list, CB_GETCURSEL, 0, 0));
+}
+
+} // namespace kelvane

@@ -1,0 +1,21 @@
+// The wait cursor.
+#pragma once
+
+#include <windows.h>
+
+namespace kelvane::win {
+
+/// Shows the wait cursor at once and restores the previous cursor in the destructor. A window that
+/// handles WM_SETCURSOR may change the cursor meanwhile when the mouse moves.
+class WaitCursor {
+  public:
+    WaitCursor() : before_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
+    ~WaitCursor() { SetCursor(before_); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+
+  private:
+    HCURSOR before_;
+};
+
+} // namespace kelvane::win
