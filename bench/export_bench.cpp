@@ -31,8 +31,9 @@ std::filesystem::path output_file() {
     return "/dev/shm/kelvane-export-bench.scr";
 }
 
-void export_ours(const cDIBSection& picture, ShapeKind shape) {
+void export_ours(const cDIBSection& picture, ShapeKind shape, double smooth = 0) {
     ExportOptions options;
+    options.smooth = smooth;
     options.lay = 21;
     options.unit = 3;
     options.size = .1;
@@ -143,6 +144,11 @@ void export_wires(benchmark::State& state, MakePicture make) {
     measure(state, [&] { export_ours(picture, kShapeWire); });
 }
 
+void export_smooth_polygons(benchmark::State& state, MakePicture make) {
+    const cDIBSection picture = make();
+    measure(state, [&] { export_ours(picture, kShapePolygon, kMostSmoothing); });
+}
+
 void potrace_peer(benchmark::State& state, MakePicture make) {
     const cDIBSection picture = make();
     measure(state, [&] { export_potrace(picture); });
@@ -157,7 +163,7 @@ void writer_only(benchmark::State& state) {
     std::uint64_t bytes = 0;
     for (auto _ : state) {
         SafeFile file(output_file());
-        ScriptText text(file, options, kWidth, kHeight);
+        ScriptText text(&file, options, kWidth, kHeight);
         for (int y = 0; y < kHeight; y += 2)
             for (int x = 0; x < kWidth; x += 2)
                 write_rectangle(text, {x, x + 1}, y);
@@ -171,6 +177,7 @@ void writer_only(benchmark::State& state) {
 #define KELVANE_EXPORT_BENCH(picture)                                                              \
     BENCHMARK_CAPTURE(export_polygons, picture, &picture)->Unit(benchmark::kMillisecond);          \
     BENCHMARK_CAPTURE(export_wires, picture, &picture)->Unit(benchmark::kMillisecond);             \
+    BENCHMARK_CAPTURE(export_smooth_polygons, picture, &picture)->Unit(benchmark::kMillisecond);   \
     BENCHMARK_CAPTURE(potrace_peer, picture, &picture)->Unit(benchmark::kMillisecond)
 
 KELVANE_EXPORT_BENCH(lettering);

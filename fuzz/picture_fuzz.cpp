@@ -5,6 +5,7 @@
 #include "base/file_error.h"
 #include "engine/image_process.h"
 #include "export/script_reader.h"
+#include "export/smooth_drawing.h"
 #include "image/picture_reader.h"
 #include "image/size_limit.h"
 
@@ -22,6 +23,7 @@ namespace {
 
 // Larger ones are only read: an operation and reading a script back cost far more.
 constexpr int kLargestChecked = 200;
+constexpr int kMostSmoothed = 4096; // pixels
 constexpr double kSize = .25;
 
 std::optional<cDIBSection> decoded(Bytes bytes) {
@@ -32,11 +34,12 @@ std::optional<cDIBSection> decoded(Bytes bytes) {
     }
 }
 
-std::string exported(const cDIBSection& picture, const ExportOptions& options) {
+std::string exported(const cDIBSection& picture, const ExportOptions& options,
+                     ExportReport& report) {
     // In memory: on a disk each script would wait until it is there.
     static const std::filesystem::path file =
         "/dev/shm/kelvane-picture-fuzz-" + std::to_string(getpid()) + ".scr";
-    Vectorize(picture.view(), file, options);
+    report = Vectorize(picture.view(), file, options);
     std::ifstream in(file, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(in), {}};
     std::filesystem::remove(file);
@@ -60,11 +63,11 @@ void operate(unsigned operation, cDIBSection& picture) {
     if (operation == kReserved + 4) picture = picture.Resample(29, 43);
 }
 
-std::vector<test::HalfPath> outlines(const test::Script& script, std::int16_t shape) {
+std::vector<test::Path> outlines(const test::Script& script, std::int16_t shape) {
     if (shape == kShapePolygon) return script.polygons;
     if (shape == kShapeWire) return script.chains;
-    std::vector<test::HalfPath> paths;
-    for (const test::HalfPath& corners : script.rectangles) {
+    std::vector<test::Path> paths;
+    for (const test::Path& corners : script.rectangles) {
         const auto [left, bottom] = corners[0];
         const auto [right, top] = corners[1];
         paths.push_back({{left, bottom}, {right, bottom}, {right, top}, {left, top}});
@@ -72,17 +75,28 @@ std::vector<test::HalfPath> outlines(const test::Script& script, std::int16_t sh
     return paths;
 }
 
-void check(const cDIBSection& picture, unsigned way) {
+void stop_at(const std::string& fault) {
+    if (fault.empty()) return;
+    std::fputs(fault.c_str(), stderr);
+    std::abort();
+}
+
+void check(const cDIBSection& picture, unsigned way, double tolerance) {
     ExportOptions options;
     options.size = kSize;
     options.optPoly = static_cast<std::int16_t>(way % 3);
     options.exp = way >= 3; // rectangles only line by line
-    const test::Script script = test::parse_script(exported(picture, options), kSize);
-    const std::string fault =
-        test::coverage_fault(outlines(script, options.optPoly), test::dark_cells(picture.view()));
-    if (fault.empty()) return;
-    std::fputs(fault.c_str(), stderr);
-    std::abort();
+    const auto drawing = [&](ExportReport& report) {
+        return outlines(test::parse_script(exported(picture, options, report), kSize),
+                        options.optPoly);
+    };
+    ExportReport report;
+    const std::vector<test::Path> exact = drawing(report);
+    stop_at(test::coverage_fault(exact, test::dark_cells(picture.view())));
+    if (!options.exp || picture.Width() * picture.Height() > kMostSmoothed) return;
+    options.smooth = tolerance;
+    const std::vector<test::Path> smooth = drawing(report);
+    stop_at(test::smooth_fault(smooth, exact, report.bridges, tolerance));
 }
 
 } // namespace
@@ -106,6 +120,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (picture->Width() > kLargestChecked || picture->Height() > kLargestChecked) return 0;
     operate(choice % kOperations, *picture);
     BlackAndWhite2(picture->view(), picture->view(), 128);
-    check(*picture, choice / kOperations % 5);
+    const unsigned drawing = choice / kOperations;
+    check(*picture, drawing % 5, (5 + drawing / 5 % 46) / 100.);
     return 0;
 }

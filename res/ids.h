@@ -69,6 +69,28 @@
 #define IDS_MENU_VECTORIZE               3953
 // The key of shortcuts as menus show it.
 #define IDS_KEY_CONTROL                  3954
+#define IDS_MENU_CROP_TO_SELECTION       3955
+#define IDS_MENU_CROP_TO_DRAWING         3956
+#define IDS_MENU_MIRROR                  3957
+#define IDS_MENU_FLIP                    3958
+#define IDS_MENU_ROTATE_RIGHT            3959
+#define IDS_MENU_ROTATE_LEFT             3960
+#define IDS_MENU_ZOOM_IN                 3961
+#define IDS_MENU_ZOOM_OUT                3962
+#define IDS_MENU_ONE_TO_ONE              3963
+#define IDS_MENU_FIT                     3964
+
+// A picture's tool-tip, with position and colour of a pixel.
+#define IDS_PIXEL_TIP                    3965
+#define IDS_PIXEL_BLACK                  3966
+#define IDS_PIXEL_WHITE                  3967
+
+#define IDS_IMAGE_NOTHING_DARK           3968
+
+// The main window without a picture.
+#define IDS_START_HINT                   3969
+#define IDS_START_RECENT                 3970
+#define IDS_START_FIRST_LOGO             3971
 
 // Main window: what the shell answers when a file or a page cannot be opened.
 #define IDS_SHELL_OUT_OF_MEMORY          4000
@@ -241,6 +263,8 @@
 #define IDS_EXPORT_MANY_OBJECTS          4844
 #define IDS_EXPORT_OUT_OF_RANGE          4845
 #define IDS_EXPORT_WRITTEN               4846
+#define IDS_EXPORT_SMOOTH                4847
+#define IDS_EXPORT_POINTS                4848
 
 // Image window; a name, a file or a cause follows where a text ends in a blank.
 #define IDS_IMAGE_NAME                   4900
@@ -477,6 +501,7 @@
 #define IDH_MENU_WINDOW                  25
 #define IDH_MENU_HELP                    26
 #define IDH_SHORTCUTS                    27
+#define IDH_ZOOM                         28
 #define IDH_DIALOGS                      30
 #define IDH_MESSAGES                     31
 #define IDH_MORE                         40
@@ -516,6 +541,7 @@
 #define IDC_EXPORT_WIDTH_UNIT            1122
 #define IDC_EXPORT_MIRROR                1123
 #define IDC_EXPORT_RESULT                1124
+#define IDC_EXPORT_SMOOTH                1125
 
 // Out-of-range warning.
 #define IDD_RANGE                        201

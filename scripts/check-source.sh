@@ -9,22 +9,25 @@ folders() {
     for folder in "$@"; do [ ! -d "$folder" ] || echo "$folder"; done
 }
 # Whatever is written in a language for machines: programs, resources, scripts, build files.
-code_in() {
-    find "$@" -type f -regextype posix-extended \
-        -regex '.*\.(cpp|h|inl|rc|sh|pl|nsi|bash|cmake)|.*/CMakeLists.txt' | sort
-}
-mapfile -t code < <(code_in $(folders src res bench fuzz help packaging scripts cmake) ./*.sh CMakeLists.txt)
-mapfile -t tests < <(code_in tests)
+mapfile -t code < <(find $(folders src res tests bench fuzz help packaging scripts cmake) ./*.sh CMakeLists.txt \
+    -type f -regextype posix-extended \
+    -regex '.*\.(cpp|h|inl|rc|sh|pl|nsi|bash|cmake)|.*CMakeLists.txt' | sort)
 mapfile -t sources < <(find $(folders src res tests bench fuzz) -name '*.cpp' -o -name '*.h' | sort)
 
 complain() {
     [ -z "$2" ] || { printf '%s:\n%s\n' "$1" "$2" >&2; status=1; }
 }
 
-lines() { cat "$@" | grep -c '[^[:space:]]'; }
-code_lines=$(lines "${code[@]}")
-test_lines=$(lines "${tests[@]}")
-echo "tests: $test_lines lines to $code_lines of code ($((100 * test_lines / code_lines)) %)"
+# Lines that are not blank of the C++ and resource files under the folders.
+lines() {
+    find "$@" -name '*.cpp' -o -name '*.h' -o -name '*.rc' | xargs cat | grep -c '[^[:space:]]'
+}
+code_lines=$(lines src res)
+test_lines=$(lines tests)
+share="tests: $test_lines lines to $code_lines of src and res ($((100 * test_lines / code_lines)) %)"
+echo "$share"
+((3 * test_lines <= code_lines && 4 * test_lines >= code_lines)) ||
+    complain "the tests are to be a quarter to a third of src and res" "$share"
 
 # What the CMake files of src say: "FOLDER is LIBRARY", "FOLDER links LIBRARY".
 cmake_libraries() {

@@ -69,6 +69,13 @@ constexpr MenuEntry kTable[] = {
     separator(),
     {1, kCmdCombine, IDS_MENU_COMBINE, commands::combine},
     {1, kCmdEmphasize, IDS_MENU_EMPHASIZE, commands::emphasize},
+    separator(),
+    {1, kCmdCropToSelection, IDS_MENU_CROP_TO_SELECTION, commands::crop_to_selection},
+    {1, kCmdCropToDrawing, IDS_MENU_CROP_TO_DRAWING, commands::crop_to_drawing},
+    {1, kCmdMirror, IDS_MENU_MIRROR, commands::mirror},
+    {1, kCmdFlip, IDS_MENU_FLIP, commands::flip},
+    {1, kCmdRotateRight, IDS_MENU_ROTATE_RIGHT, commands::rotate_right},
+    {1, kCmdRotateLeft, IDS_MENU_ROTATE_LEFT, commands::rotate_left},
 
     submenu(0, IDS_MENU_COLORS),
     {1, kCmdDarken, IDS_MENU_DARKEN, commands::darken},

@@ -37,6 +37,12 @@ enum CommandId : unsigned short {
     kCmdResample,
     kCmdCombine,
     kCmdEmphasize,
+    kCmdCropToSelection,
+    kCmdCropToDrawing,
+    kCmdMirror,
+    kCmdFlip,
+    kCmdRotateRight,
+    kCmdRotateLeft,
 
     kCmdDarken,
     kCmdLighten,
@@ -56,6 +62,8 @@ enum CommandId : unsigned short {
     kCmdHelp,
     kCmdAbout,
     kCmdLanguage,
+
+    kCmdFirstLogo, // of the surface without pictures, not of the menu
 };
 
 /// First id of MDI children and of their entries in the Window menu.

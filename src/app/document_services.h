@@ -29,6 +29,8 @@ class DocumentServices {
     /// leaves a field as it is.
     virtual void SetStatus(const std::wstring& message, const std::wstring& title,
                            const std::wstring& size) = 0;
+    /// Writes the status line's last field, the zoom of the document; empty for nothing.
+    virtual void SetZoom(const std::wstring& zoom) = 0;
     /// Sets the end of the progress bar's range and puts the bar to 0.
     virtual void ProgressMax(long maximum) = 0;
     /// Moves the progress bar and dispatches the paint messages that wait, at most 20 times a

@@ -61,7 +61,8 @@ void write_script(MainServices& main, frmImage& form, const std::wstring& file,
 void open(MainServices& main) {
     win::FileQuestion question;
     question.filter = LoadString(IDS_FILTER_PICTURES);
-    if (const auto file = main.ask_open_file(question)) main.open_file(*file);
+    for (const std::wstring& file : main.ask_open_files(question))
+        main.open_file(file);
 }
 
 void open_by_imagemagick(MainServices& main) {

@@ -7,6 +7,10 @@
 #include "dialogs/frmNewSize.h"
 #include "dialogs/frmNoise.h"
 #include "process/filter_kernel.h"
+#include "texts/string_table.h"
+#include "win/message_box.h"
+
+#include "ids.h"
 
 namespace kelvane::commands {
 void emphasize(ImageDocument& document) {
@@ -38,6 +42,35 @@ void resample(MainServices& main, frmImage& form) {
     if (dialog.Cancelled) return;
     process(main, form,
             [&](ImageDocument& document) { document.Resample(dialog.NewWidth, dialog.NewHeight); });
+}
+
+void crop_to_selection(MainServices& main, frmImage& form) {
+    if (const auto part = form.view().selection())
+        process(main, form, [&](ImageDocument& document) { document.Crop(*part); });
+}
+
+void crop_to_drawing(MainServices& main, frmImage& form) {
+    bool found = true;
+    process(main, form, [&](ImageDocument& document) { found = document.CropToDrawing(); });
+    if (!found)
+        win::message_box(main.frame(), LoadString(IDS_IMAGE_NOTHING_DARK), kApplicationTitle,
+                         MB_OK | MB_ICONINFORMATION);
+}
+
+void mirror(ImageDocument& document) {
+    document.Mirror();
+}
+
+void flip(ImageDocument& document) {
+    document.Flip();
+}
+
+void rotate_right(ImageDocument& document) {
+    document.RotateRight();
+}
+
+void rotate_left(ImageDocument& document) {
+    document.RotateLeft();
 }
 
 void combine(MainServices& main, frmImage& active) {

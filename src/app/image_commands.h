@@ -15,6 +15,14 @@ void emphasize(ImageDocument& document);
 void add_noise(MainServices& main, frmImage& form);
 void custom_filter(MainServices& main, frmImage& form);
 void resample(MainServices& main, frmImage& form);
+/// Nothing without a selection.
+void crop_to_selection(MainServices& main, frmImage& form);
+/// A message when the picture holds nothing to draw.
+void crop_to_drawing(MainServices& main, frmImage& form);
+void mirror(ImageDocument& document);
+void flip(ImageDocument& document);
+void rotate_right(ImageDocument& document);
+void rotate_left(ImageDocument& document);
 /// The active picture is proposed as the first one.
 void combine(MainServices& main, frmImage& active);
 

@@ -34,6 +34,11 @@ bool is_blank(const cDIBSection& picture) {
     return !DarkBounds(picture.view(), kAnyGrey);
 }
 
+// For operations that refuse only when there is no memory for their result.
+void expect_memory(bool done) {
+    if (!done) throw std::bad_alloc();
+}
+
 // A picture that white paper would leave blank is shown as ink, if it has transparent pixels.
 cDIBSection visible_picture(const std::filesystem::path& file, bool& ink_instead_of_nothing) {
     cDIBSection picture = read_picture(file);
@@ -200,6 +205,38 @@ void ImageDocument::Resample(int new_width, int new_height) {
     m_bDirty = true;
 }
 
+cDIBSection ImageDocument::part(const PixelRect& part) const {
+    cDIBSection copy;
+    if (copy.Create(part.width, part.height)) kelvane::Crop(m_cDIB.view(), part, copy.view());
+    return copy;
+}
+
+void ImageDocument::Crop(const PixelRect& part) {
+    apply([&] { expect_memory(m_cImage.Crop(m_cDIB, part)); });
+}
+
+bool ImageDocument::CropToDrawing() {
+    const auto drawing = m_cImage.DarkBounds(m_cDIB);
+    if (drawing) Crop(*drawing);
+    return drawing.has_value();
+}
+
+void ImageDocument::Mirror() {
+    apply([&] { m_cImage.Mirror(m_cDIB); });
+}
+
+void ImageDocument::Flip() {
+    apply([&] { m_cImage.Flip(m_cDIB); });
+}
+
+void ImageDocument::RotateRight() {
+    apply([&] { expect_memory(m_cImage.RotateRight(m_cDIB)); });
+}
+
+void ImageDocument::RotateLeft() {
+    apply([&] { expect_memory(m_cImage.RotateLeft(m_cDIB)); });
+}
+
 void ImageDocument::Reduce(const Reduction& reduction) {
     if (reduction.limit == 0) return;
     remember(reduction, settings_);
@@ -223,7 +260,7 @@ ExportReport ImageDocument::Vectorize(const std::filesystem::path& script,
                                       const ExportOptions& options, bool mirrored) {
     cDIBSection copy = m_cDIB.Copy();
     if (copy.empty()) throw std::bad_alloc();
-    if (mirrored) m_cImage.Mirror(copy);
+    if (mirrored) expect_memory(m_cImage.Mirror(copy));
     m_cImage.BlackAndWhite2(copy, copy, kExportLimit);
     return m_cImage.Vectorize(copy, script, options);
 }

@@ -36,6 +36,9 @@ class ImageDocument {
     /// What follows the name's last backslash.
     std::wstring FileTitle() const;
 
+    /// A copy of a part, which lies inside the picture; empty without memory for it.
+    cDIBSection part(const PixelRect& part) const;
+
     // Files.
 
     struct Opening {
@@ -86,6 +89,15 @@ class ImageDocument {
     void ApplyPalette(const std::filesystem::path& palette_file);
     /// To the same size it only marks the document changed.
     void Resample(int new_width, int new_height);
+    /// Keeps a part, which lies inside the picture.
+    void Crop(const PixelRect& part);
+    /// Keeps the smallest part with all that an export draws. False, and nothing has happened, when
+    /// there is nothing to draw.
+    bool CropToDrawing();
+    void Mirror();
+    void Flip();
+    void RotateRight();
+    void RotateLeft();
 
     // Reductions. A limit of 0 stands for a cancelled dialog: nothing happens at all. The
     // arguments are stored in the settings.

@@ -1,5 +1,6 @@
 #include "app/image_window.h"
 
+#include "app/picture_menu.h"
 #include "base/file_error.h"
 #include "texts/error_text.h"
 #include "texts/string_table.h"
@@ -9,6 +10,8 @@
 #include "win/platform_error.h"
 
 #include "ids.h"
+
+#include <windowsx.h>
 
 #include <algorithm>
 #include <cmath>
@@ -34,10 +37,6 @@ std::wstring clock_text(double days) {
     return text;
 }
 
-// WM_DPICHANGED_AFTERPARENT, which the headers define for later systems only: the main window has
-// moved to a monitor of another density.
-constexpr UINT kDensityChanged = 0x02E3;
-
 // The error's text; for an unknown format also a hint at the converter.
 std::wstring cause_of(const std::exception& error) {
     std::wstring cause = error_text(error);
@@ -60,13 +59,14 @@ std::wstring opening_notice(const ImageDocument::Opening& opening) {
 
 } // namespace
 
-frmImage::frmImage(DocumentServices& main) : main_(main), document_(main.settings(), this) {}
+frmImage::frmImage(DocumentServices& main)
+    : main_(main), document_(main.settings(), this), view_(document_, [this] { show_status(); }) {}
 
 void frmImage::create() {
     WNDCLASSEXW window_class{};
     window_class.lpszClassName = kClassName;
     window_class.hIcon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KELVANE));
-    window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    window_class.hCursor = LoadCursorW(nullptr, IDC_CROSS); // dragging selects
     register_class(window_class);
     expect_window();
     if (CreateMDIWindowW(kClassName, caption().c_str(), WS_HSCROLL | WS_VSCROLL, CW_USEDEFAULT,
@@ -121,11 +121,11 @@ void frmImage::fit_window() {
     GetWindowRect(window(), &own);
     MapWindowPoints(nullptr, main_.mdi_client(), reinterpret_cast<POINT*>(&own), 2);
     GetClientRect(main_.mdi_client(), &room);
-    const SIZE view = view_size();
+    const SIZE view = view_.area();
     const LONG frame_width = own.right - own.left - view.cx;
     const LONG frame_height = own.bottom - own.top - view.cy;
-    const SIZE whole =
-        size_with_bars({room.right - own.left - frame_width, room.bottom - own.top - frame_height});
+    const SIZE whole = view_.size_with_bars(
+        {room.right - own.left - frame_width, room.bottom - own.top - frame_height});
     const LONG width = std::max(whole.cx, title_width()) + frame_width;
     const LONG height = whole.cy + frame_height;
     SetWindowPos(window(), nullptr, 0, 0, std::min(width, room.right - own.left),
@@ -160,6 +160,7 @@ void frmImage::show_status() const {
     main_.SetStatus(L"#", document_.FileTitle(),
                     std::to_wstring(document_.ImageWidth()) + L" x " +
                         std::to_wstring(document_.ImageHeight()));
+    main_.SetZoom(std::to_wstring(view_.zoom()) + L" %");
 }
 
 bool frmImage::SaveFile() {
@@ -202,13 +203,14 @@ void frmImage::bring_to_front() {
 }
 
 void frmImage::CopyImage() {
-    if (!document_.picture().CopyToClipboard(false, main_.frame()))
+    const auto selection = view_.selection();
+    const cDIBSection part = selection ? document_.part(*selection) : cDIBSection();
+    if (!(selection ? part : document_.picture()).CopyToClipboard(false, main_.frame()))
         main_.show_error(IDS_IMAGE_COPY_ERROR, {});
 }
 
 void frmImage::Render() {
-    layout();
-    InvalidateRect(window(), nullptr, FALSE);
+    view_.picture_changed();
 }
 
 void frmImage::InitProgress(long lMax) {
@@ -230,33 +232,14 @@ LRESULT frmImage::default_procedure(UINT message, WPARAM w, LPARAM l) {
 }
 
 LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_NCCREATE) view_.attach(window());
+    if (const auto answer = view_.handle(message, w, l)) return *answer;
     switch (message) {
     case WM_CREATE:
         fit_window(); // before the window is shown
         break;
-    case WM_PAINT:
-        paint();
-        return 0;
-    case WM_ERASEBKGND:
-        return TRUE; // `paint` covers everything
-    case WM_SIZE:
-        layout();
-        break; // DefMDIChildProc handles it as well
-    case kDensityChanged:
-        layout(); // scroll bars have another width
-        return 0;
-    case WM_HSCROLL:
-    case WM_VSCROLL:
-        scroll(message == WM_VSCROLL, LOWORD(w));
-        return 0;
-    case WM_MOUSEWHEEL:
-        wheel((LOWORD(w) & MK_SHIFT) == 0, GET_WHEEL_DELTA_WPARAM(w));
-        return 0;
-    case WM_MOUSEHWHEEL:
-        wheel(0, -GET_WHEEL_DELTA_WPARAM(w));
-        return 0;
-    case WM_KEYDOWN:
-        if (key(w)) return 0;
+    case WM_CONTEXTMENU:
+        if (show_menu(l)) return 0;
         break;
     case WM_MDIACTIVATE:
         if (reinterpret_cast<HWND>(l) == window()) show_status();
@@ -271,14 +254,18 @@ LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
     return default_procedure(message, w, l);
 }
 
-void frmImage::paint() {
-    const win::Paint paint(window());
-    const cDIBSection& picture = document_.picture();
-    const int x = -position(0);
-    const int y = -position(1);
-    if (!picture.empty()) picture.PaintPicture(paint.context(), x, y);
-    ExcludeClipRect(paint.context(), x, y, x + picture.Width(), y + picture.Height());
-    FillRect(paint.context(), &paint.area(), GetSysColorBrush(COLOR_APPWORKSPACE));
+// False when the right button was released on the frame. A menu key names no place.
+bool frmImage::show_menu(LPARAM place) {
+    RECT client{};
+    GetClientRect(window(), &client);
+    POINT point{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+    ScreenToClient(window(), &point);
+    if (place == -1)
+        point = {client.right / 2, client.bottom / 2};
+    else if (!PtInRect(&client, point))
+        return false;
+    show_picture_menu(view_, window(), main_.frame(), point);
+    return true;
 }
 
 } // namespace kelvane

@@ -3,18 +3,18 @@
 
 #include "app/document_services.h"
 #include "app/image_document.h"
+#include "app/picture_view.h"
 #include "image/progress.h"
 #include "win/window.h"
 
 #include <windows.h>
 
-#include <array>
 #include <string>
 
 namespace kelvane {
 
-/// An MDI child that shows a document's picture, one pixel to one pixel, and asks for what the
-/// document needs to open, save and close. It relays the engine's events to the main window.
+/// An MDI child that shows a document's picture and asks for what the document needs to open, save
+/// and close. It relays the engine's events to the main window.
 class frmImage : public win::Window, private ProgressObserver {
   public:
     /// Makes no window yet: `OpenFile`, `OpenFile2` and `show_new` do so when the document has its
@@ -23,6 +23,7 @@ class frmImage : public win::Window, private ProgressObserver {
 
     ImageDocument& document() { return document_; }
     const ImageDocument& document() const { return document_; }
+    const PictureView& view() const { return view_; }
 
     /// Loads a picture file, reduced when it is very large. `bNew`: the file is a temporary one;
     /// the document is named "Image" and a number and the recent files stay as they are. False
@@ -39,12 +40,14 @@ class frmImage : public win::Window, private ProgressObserver {
     /// Brings the picture to the front and asks whether to save it. True: the document may be
     /// closed. Yes saves and gives false, so that the user closes a document that is saved.
     bool QuerySave();
+    /// Copies the selected part to the clipboard, or the picture while nothing is selected.
     void CopyImage();
     /// Shows the picture as it is now, whatever its size.
     void Render();
     /// Sets the window's caption in the program's language.
     void loadLanguage();
-    /// Writes the document's title and "<width> x <height>" of its picture to the status line.
+    /// Writes the document's title, "<width> x <height>" of its picture and "<percent> %" of its
+    /// zoom to the status line.
     void show_status() const;
 
   protected:
@@ -71,27 +74,11 @@ class frmImage : public win::Window, private ProgressObserver {
     void Progress(long lPosition) override;
     void Complete(double lTimeMs) override;
 
-    // Scrolling; index 0 is the horizontal bar, 1 the vertical one.
-    void layout();
-    void scroll(int bar, UINT request);
-    void scroll_to(int bar, int position);
-    void wheel(int bar, int delta);
-    bool key(WPARAM key);
-    int position(int bar) const;
-    SIZE view_size() const;
-    struct Bars {
-        bool across;
-        bool down;
-    };
-    Bars bars_within(SIZE view) const;
-    SIZE size_with_bars(SIZE view) const;
-
-    void paint();
+    bool show_menu(LPARAM place);
 
     DocumentServices& main_;
     ImageDocument document_;
-    std::array<int, 2> wheel_rest_{}; // wheel movement that has not scrolled a pixel yet
-    bool laying_out_ = false;
+    PictureView view_;
 };
 
 } // namespace kelvane

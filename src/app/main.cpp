@@ -44,7 +44,7 @@ int run(int show) {
     frmSplash splash(KELVANE_VERSION);
     mfrmMain main(settings);             // sets the language
     splash.show_modeless(main.window()); // before the main window is shown
-    ShowWindow(main.window(), show);
+    main.show(show);
     BringWindowToTop(splash.window()); // stays in front of its owner
     UpdateWindow(main.window());
     {

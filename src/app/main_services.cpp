@@ -92,6 +92,7 @@ bool mfrmMain::new_form(const std::function<bool(frmImage&)>& fill) {
     auto form = std::make_unique<frmImage>(services);
     if (!fill(*form)) return false;
     forms_.push_back(std::move(form));
+    show_start();
     return true;
 }
 
@@ -110,12 +111,16 @@ void mfrmMain::form_deactivated(const frmImage& form) {
 void mfrmMain::form_closed(frmImage& form) {
     form_deactivated(form);
     std::erase_if(forms_, [&](const auto& each) { return each.get() == &form; });
-    if (forms_.empty()) SetStatus(L"#", L"", L"");
+    if (!forms_.empty()) return;
+    SetStatus(L"#", L"", L"");
+    SetZoom({});
+    show_start();
 }
 
 void mfrmMain::AddMRUFile(const std::wstring& file, bool flag) {
     recent_.AddFile(file, flag);
     menu_->show_recent(recent_);
+    start_.set_texts(recent_);
 }
 
 // Questions, messages, help.
@@ -133,6 +138,13 @@ std::optional<std::wstring> mfrmMain::ask_open_file(win::FileQuestion question) 
     auto file = win::ask_open_file(window(), question);
     remember_folder(file, open_folder_, settings::kOpenFolder);
     return file;
+}
+
+std::vector<std::wstring> mfrmMain::ask_open_files(win::FileQuestion question) {
+    question.folder = open_folder_;
+    auto files = win::ask_open_files(window(), question);
+    if (!files.empty()) remember_folder(files.front(), open_folder_, settings::kOpenFolder);
+    return files;
 }
 
 std::optional<std::wstring> mfrmMain::ask_save_file(win::FileQuestion question) {
@@ -178,6 +190,7 @@ void mfrmMain::loadLanguage() {
     menu_->loadLanguage();
     for (const auto& form : forms_)
         form->loadLanguage();
+    start_.set_texts(recent_);
     DrawMenuBar(window());
     status_bar_.SetStatus(completion_text(), L"#", L"#");
 }

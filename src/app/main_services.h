@@ -32,6 +32,8 @@ class MainServices : public DocumentServices {
 
     /// Asks for a file to open. The dialog starts in the folder of the last opened file.
     virtual std::optional<std::wstring> ask_open_file(win::FileQuestion question) = 0;
+    /// The same for any number of files; none when cancelled.
+    virtual std::vector<std::wstring> ask_open_files(win::FileQuestion question) = 0;
     /// Opens a picture file in a new document and makes it the active one; failures are shown.
     virtual void open_file(const std::wstring& file) = 0;
     /// Opens a document or a web page with the program that the user has for it; failures are

@@ -2,6 +2,7 @@
 
 #include "app/command_table.h"
 #include "app/form_operations.h"
+#include "app/window_place.h"
 #include "dialogs/program_face.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
@@ -80,8 +81,18 @@ void mfrmMain::create() {
                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr,
                         menu_->bar(), GetModuleHandleW(nullptr), nullptr) == nullptr)
         throw PlatformError(GetLastError());
+    if (const auto place = remembered_place(settings_)) {
+        put_window(window(), *place);
+        start_maximised_ = place->maximised;
+    }
     menu_->show_recent(recent_);
     loadLanguage();
+    show_start();
+}
+
+void mfrmMain::show(int how) {
+    const bool plain = how == SW_SHOWNORMAL || how == SW_SHOWDEFAULT || how == SW_SHOW;
+    ShowWindow(window(), start_maximised_ && plain ? SW_SHOWMAXIMIZED : how);
 }
 
 bool mfrmMain::create_children() {
@@ -89,18 +100,28 @@ bool mfrmMain::create_children() {
     CLIENTCREATESTRUCT client{};
     client.hWindowMenu = menu_->window_menu();
     client.idFirstChild = kFirstChildId;
-    mdi_client_ =
-        CreateWindowExW(WS_EX_CLIENTEDGE, L"MDICLIENT", nullptr,
-                        WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_HSCROLL | WS_VSCROLL, 0, 0, 0,
-                        0, window(), nullptr, GetModuleHandleW(nullptr), &client);
-    return status_bar_.window() != nullptr && mdi_client_ != nullptr;
+    mdi_client_ = CreateWindowExW(
+        WS_EX_CLIENTEDGE, L"MDICLIENT", nullptr,
+        WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_HSCROLL | WS_VSCROLL, 0, 0,
+        0, 0, window(), nullptr, GetModuleHandleW(nullptr), &client);
+    return status_bar_.window() != nullptr && mdi_client_ != nullptr && start_.create(window());
 }
 
 void mfrmMain::layout() {
     RECT area{};
     GetClientRect(window(), &area);
     const int below = status_bar_.layout();
-    MoveWindow(mdi_client_, 0, 0, area.right, std::max<int>(area.bottom - below, 0), TRUE);
+    area.bottom = std::max<LONG>(area.bottom - below, 0);
+    MoveWindow(mdi_client_, 0, 0, area.right, area.bottom, TRUE);
+    start_.place(area);
+}
+
+// The surface covers the document area while there is no document.
+void mfrmMain::show_start() {
+    if (start_.shown() == forms_.empty()) return;
+    start_.show(forms_.empty());
+    const HWND focus = GetFocus();
+    if (focus == nullptr || focus == window() || IsChild(window(), focus)) SetFocus(window());
 }
 
 LRESULT mfrmMain::default_procedure(UINT message, WPARAM w, LPARAM l) {
@@ -123,10 +144,14 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
     }
     case WM_COMMAND:
         if (LOWORD(w) >= kFirstChildId) break; // an entry of MDI's list of documents
-        if (find_command(LOWORD(w)) == nullptr &&
+        if (find_command(LOWORD(w)) == nullptr && LOWORD(w) != kCmdFirstLogo &&
             !(LOWORD(w) >= kCmdRecent1 && LOWORD(w) <= kCmdRecent4))
             break;
         command(LOWORD(w));
+        return 0;
+    case WM_SETFOCUS:
+        if (!start_.shown()) break; // MDI hands it to the active document
+        start_.take_focus();
         return 0;
     case WM_HELP:
         answer_help_key(*reinterpret_cast<const HELPINFO*>(l));
@@ -144,7 +169,7 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
     case WM_QUERYENDSESSION:
         return TRUE; // no questions while the system shuts down
     case WM_ENDSESSION:
-        if (w) save_recent();
+        if (w) save_state();
         return 0;
     case WM_CLOSE:
         if (refuse_while_busy() || !QueryUnload()) return 0;
@@ -168,7 +193,7 @@ int mfrmMain::run() {
 
 bool mfrmMain::translate(MSG& message) const {
     if (TranslateMDISysAccel(mdi_client_, &message) ||
-        TranslateAcceleratorW(window(), shortcuts_.get(), &message))
+        TranslateAcceleratorW(window(), shortcuts_.get(), &message) || start_.translate(message))
         return true;
     TranslateMessage(&message);
     return false;
@@ -177,6 +202,7 @@ bool mfrmMain::translate(MSG& message) const {
 void mfrmMain::prepare_menu() {
     const frmImage* form = active_form();
     menu_->enable(kCmdUndo, form != nullptr && form->document().undoEnable());
+    menu_->enable(kCmdCropToSelection, form != nullptr && form->view().selection());
     menu_->escape_documents(mdi_client_);
 }
 
@@ -193,6 +219,8 @@ void mfrmMain::command(unsigned id) {
     try {
         if (id >= kCmdRecent1 && id <= kCmdRecent4)
             open_recent(static_cast<int>(id) - kCmdRecent1 + 1);
+        else if (id == kCmdFirstLogo)
+            show_help(IDH_FIRST_LOGO);
         else
             perform(*find_command(id));
     } catch (const std::exception& error) {
@@ -252,14 +280,15 @@ void mfrmMain::open_dropped(HDROP drop) {
 bool mfrmMain::QueryUnload() {
     for (const auto& form : forms_)
         if (form->document().Dirty() && !form->QuerySave()) return false;
-    save_recent();
+    save_state();
     return true;
 }
 
 // Another running program may have saved its files in the meantime.
-void mfrmMain::save_recent() {
+void mfrmMain::save_state() {
     recent_.Merge(settings_);
     recent_.Save(settings_);
+    remember_place(settings_, window());
 }
 
 void mfrmMain::check_colour_depth(int bits_per_pixel) {

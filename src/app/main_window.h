@@ -7,6 +7,7 @@
 #include "app/main_menu.h"
 #include "app/main_services.h"
 #include "app/mru_file_list.h"
+#include "app/start_surface.h"
 #include "app/status_bar.h"
 #include "settings/catalogue.h"
 #include "win/window.h"
@@ -38,6 +39,9 @@ class mfrmMain : public win::Window, private MainServices {
 
     /// Opens a picture file in a new document and makes it the active one; failures are shown.
     void open_file(const std::wstring& file) override;
+    /// Shows the window as ShowWindow does with `how`, but maximised if it was when the program
+    /// ended.
+    void show(int how);
     /// Handles messages until the window is closed; the process's exit code.
     int run();
     /// Opens a document or a web page with the program that the user has for it, and shows why that
@@ -66,6 +70,7 @@ class mfrmMain : public win::Window, private MainServices {
     const SettingsFile& settings() const override { return settings_; }
     void SetStatus(const std::wstring& message, const std::wstring& title,
                    const std::wstring& size) override;
+    void SetZoom(const std::wstring& zoom) override { status_bar_.SetZoom(zoom); }
     void ProgressMax(long maximum) override { status_bar_.ProgressMax(maximum); }
     void ProgressValue(long position) override;
     void ShowProgress(bool show) override { status_bar_.ShowProgress(show); }
@@ -83,6 +88,7 @@ class mfrmMain : public win::Window, private MainServices {
     Busy busy() override { return Busy(busy_); }
     bool let_windows_paint() override;
     std::optional<std::wstring> ask_open_file(win::FileQuestion question) override;
+    std::vector<std::wstring> ask_open_files(win::FileQuestion question) override;
     void open_in_shell(const std::wstring& file) override { ShellEx(file); }
     void show_help(int page) override;
     void add_to_completion(std::function<std::wstring()> text) override;
@@ -94,6 +100,7 @@ class mfrmMain : public win::Window, private MainServices {
     void create();
     bool create_children();
     void layout();
+    void show_start();
     bool translate(MSG& message) const;
     void prepare_menu();
     void answer_help_key(const HELPINFO& request);
@@ -110,7 +117,8 @@ class mfrmMain : public win::Window, private MainServices {
     void open_recent(int i);
     void open_dropped(HDROP drop);
     bool QueryUnload();
-    void save_recent();
+    /// Writes recent files and the window's place to the settings file.
+    void save_state();
 
     struct Completion {
         const frmImage* form;
@@ -125,6 +133,8 @@ class mfrmMain : public win::Window, private MainServices {
     std::unique_ptr<MainMenu> menu_;
     win::AcceleratorTable shortcuts_;
     StatusBar status_bar_;
+    StartSurface start_;
+    bool start_maximised_ = false;
     ConverterOpening converter_{*this, status_bar_};
     Help help_;
     HWND mdi_client_ = nullptr;

@@ -15,7 +15,9 @@ namespace {
 constexpr int kTitleWidth = 240;
 constexpr int kSizeWidth = 110;
 constexpr int kProgressWidth = 180;
+constexpr int kZoomWidth = 60; // without the grip
 constexpr int kProgressField = 3;
+constexpr int kZoomField = 4;
 constexpr int kMargin = 2; // pixels between the field's frame and the progress bar
 
 } // namespace
@@ -34,20 +36,21 @@ int StatusBar::layout() {
     SendMessageW(bar_, WM_SIZE, 0, 0);
     RECT area{};
     GetClientRect(bar_, &area);
-    const LONG progress_from = area.right - win::scaled(bar_, kProgressWidth);
+    const LONG zoom_from =
+        area.right - win::scaled(bar_, kZoomWidth) - win::system_metric(bar_, SM_CXVSCROLL);
+    const LONG progress_from = zoom_from - win::scaled(bar_, kProgressWidth);
     const LONG size_from = progress_from - win::scaled(bar_, kSizeWidth);
     const LONG title_from = size_from - win::scaled(bar_, kTitleWidth);
-    std::array<int, 4> ends{static_cast<int>(title_from), static_cast<int>(size_from),
-                            static_cast<int>(progress_from), -1};
+    std::array<int, 5> ends{static_cast<int>(title_from), static_cast<int>(size_from),
+                            static_cast<int>(progress_from), static_cast<int>(zoom_from), -1};
     for (int& end : ends)
         if (end != -1) end = std::max(end, 1);
     SendMessageW(bar_, SB_SETPARTS, ends.size(), reinterpret_cast<LPARAM>(ends.data()));
 
     RECT field{};
     SendMessageW(bar_, SB_GETRECT, kProgressField, reinterpret_cast<LPARAM>(&field));
-    const LONG grip = win::system_metric(bar_, SM_CXVSCROLL);
     MoveWindow(progress_, field.left + kMargin, field.top + kMargin,
-               std::max<LONG>(field.right - field.left - 2 * kMargin - grip, 0),
+               std::max<LONG>(field.right - field.left - 2 * kMargin, 0),
                std::max<LONG>(field.bottom - field.top - 2 * kMargin, 0), TRUE);
     return static_cast<int>(area.bottom);
 }
@@ -61,6 +64,10 @@ void StatusBar::SetStatus(const std::wstring& message, const std::wstring& title
         SendMessageW(bar_, SB_SETTEXTW, field, reinterpret_cast<LPARAM>(shown.c_str()));
     }
     UpdateWindow(bar_);
+}
+
+void StatusBar::SetZoom(const std::wstring& zoom) {
+    SendMessageW(bar_, SB_SETTEXTW, kZoomField, reinterpret_cast<LPARAM>((L" " + zoom).c_str()));
 }
 
 void StatusBar::ProgressMax(long maximum) {

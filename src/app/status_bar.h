@@ -1,4 +1,4 @@
-// The main window's last line: three fields and the progress bar.
+// The main window's last line: three fields, the progress bar and the zoom.
 #pragma once
 
 #include "win/gdi.h"
@@ -19,11 +19,13 @@ class StatusBar {
     /// Shows each text with a blank before it; "#" leaves the field as it is.
     void SetStatus(const std::wstring& message, const std::wstring& title,
                    const std::wstring& size);
+    /// Shows the zoom in the last field; an empty text clears it.
+    void SetZoom(const std::wstring& zoom);
     /// Sets the end of the progress bar's range and puts the bar to 0.
     void ProgressMax(long maximum);
     void ProgressValue(long position);
     void ShowProgress(bool show);
-    /// The text of a field as it is shown: 0 message, 1 title, 2 size.
+    /// The text of a field as it is shown: 0 message, 1 title, 2 size, 4 zoom.
     std::wstring text(int field) const;
 
     HWND window() const { return bar_; }

@@ -30,8 +30,7 @@ std::string many(std::uint64_t count, const std::string& noun) {
 }
 
 std::string shape_name(const ExportOptions& options) {
-    constexpr std::array kNames{"polygon", "wire", "rectangle"};
-    return kNames[static_cast<std::size_t>(options.optPoly)];
+    return std::string(kShapeNames[static_cast<std::size_t>(options.optPoly)]);
 }
 
 // "lines thinner than 0.150 mm in 12 places, the thinnest 0.090 mm at (3.25 4.10)"

@@ -5,6 +5,7 @@
 #include "cli/file_argument.h"
 #include "cli/layer_argument.h"
 #include "cli/length_argument.h"
+#include "cli/number_argument.h"
 #include "cli/usage_error.h"
 #include "export/length.h"
 
@@ -53,6 +54,17 @@ std::int16_t chosen(const std::string& name, const std::array<Choice, N>& choice
         ->value;
 }
 
+double smoothing(const ExportArguments& arguments, const ExportOptions& options) {
+    if (!arguments.smooth) return 0;
+    if (!options.exp) throw UsageError("--smooth goes with --trace full only");
+    if (arguments.smooth->empty()) return kMostSmoothing;
+    const std::optional<double> tolerance = decimal_number<double>(*arguments.smooth);
+    if (!tolerance || *tolerance < kLeastSmoothing || *tolerance > kMostSmoothing)
+        throw UsageError("--smooth is a number of pixels from 0.05 to 0.5, not \"" +
+                         *arguments.smooth + "\"");
+    return *tolerance;
+}
+
 double limit_argument(const char* name, const std::string& text, const ExportOptions& options) {
     const Length limit = length_argument(name, text, LeastLength::kZero);
     return converted_length(limit.value, limit.unit.value_or(options.unit), kMillimetres);
@@ -78,6 +90,12 @@ void add_export_arguments(CLI::App& command, ExportArguments& arguments) {
                "full: outlines of whole areas; lines: each run of pixels by itself");
     add_choice(command, "--shape", arguments.shape, kShapeChoices,
                "what to draw; rectangle only with --trace lines");
+    command
+        .add_option("--smooth", arguments.smooth,
+                    "slanted and round outlines instead of stairs, at most this far from them: "
+                    "0.05 to 0.5 pixels, 0.5 when not given; only with --trace full")
+        ->expected(0, 1)
+        ->type_name("[TOLERANCE]");
     command
         .add_option("--op", arguments.picture.operations,
                     "operation on the picture before it is traced, repeatable; "
@@ -114,6 +132,7 @@ ExportOptions export_options(const ExportArguments& arguments, const PixelSize& 
     options.ver = chosen(arguments.eagle, kEagleChoices);
     if (options.exp && options.optPoly == kShapeRectangle)
         throw UsageError("--shape rectangle goes with --trace lines only");
+    options.smooth = smoothing(arguments, options);
     return options;
 }
 

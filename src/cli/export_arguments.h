@@ -6,6 +6,7 @@
 #include "export/board_report.h"
 #include "export/export_options.h"
 
+#include <optional>
 #include <string>
 
 namespace kelvane {
@@ -20,6 +21,7 @@ struct ExportArguments {
     std::string eagle{kEagleVersions.front().number};
     std::string trace = "full";
     std::string shape{kShapeNames.front()};
+    std::optional<std::string> smooth; // a tolerance, or empty for the largest
     std::string min_line = "0.15mm";
     std::string min_gap = "0.15mm";
     bool mirror = false;

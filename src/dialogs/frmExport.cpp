@@ -33,6 +33,7 @@ constexpr Caption kCaptions[] = {
     {IDC_EXPORT_FULL, IDS_EXPORT_FULL},
     {IDC_EXPORT_FULL_POLYGON, IDS_EXPORT_FULL_POLYGON},
     {IDC_EXPORT_FULL_WIRE, IDS_EXPORT_FULL_WIRE},
+    {IDC_EXPORT_SMOOTH, IDS_EXPORT_SMOOTH},
     {IDC_EXPORT_LINEWISE, IDS_EXPORT_LINEWISE},
     {IDC_EXPORT_LINEWISE_POLYGON, IDS_EXPORT_LINEWISE_POLYGON},
     {IDC_EXPORT_LINEWISE_WIRE, IDS_EXPORT_LINEWISE_WIRE},
@@ -47,12 +48,6 @@ constexpr std::int64_t kAtOnce = 300'000;
 // Of larger ones, each step follows after a pause without changes.
 constexpr UINT_PTR kWorkTimer = 1;
 constexpr UINT kPause = 100; // milliseconds
-
-// Posted when the layer list opens: the system scrolls it after it has told so.
-constexpr UINT kLayersShown = WM_APP + 1;
-// Bottom to the stop masks, which fit into the open list together.
-constexpr int kFirstCommonLayer = 16;
-constexpr int kLastCommonLayer = 30;
 
 /// Thrown to stop a count when the user goes on.
 struct Interrupted {};
@@ -128,6 +123,7 @@ void frmExport::fill_lists() const {
 void frmExport::show_choices() const {
     select_entry(control(IDC_EXPORT_LAYER), choices_.layer);
     set_text(IDC_EXPORT_SIZE, choices_.size);
+    check(IDC_EXPORT_SMOOTH, choices_.smooth);
     check(IDC_EXPORT_MIRROR, choices_.mirrored);
     select_entry(control(IDC_EXPORT_UNIT), choices_.unit);
     select_entry(control(IDC_EXPORT_VERSION), choices_.version);
@@ -150,6 +146,7 @@ ExportChoices frmExport::read_controls() const {
     choices.linewise_shape = checked(IDC_EXPORT_LINEWISE_POLYGON) ? kShapePolygon
                              : checked(IDC_EXPORT_LINEWISE_WIRE)  ? kShapeWire
                                                                   : kShapeRectangle;
+    choices.smooth = checked(IDC_EXPORT_SMOOTH);
     choices.mirrored = checked(IDC_EXPORT_MIRROR);
     return choices;
 }
@@ -161,8 +158,6 @@ bool frmExport::confirm() {
 }
 
 void frmExport::on_command(int control, int notification) {
-    if (control == IDC_EXPORT_LAYER && notification == CBN_DROPDOWN)
-        PostMessageW(window(), kLayersShown, 0, 0);
     if (setting_text_ || !is_change(control, notification)) return;
     if (control == IDC_EXPORT_WIDTH)
         take_width();
@@ -172,23 +167,11 @@ void frmExport::on_command(int control, int notification) {
 }
 
 INT_PTR frmExport::on_message(UINT message, WPARAM w, LPARAM l) {
-    if (message == kLayersShown) {
-        show_common_layers();
-        return TRUE;
-    }
     if (message == WM_TIMER && w == kWorkTimer) {
         work();
         return TRUE;
     }
     return Form::on_message(message, w, l);
-}
-
-void frmExport::show_common_layers() const {
-    const HWND list = control(IDC_EXPORT_LAYER);
-    constexpr int kFirst = kFirstCommonLayer - 1;
-    const int selected = selected_entry(list);
-    if (selected >= kFirst && selected < kLastCommonLayer)
-        SendMessageW(list, CB_SETTOPINDEX, kFirst, 0);
 }
 
 void frmExport::set_field(int field, const std::wstring& text) {

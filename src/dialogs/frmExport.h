@@ -37,7 +37,6 @@ class frmExport : public Form {
     void fill_lists() const;
     void show_choices() const;
     ExportChoices read_controls() const;
-    void show_common_layers() const;
     void set_field(int field, const std::wstring& text);
     void show_width();
     void take_width();

@@ -39,7 +39,7 @@ class frmMultiPic : public Form {
     INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
 
   private:
-    using ImageList = win::Owned<HIMAGELIST, ImageList_Destroy>;
+    using ImageList = Owned<HIMAGELIST, ImageList_Destroy>;
 
     void make_previews();
     void fill_list() const;

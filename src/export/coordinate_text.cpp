@@ -8,13 +8,13 @@
 
 namespace kelvane {
 
-CoordinateText::CoordinateText(int last_line, double offset, double size, double limit,
+CoordinateText::CoordinateText(int first_line, int last_line, int steps, double size, double limit,
                                const char* prefix, const char* suffix)
-    : entries_(static_cast<std::size_t>(last_line) + 1), offset_(offset), size_(size),
-      limit_(limit), prefix_(prefix), suffix_(suffix) {}
+    : entries_(static_cast<std::size_t>(last_line - first_line) + 1), first_line_(first_line),
+      pixels_per_line_(1. / steps), size_(size), limit_(limit), prefix_(prefix), suffix_(suffix) {}
 
 void CoordinateText::format(int line, Entry& entry) {
-    const double value = (line + offset_) * size_;
+    const double value = line * pixels_per_line_ * size_;
     if (std::abs(value) > limit_) out_of_range_ = true;
     static_assert(kLongestNumber + 4 <= sizeof(entry.text));
     const std::string_view prefix(prefix_);

@@ -17,14 +17,15 @@ class CoordinateText {
     /// Room that `append` may touch from `to` on, whatever the length of the text.
     static constexpr std::size_t kEntrySize = 32;
 
-    /// Grid lines 0 to `last_line`, `size` apart (in the script's unit), the first at `offset`.
-    CoordinateText(int last_line, double offset, double size, double limit, const char* prefix,
-                   const char* suffix);
+    /// Lines `first_line` to `last_line` of a grid with `steps` lines per pixel (a power of 2),
+    /// pixels being `size` apart (in the script's unit).
+    CoordinateText(int first_line, int last_line, int steps, double size, double limit,
+                   const char* prefix, const char* suffix);
 
     /// Copies the text of grid line `line` to `to` and returns its end. A coordinate beyond the
     /// limit is copied all the same and noted.
     char* append(int line, char* to) {
-        Entry& entry = entries_[static_cast<std::size_t>(line)];
+        Entry& entry = entries_[static_cast<std::size_t>(line - first_line_)];
         if (entry.length == 0) format(line, entry);
         std::memcpy(to, entry.text.data(), kEntrySize);
         return to + entry.length;
@@ -42,7 +43,8 @@ class CoordinateText {
     void format(int line, Entry& entry);
 
     std::vector<Entry> entries_;
-    double offset_;
+    int first_line_;
+    double pixels_per_line_;
     double size_;
     double limit_;
     const char* prefix_;

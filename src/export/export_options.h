@@ -31,7 +31,13 @@ struct ExportOptions {
     std::int16_t unit = 0;
     /// Index into `kEagleVersions`.
     std::int16_t ver = 0;
+    /// How far smooth outlines may be from the exact ones, in pixels in the maximum norm: a value
+    /// between the two below, or 0 for exact stairs. Only for polygons and wires with `exp`. Below
+    /// 0.25 nothing can be smoothed: the corners of any stairs are as far from a line.
+    double smooth = 0;
 };
+inline constexpr double kLeastSmoothing = .05;
+inline constexpr double kMostSmoothing = .5;
 
 /// A unit of length and the magnitude beyond which a coordinate leaves EAGLE's range. The limits
 /// are one length, told in each unit.

@@ -31,6 +31,9 @@ struct Bridge {
     std::int32_t to_x;
 };
 
+/// Whether to find the points in which outlines meet.
+enum class MeetingPoints : bool { kNotFound, kFound };
+
 /// For each side its column and the side that follows it. An outline goes from one to the other
 /// along the grid line where the first ends and the second begins: the upper end of a right side,
 /// the lower end of a left one. So it changes the row only from right to right side (one up) and
@@ -42,7 +45,8 @@ class LinkedSides {
   public:
     /// Links the sides of `runs` by the joining contacts. Bridges stand where a contact with
     /// columns in common does not join.
-    LinkedSides(const RunList& runs, const ContactMap& contacts);
+    LinkedSides(const RunList& runs, const ContactMap& contacts,
+                MeetingPoints meetings = MeetingPoints::kNotFound);
 
     SideIndex size() const { return static_cast<SideIndex>(sides_.size()); }
     std::int32_t x(SideIndex side) const { return sides_[side].x; }
@@ -50,6 +54,16 @@ class LinkedSides {
     bool bridged(SideIndex side) const { return (sides_[side].next & kBridged) != 0; }
     /// The bridges between a bridged side and the next, from right to left.
     std::span<const Bridge> bridges_behind(SideIndex side) const;
+
+    /// Whether the following three know anything.
+    bool has_meetings() const { return !meetings_.empty(); }
+    /// Whether two pixels meet diagonally in the point in which the outline comes to a side, or in
+    /// which it leaves one.
+    bool meets_at_begin(SideIndex side) const { return (meetings_[side] & kMeetsAtBegin) != 0; }
+    bool meets_at_end(SideIndex side) const { return (meetings_[side] & kMeetsAtEnd) != 0; }
+    /// The bridges below the bottom that the outline passes between a side and the next, from left
+    /// to right; `behind` is this side.
+    std::span<const Bridge> bridges_below(SideIndex side) const;
 
     bool visited(SideIndex side) const { return (sides_[side].next & kVisited) != 0; }
     void mark_visited(SideIndex side) { sides_[side].next |= kVisited; }
@@ -63,10 +77,17 @@ class LinkedSides {
         std::int32_t x;
         std::uint32_t next;
     };
+    static constexpr std::uint8_t kMeetsAtBegin = 1;
+    static constexpr std::uint8_t kMeetsAtEnd = 2;
+    static constexpr std::uint8_t kBridgesBelow = 4;
     class Linker;
 
+    void find_corner_contacts(const RunList& runs, const ContactMap& contacts);
+
     std::vector<Side> sides_;
-    std::vector<Bridge> bridges_; // sorted by side
+    std::vector<Bridge> bridges_;        // sorted by side
+    std::vector<std::uint8_t> meetings_; // marks per side; empty unless asked for
+    std::vector<Bridge> bridges_below_;  // sorted by side
 };
 
 } // namespace kelvane

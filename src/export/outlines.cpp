@@ -47,7 +47,7 @@ void OutlineTracer::walk() {
     // Nothing of the outline lies lower or, in this row, further left: the foot of this side is
     // the start, and the way there is a corner.
     const bool starts_upwards = is_right(start_);
-    if (starts_upwards) add(sides_.x(start_), row_);
+    if (starts_upwards) add_begin(start_, row_);
     SideIndex side = start_;
     int row = row_;
     do {
@@ -66,30 +66,62 @@ void OutlineTracer::pass_level(SideIndex side, SideIndex next, std::int32_t y) {
     if (sides_.bridged(side)) {
         pass_bridges(side, next, y);
     } else if (sides_.x(side) != sides_.x(next)) {
-        add(sides_.x(side), y);
-        add(sides_.x(next), y);
+        add_end(side, y);
+        const bool ends_above_bridge = sides_.has_meetings() && pass_above_bridges(side, next, y);
+        add_begin(next, y);
+        part_.back().kept |= ends_above_bridge;
     }
 }
 
+// From one vertical edge to another there are two corners, or none where they are one.
 void OutlineTracer::pass_bridges(SideIndex side, SideIndex next, std::int32_t y) {
     std::int32_t x = sides_.x(side);
-    // From one vertical edge to another there are two corners, or none where they are one.
-    const auto move_to = [&](std::int32_t to) {
-        if (to == x) return;
-        add(x, y);
-        add(to, y);
-    };
     for (const Bridge& bridge : sides_.bridges_behind(side)) {
-        move_to(bridge.from_x);
-        add(bridge.from_x, y, true);
-        add(bridge.to_x, y);
+        if (bridge.from_x != x) {
+            if (x == sides_.x(side))
+                add_end(side, y);
+            else
+                add_kept(x, y);
+            add_kept(bridge.from_x, y);
+        }
+        part_.push_back({bridge.from_x, y, true, true});
+        add_kept(bridge.to_x, y);
         x = bridge.to_x;
     }
-    move_to(sides_.x(next));
+    if (sides_.x(next) == x) return;
+    add_kept(x, y);
+    add_begin(next, y);
 }
 
-void OutlineTracer::add(std::int32_t x, std::int32_t y, bool bridge) {
-    part_.push_back({x, y, bridge});
+// The ends of the strips below the edge: vertices of their own, or the ends of the edge. Tells
+// whether the last strip reaches the end.
+bool OutlineTracer::pass_above_bridges(SideIndex side, SideIndex next, std::int32_t y) {
+    bool reaches_end = false;
+    for (const Bridge& bridge : sides_.bridges_below(side)) {
+        if (bridge.to_x == sides_.x(side))
+            part_.back().kept = true;
+        else
+            add_kept(bridge.to_x, y);
+        reaches_end = bridge.from_x == sides_.x(next);
+        if (!reaches_end) add_kept(bridge.from_x, y);
+    }
+    return reaches_end;
+}
+
+// Where the outline leaves a side.
+void OutlineTracer::add_end(SideIndex side, std::int32_t y) {
+    const bool kept = sides_.has_meetings() && sides_.meets_at_end(side);
+    part_.push_back({sides_.x(side), y, false, kept});
+}
+
+// Where it comes to a side.
+void OutlineTracer::add_begin(SideIndex side, std::int32_t y) {
+    const bool kept = sides_.has_meetings() && sides_.meets_at_begin(side);
+    part_.push_back({sides_.x(side), y, false, kept});
+}
+
+void OutlineTracer::add_kept(std::int32_t x, std::int32_t y) {
+    part_.push_back({x, y, false, true});
 }
 
 // The last vertex stays, because the end of the walk may take it back.

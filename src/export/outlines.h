@@ -15,7 +15,10 @@ struct OutlineVertex {
     std::int32_t y;
     /// The edge from here runs half a pixel lower than the vertices say, so that the polygon does
     /// not close a ring; the strip left out is a polygon of its own.
-    bool bridge;
+    bool bridge = false;
+    /// Smoothing has to leave the vertex where it is: outlines meet there, or it belongs to a
+    /// bridge. Complete only when `LinkedSides` has found the meeting points.
+    bool kept = false;
 };
 
 /// Takes outlines as they are found. One outline may wind through a whole picture, so it comes in
@@ -25,6 +28,9 @@ struct OutlineVertex {
 /// clockwise around holes. It starts at the left end of its lowest edge, which is never a bridge
 /// nor the edge behind one. With bridges lowered no two edges in a row are collinear; a bridge that
 /// begins or ends inside an edge has two vertices in one place there.
+///
+/// With the meeting points known, there are vertices, kept ones, inside straight edges as well: at
+/// the ends of the bridge strips below them.
 class OutlineReceiver {
   public:
     virtual ~OutlineReceiver() = default;
@@ -53,7 +59,10 @@ class OutlineTracer {
     void walk();
     void pass_level(SideIndex side, SideIndex next, std::int32_t y);
     void pass_bridges(SideIndex side, SideIndex next, std::int32_t y);
-    void add(std::int32_t x, std::int32_t y, bool bridge = false);
+    bool pass_above_bridges(SideIndex side, SideIndex next, std::int32_t y);
+    void add_end(SideIndex side, std::int32_t y);
+    void add_begin(SideIndex side, std::int32_t y);
+    void add_kept(std::int32_t x, std::int32_t y);
     void flush_all_but_last();
 
     const RunList& runs_;

@@ -23,14 +23,24 @@ std::string_view command_prefix(const ExportOptions& options) {
     return wire ? "Wire 0 " : "Polygon 0 ";
 }
 
+// Along a side of `pixels`.
+CoordinateText coordinate_text(const ExportOptions& options, int pixels, int steps, int lines,
+                               const char* prefix, const char* suffix) {
+    const int outside = steps == 1 ? 0 : lines;
+    return {-outside,     pixels * lines + outside,          lines,
+            options.size, unit_of(options).coordinate_limit, prefix,
+            suffix};
+}
+
 } // namespace
 
-ScriptText::ScriptText(SafeFile* file, const ExportOptions& options, int width, int height)
+ScriptText::ScriptText(SafeFile* file, const ExportOptions& options, int width, int height,
+                       int steps)
     : file_(file), options_(options), name_each_shape_(names_each_shape(options)),
-      prefix_(command_prefix(options)),
-      x_text_(width, 0, options.size, unit_of(options).coordinate_limit, "(", " "),
-      y_text_(height, 0, options.size, unit_of(options).coordinate_limit, "", ")"),
-      lowered_y_text_(height, -.5, options.size, unit_of(options).coordinate_limit, "", ")"),
+      prefix_(command_prefix(options)), y_lines_per_step_(steps == 1 ? 2 : 1),
+      lowered_by_(steps * y_lines_per_step_ / 2),
+      x_text_(coordinate_text(options, width, steps, steps, "(", " ")),
+      y_text_(coordinate_text(options, height, steps, steps * y_lines_per_step_, "", ")")),
       block_(std::make_unique_for_overwrite<char[]>(kFlushAt + kSlack)), end_(block_.get()) {
     header();
 }
@@ -66,7 +76,7 @@ void ScriptText::shape_prefix() {
 
 void ScriptText::point(const ScriptPoint& point) {
     end_ = x_text_.append(point.x, end_);
-    end_ = (point.lowered ? lowered_y_text_ : y_text_).append(point.y, end_);
+    end_ = y_text_.append(point.y * y_lines_per_step_ - (point.lowered ? lowered_by_ : 0), end_);
     ++points_;
     if (end_ - block_.get() >= static_cast<std::ptrdiff_t>(kFlushAt)) flush();
 }
@@ -84,7 +94,7 @@ void ScriptText::finish() {
 }
 
 bool ScriptText::out_of_range() const {
-    return x_text_.out_of_range() || y_text_.out_of_range() || lowered_y_text_.out_of_range();
+    return x_text_.out_of_range() || y_text_.out_of_range();
 }
 
 void ScriptText::flush() {

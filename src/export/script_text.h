@@ -12,7 +12,8 @@
 
 namespace kelvane {
 
-/// A point of the script: grid lines, or half a pixel below grid line `y` when lowered.
+/// A point of the script: grid lines, pixels or parts of a pixel apart as the script is made, or
+/// half a pixel below grid line `y` when lowered.
 struct ScriptPoint {
     std::int32_t x;
     std::int32_t y;
@@ -28,8 +29,10 @@ class ScriptText {
     static constexpr std::string_view kContinued = "\\\r\n";
     static constexpr std::string_view kLineEnd = "\r\n";
 
-    /// `width` and `height` are the picture's, in pixels; `file` may be null.
-    ScriptText(SafeFile* file, const ExportOptions& options, int width, int height);
+    /// `width` and `height` are the picture's, in pixels; points are on a grid of `steps` lines per
+    /// pixel: 1, or another power of 2. Then they may also be up to a pixel outside the picture.
+    /// `file` may be null.
+    ScriptText(SafeFile* file, const ExportOptions& options, int width, int height, int steps = 1);
 
     /// Short texts only, up to 100 characters.
     void append(std::string_view text);
@@ -59,9 +62,11 @@ class ScriptText {
     const bool name_each_shape_;
     const std::string_view prefix_; // up to the name's number when shapes are named
     std::uint32_t next_name_ = 0;
+    // Lowered points need half pixels.
+    const int y_lines_per_step_;
+    const int lowered_by_;
     CoordinateText x_text_;
     CoordinateText y_text_;
-    CoordinateText lowered_y_text_;
     std::uint64_t points_ = 0;
     std::uint64_t bytes_ = 0;
 

@@ -1,25 +1,44 @@
 #include "export/vectorize.h"
 
 #include "export/contacts.h"
+#include "export/outline_smoother.h"
 #include "export/outlines.h"
 #include "export/runs.h"
 #include "export/shape_writers.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace kelvane {
 namespace {
 
-LinkedSides link_sides(const RunList& runs, ContactMap::Joining joining,
+// Stairs only become slopes from this tolerance on: the corners of the steepest stairs, those of 45
+// degrees, are a quarter of a pixel away from their line.
+constexpr std::int32_t kLeastRadius = kPixelSteps / 4;
+// In a picture with a longer side outlines stay as they are: the texts of all coordinates would
+// take 8 GB.
+constexpr int kLongestSmoothSide = 1 << 24;
+
+// The tolerance in lattice steps, or 0 when outlines are to be exact.
+std::int32_t smoothing_radius(ConstImageView image, const ExportOptions& options) {
+    if (!options.exp || options.optPoly == kShapeRectangle) return 0;
+    if (std::max(image.width, image.height) > kLongestSmoothSide) return 0;
+    constexpr double kRoundingError = 1e-9;
+    const double steps = options.smooth * kPixelSteps + kRoundingError;
+    const auto radius = static_cast<std::int32_t>(std::clamp(steps, 0., 1. * Tube::kHalfPixel));
+    return radius < kLeastRadius ? 0 : radius;
+}
+
+LinkedSides link_sides(const RunList& runs, ContactMap::Joining joining, MeetingPoints meetings,
                        ProgressObserver* observer) {
     const ContactMap contacts = ContactMap::find(runs, joining, observer);
-    return {runs, contacts};
+    return {runs, contacts, meetings};
 }
 
 // Full autotrace: each group of joined runs is a shape, and with wires each of its holes.
-void trace_outlines(const RunList& runs, ContactMap::Joining joining, OutlineReceiver& receiver,
-                    ProgressObserver* observer) {
-    LinkedSides sides = link_sides(runs, joining, observer);
+void trace_outlines(const RunList& runs, ContactMap::Joining joining, MeetingPoints meetings,
+                    OutlineReceiver& receiver, ProgressObserver* observer) {
+    LinkedSides sides = link_sides(runs, joining, meetings, observer);
     const ProgressReporter progress(observer);
     progress.init(runs.rows());
     OutlineTracer tracer(runs, sides, receiver);
@@ -39,21 +58,26 @@ void for_each_run(const RunList& runs, ProgressObserver* observer, WriteRun writ
     }
 }
 
-void trace(const RunList& runs, bool autotrace, ContactMap::Joining joining,
+// `radius` is that of smoothing, or 0.
+void trace(const RunList& runs, bool autotrace, std::int32_t radius, ContactMap::Joining joining,
            OutlineReceiver& receiver, ProgressObserver* observer) {
-    if (autotrace)
-        trace_outlines(runs, joining, receiver, observer);
-    else
+    if (radius > 0) {
+        OutlineSmoother smoother(radius, receiver);
+        trace_outlines(runs, joining, MeetingPoints::kFound, smoother, observer);
+    } else if (autotrace) {
+        trace_outlines(runs, joining, MeetingPoints::kNotFound, receiver, observer);
+    } else {
         for_each_run(runs, observer,
                      [&](const Run& run, int y) { trace_rectangle(run, y, receiver); });
+    }
 }
 
-void write_shapes(const RunList& runs, const ExportOptions& options, ScriptText& text,
-                  ExportReport& report, ProgressObserver* observer) {
+void write_shapes(const RunList& runs, const ExportOptions& options, std::int32_t radius,
+                  ScriptText& text, ExportReport& report, ProgressObserver* observer) {
     switch (options.optPoly) {
     case kShapePolygon: {
         PolygonWriter writer(text);
-        trace(runs, options.exp, ContactMap::Joining::kWithoutRings, writer, observer);
+        trace(runs, options.exp, radius, ContactMap::Joining::kWithoutRings, writer, observer);
         writer.write_strips();
         report.shapes = writer.polygons();
         report.bridges = writer.strips();
@@ -61,7 +85,7 @@ void write_shapes(const RunList& runs, const ExportOptions& options, ScriptText&
     }
     case kShapeWire: {
         WireWriter writer(text);
-        trace(runs, options.exp, ContactMap::Joining::kAllOverlaps, writer, observer);
+        trace(runs, options.exp, radius, ContactMap::Joining::kAllOverlaps, writer, observer);
         report.shapes = writer.wires();
         break;
     }
@@ -77,8 +101,9 @@ bool is_shape(std::int16_t kind) {
 
 void write_script(const RunList& runs, SafeFile* file, ConstImageView image,
                   const ExportOptions& options, ExportReport& report, ProgressObserver* observer) {
-    ScriptText text(file, options, image.width, image.height);
-    write_shapes(runs, options, text, report, observer);
+    const std::int32_t radius = smoothing_radius(image, options);
+    ScriptText text(file, options, image.width, image.height, radius > 0 ? kPixelSteps : 1);
+    write_shapes(runs, options, radius, text, report, observer);
     text.finish();
     report.points = text.points();
     report.bytes = text.bytes();

@@ -1,13 +1,13 @@
 #include "platform/ole_picture_windows.h"
 
+#include "base/owned.h"
+
 #include <ocidl.h>
 #include <olectl.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <memory>
-#include <type_traits>
 
 namespace kelvane {
 namespace {
@@ -15,14 +15,8 @@ namespace {
 constexpr PixelLayout kBgrx = {4, 0, 1, 2, -1};
 constexpr double kLongestSide = 4096;
 
-struct DeleteDevice {
-    void operator()(HDC device) const { DeleteDC(device); }
-};
-struct DeleteObjectHandle {
-    void operator()(void* object) const { DeleteObject(object); }
-};
-using Device = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteDevice>;
-using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteObjectHandle>;
+using Device = Owned<HDC, DeleteDC>;
+using Bitmap = Owned<HBITMAP, DeleteObject>;
 
 struct Size {
     int width;

@@ -30,15 +30,17 @@ class HandOver {
 
     /// Bytes `begin` to `end` of row y are filtered; `more` says that strips follow.
     void row(int begin, int end, bool more, int y) {
-        std::uint8_t* waiting = waiting_.data() + std::ptrdiff_t{reach_} * y;
         const std::uint8_t* filtered = to_.row(y);
-        if (begin > reach_) done_(begin - reach_, reach_, y, waiting);
+        if (begin > reach_) done_(begin - reach_, reach_, y, waiting(y));
         const int sure = more ? end - reach_ : end;
         done_(begin, sure - begin, y, filtered + begin);
-        if (more) std::memcpy(waiting, filtered + sure, static_cast<std::size_t>(reach_));
+        if (more) std::memcpy(waiting(y), filtered + sure, static_cast<std::size_t>(reach_));
     }
 
   private:
+    // Only with several strips.
+    std::uint8_t* waiting(int y) { return waiting_.data() + std::ptrdiff_t{reach_} * y; }
+
     const TargetRows& to_;
     const PartDone& done_;
     int reach_;

@@ -79,7 +79,9 @@ inline constexpr OptionalSetting kVersion{L"imageexport", L"version"};
 inline constexpr OptionalSetting kFullAutotrace{L"imageexport", L"exp1"};
 inline constexpr OptionalSetting kAutotraceShape{L"imageexport", L"poly1"};
 inline constexpr OptionalSetting kLinewiseShape{L"imageexport", L"poly2"};
-/// Whether the drawing is mirrored for a layer seen from below (-1 or 0).
+/// Whether outlines are smooth, and whether the drawing is mirrored for a layer seen from below (-1
+/// or 0).
+inline constexpr OptionalSetting kSmooth{L"imageexport", L"smooth"};
 inline constexpr OptionalSetting kMirrored{L"imageexport", L"mirror"};
 
 /// Last size entered in the size dialog, in pixels; below 1 the picture's own size is offered.
@@ -99,6 +101,10 @@ inline constexpr OptionalSetting kRecentCapacity{kRecentSection, L"MaxCount"};
 inline constexpr OptionalSetting kRecentCount{kRecentSection, L"Count"};
 inline constexpr PathSetting kRecentFile{kRecentSection, L"File"};
 inline constexpr NumberSetting kRecentFlag{kRecentSection, L"FileFlag", 0};
+
+/// The main window's places: the keys are names of computers, for a settings file on a removable
+/// disk; see app/window_place.h.
+inline constexpr const wchar_t* kWindowSection = L"window";
 
 } // namespace settings
 

@@ -46,6 +46,15 @@ std::wstring thin_text(int id, const BoardWidths& widths, double limit_mm,
     return LoadString(id, {short_width(*widths.thinnest_mm, shown), short_width(limit_mm, shown)});
 }
 
+// Points tell what smoothing saves.
+std::wstring counts_text(const BoardReport& report, const ExportReport& counts,
+                         const ExportOptions& options) {
+    std::wstring objects = objects_text(report.objects, options);
+    if (options.smooth > 0)
+        objects = LoadString(IDS_EXPORT_POINTS, {objects, std::to_wstring(counts.points)});
+    return objects + L", " + wide_text(byte_text(counts.bytes));
+}
+
 std::wstring warning_text(BoardWarning warning, const BoardReport& report,
                           const BoardQuestion& question) {
     const ExportOptions shown = in_board_unit(question.options);
@@ -84,8 +93,7 @@ std::wstring board_sizes_text(const BoardReport& report, const std::optional<Exp
                               const BoardQuestion& question) {
     const ExportOptions shown = in_board_unit(question.options);
     const std::wstring objects =
-        counts ? objects_text(report.objects, shown) + L", " + wide_text(byte_text(counts->bytes))
-               : LoadString(IDS_EXPORT_COUNTING);
+        counts ? counts_text(report, *counts, shown) : LoadString(IDS_EXPORT_COUNTING);
     return LoadString(IDS_EXPORT_SIZES,
                       {area_text(report.picture_width_mm, report.picture_height_mm, shown),
                        area_text(report.ink_width_mm, report.ink_height_mm, shown), objects});

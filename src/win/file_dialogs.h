@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kelvane::win {
 
@@ -29,6 +30,8 @@ struct FileQuestion {
 /// Ask for an existing file, or for one to write, whose overwriting has then been confirmed. The
 /// full path; nothing when cancelled. Throw `PlatformError` when the dialog cannot be shown.
 std::optional<std::wstring> ask_open_file(HWND owner, const FileQuestion& question);
+/// The same for any number of existing files of one folder; none when cancelled.
+std::vector<std::wstring> ask_open_files(HWND owner, const FileQuestion& question);
 std::optional<std::wstring> ask_save_file(HWND owner, const FileQuestion& question);
 
 } // namespace kelvane::win

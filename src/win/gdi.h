@@ -1,38 +1,15 @@
 // Owners of handles, and RAII scopes of GDI calls.
 #pragma once
 
-#include <windows.h>
+#include "base/owned.h"
 
-#include <utility>
+#include <windows.h>
 
 namespace kelvane::win {
 
-/// Owns one handle; `Destroy` frees it.
-template <class Handle, auto Destroy> class Owned {
-  public:
-    Owned() = default;
-    explicit Owned(Handle handle) : handle_(handle) {}
-    ~Owned() { reset(); }
-    Owned(Owned&& other) noexcept : handle_(other.release()) {}
-    Owned& operator=(Owned&& other) noexcept {
-        std::swap(handle_, other.handle_);
-        return *this;
-    }
-
-    Handle get() const { return handle_; }
-    explicit operator bool() const { return handle_ != nullptr; }
-    /// Gives up ownership, for example to the clipboard or a window.
-    Handle release() { return std::exchange(handle_, nullptr); }
-    void reset(Handle handle = nullptr) {
-        if (handle_ != nullptr) Destroy(handle_);
-        handle_ = handle;
-    }
-
-  private:
-    Handle handle_ = nullptr;
-};
-
 using Bitmap = Owned<HBITMAP, DeleteObject>;
+using Pen = Owned<HPEN, DeleteObject>;
+using Menu = Owned<HMENU, DestroyMenu>;
 using Icon = Owned<HICON, DestroyIcon>;
 using Font = Owned<HFONT, DeleteObject>;
 using AcceleratorTable = Owned<HACCEL, DestroyAcceleratorTable>;

@@ -66,6 +66,27 @@ TEST_F(Commands, EveryPlainEntryDoesWhatItSaysAndCanBeTakenBack) {
     }
 }
 
+TEST_F(Commands, TurnMirrorAndCropToTheDrawing) {
+    const std::pair<const wchar_t*, std::vector<std::string>> kCases[] = {
+        {L"&Image|&Mirror", {"....", ".##.", "..#."}},
+        {L"&Image|F&lip", {".#..", ".##.", "...."}},
+        {L"&Image|Rotate &Right", {"...", "##.", ".#.", "..."}},
+        {L"&Image|Rotate Le&ft", {"...", ".#.", ".##", "..."}},
+        {L"&Image|Crop to &Drawing", {"##", "#."}}};
+    const cDIBSection before = drawn({"....", ".##.", ".#.."});
+    const frmImage& form = opened(before);
+    for (const auto& [path, expected] : kCases) {
+        choose(menu_command(GetMenu(main.window()), path));
+        EXPECT_TRUE(same_pixels(picture_of(form), drawn(expected))) << testing::PrintToString(path);
+        choose(kCmdUndo);
+        EXPECT_TRUE(same_pixels(picture_of(form), before));
+    }
+    const frmImage& white = opened(flat_picture(3, 3, 255, 255, 255), L"white.bmp");
+    script.expect_message(L"Kelvane i [OK]: Nothing in the picture is dark enough to be drawn.");
+    choose(kCmdCropToDrawing);
+    EXPECT_FALSE(white.document().Dirty());
+}
+
 TEST_F(Commands, WithoutDocumentTheyAskForOne) {
     for (const unsigned command : {kCmdSave, kCmdExport, kCmdClose, kCmdUndo, kCmdCopy, kCmdSoften,
                                    kCmdAddNoise, kCmdCustomFilter, kCmdResample, kCmdCombine,
@@ -94,7 +115,7 @@ TEST_F(Commands, MenuShowsCaptionsAndShortcutsInBothLanguages) {
     frmImage& form = opened(colourful_picture(320, 240));
     choose(kCmdNegative);
     save_screenshot(main.window(), KELVANE_SCREENSHOTS, "main-en");
-    EXPECT_EQ(repeated_in(bar), L"CPHA") << "the English captions are fixed";
+    EXPECT_EQ(repeated_in(bar), L"CPSRHA") << "the English captions are fixed";
     script.expect_dialog([](HWND dialog) { choose_in_list(dialog, IDC_LANGUAGE, 1); });
     choose(kCmdLanguage);
     save_screenshot(main.window(), KELVANE_SCREENSHOTS, "main-de");

@@ -1,6 +1,8 @@
 // What the document's window shows, how it scrolls, and what happens during an operation.
 #include "app_test.h"
 
+#include "support/windows/screenshot.h"
+
 #include "ids.h"
 
 #include <commctrl.h>
@@ -26,6 +28,32 @@ class ImageWindow : public AppTest {
     }
     static std::array<int, 3> in_picture(const frmImage& form, int x, int y_from_top) {
         return pixel_at(picture_of(form), x, form.document().ImageHeight() - 1 - y_from_top);
+    }
+    // Keys are pressed while `held` ones are down.
+    static void press_keys(const frmImage& form, std::vector<WPARAM> keys,
+                           const std::vector<int>& held = {}) {
+        BYTE before[256], now[256];
+        GetKeyboardState(before);
+        std::copy(std::begin(before), std::end(before), now);
+        for (const int key : held)
+            now[key] = 0x80;
+        SetKeyboardState(now);
+        for (const WPARAM key : keys)
+            SendMessageW(form.window(), WM_KEYDOWN, key, 0);
+        SetKeyboardState(before);
+    }
+    static void mouse(const frmImage& form, UINT message, int x, int y) {
+        SendMessageW(form.window(), message, 0, MAKELPARAM(x, y));
+    }
+    static void drag(const frmImage& form, POINT from, POINT to, UINT down = WM_LBUTTONDOWN) {
+        mouse(form, down, from.x, from.y);
+        mouse(form, WM_MOUSEMOVE, to.x, to.y);
+        mouse(form, down + 1, to.x, to.y);
+    }
+    static void zoom_by_wheel(const frmImage& form, int delta, POINT at) {
+        ClientToScreen(form.window(), &at);
+        SendMessageW(form.window(), WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, static_cast<WORD>(delta)),
+                     MAKELPARAM(at.x, at.y));
     }
 };
 
@@ -98,6 +126,110 @@ TEST_F(ImageWindow, BarsShowOnlyWhatDoesNotFit) {
     EXPECT_FALSE(has_bar(form, WS_HSCROLL) || has_bar(form, WS_VSCROLL));
     EXPECT_EQ(position(form, SB_HORZ), 0);
     EXPECT_EQ(shown(form, 899, 199), (std::array<int, 3>{0, 0, 0}));
+}
+
+TEST_F(ImageWindow, ZoomsByWheelAndKeys) {
+    const frmImage& form = opened(random_picture(600, 400, 7));
+    resize(form, 300, 200);
+    EXPECT_EQ(status(4), L" 100 %");
+    SendMessageW(form.window(), WM_KEYDOWN, VK_RIGHT, 0);
+    const auto under_cursor = in_picture(form, 16 + 100, 50);
+    for (const wchar_t* shown_zoom : {L" 150 %", L" 200 %", L" 300 %"}) {
+        zoom_by_wheel(form, 60, {100, 50});
+        zoom_by_wheel(form, 60, {100, 50});
+        EXPECT_EQ(status(4), shown_zoom);
+        EXPECT_EQ(shown(form, 100, 50), under_cursor);
+    }
+    const int left = position(form, SB_HORZ), top = position(form, SB_VERT);
+    for (const auto& [x, y] : {std::pair{0, 0}, {1, 7}, {50, 99}})
+        EXPECT_EQ(shown(form, x, y), in_picture(form, (left + x) / 3, (top + y) / 3));
+    press_keys(form, {VK_OEM_PLUS, VK_ADD, VK_OEM_MINUS, VK_SUBTRACT, VK_SUBTRACT}, {VK_CONTROL});
+    EXPECT_EQ(status(4), L" 200 %");
+    press_keys(form, {'9'}, {VK_CONTROL});
+    EXPECT_FALSE(has_bar(form, WS_HSCROLL) || has_bar(form, WS_VSCROLL));
+    press_keys(form, {'0'}, {VK_CONTROL});
+    EXPECT_EQ(status(4), L" 100 %");
+    EXPECT_EQ(shown(form, 7, 5),
+              in_picture(form, position(form, SB_HORZ) + 7, position(form, SB_VERT) + 5));
+    const frmImage& chessboard =
+        opened(drawn({"#.#.#.#.", ".#.#.#.#", "#.#.#.#.", ".#.#.#.#"}), L"b.bmp");
+    for (int i = 0; i < 3; ++i)
+        zoom_by_wheel(chessboard, -120, {0, 0});
+    EXPECT_EQ(status(4), L" 50 %");
+    EXPECT_EQ(shown(chessboard, 2, 1), (std::array<int, 3>{128, 128, 128})) << "an average";
+    choose(kCmdDarken);
+    EXPECT_EQ(shown(chessboard, 2, 1), (std::array<int, 3>{120, 120, 120})) << "drawn anew";
+    SendMessageW(main.window(), WM_COMMAND, kFirstChildId, 0);
+    EXPECT_EQ(status(4), L" 100 %") << "of the picture in front";
+}
+
+TEST_F(ImageWindow, SelectsByMouseCopiesAndCrops) {
+    frmImage& form = opened(random_picture(600, 400, 8));
+    resize(form, 300, 200);
+    zoom_by_wheel(form, 120, {0, 0});
+    zoom_by_wheel(form, 120, {0, 0}); // 200 %
+    drag(form, {21, 11}, {60, 41});
+    EXPECT_EQ(form.view().selection(), (PixelRect{10, 5, 21, 16}));
+    const cDIBSection part = [&] {
+        cDIBSection copy = black_picture(21, 16);
+        Crop(picture_of(form).view(), {10, 5, 21, 16}, copy.view());
+        return copy;
+    }();
+    save_screenshot(main.window(), KELVANE_SCREENSHOTS, "selection-en");
+    choose(kCmdCopy);
+    choose(kCmdPaste);
+    EXPECT_TRUE(same_pixels(picture_of(*main.forms()[1]), part));
+    close(*main.forms()[1]);
+    choose(kCmdCropToSelection);
+    EXPECT_TRUE(same_pixels(picture_of(form), part));
+    EXPECT_EQ(status(2), L" 21 x 16");
+    EXPECT_EQ(form.view().selection(), std::nullopt) << "of a picture that is no longer there";
+    choose(kCmdUndo);
+    EXPECT_EQ(status(2), L" 600 x 400");
+
+    drag(form, {0, 0}, {150, 100});
+    EXPECT_TRUE(form.view().selection());
+    press_keys(form, {VK_ESCAPE});
+    EXPECT_EQ(form.view().selection(), std::nullopt);
+    drag(form, {100, 50}, {60, 40}, WM_MBUTTONDOWN);
+    EXPECT_EQ(std::pair(position(form, SB_HORZ), position(form, SB_VERT)), std::pair(40, 10));
+    EXPECT_EQ(form.view().selection(), std::nullopt);
+    drag(form, {0, 0}, {1000, -50}); // beyond the window it scrolls
+    EXPECT_EQ(position(form, SB_VERT), 0);
+    EXPECT_EQ(form.view().selection()->left, 20);
+    EXPECT_GT(form.view().selection()->width, 400);
+    drag(form, {70, 70}, {71, 71});
+    EXPECT_EQ(form.view().selection(), std::nullopt) << "a click";
+}
+
+TEST_F(ImageWindow, SelectsByKeysAndTellsThePixel) {
+    const frmImage& form = opened(flat_picture(300, 200, 10, 128, 200));
+    EXPECT_EQ(form.view().tip_text(), L"");
+    mouse(form, WM_MOUSEHOVER, 12, 34);
+    EXPECT_EQ(form.view().tip_text(),
+              L"Pixel 12, 34\nRed 200, Green 128, Blue 10\nWhite in the export");
+    press_keys(form, {VK_RIGHT, VK_DOWN}, {VK_SHIFT});
+    press_keys(form, {VK_RIGHT}, {VK_SHIFT, VK_CONTROL});
+    press_keys(form, {VK_DOWN, VK_DOWN, VK_RIGHT, VK_UP}, {VK_CONTROL});
+    EXPECT_EQ(form.view().selection(), (PixelRect{1, 1, 12, 2}));
+    EXPECT_EQ(form.view().tip_text().substr(0, 11), L"Pixel 12, 2");
+    press_keys(form, {'A'}, {VK_CONTROL});
+    EXPECT_EQ(form.view().selection(), (PixelRect{0, 0, 300, 200}));
+    EXPECT_EQ(form.view().tip_text(), L"");
+}
+
+TEST_F(ImageWindow, RightClickMenuZoomsAndCropsWhatIsSelected) {
+    const frmImage& form = opened(random_picture(300, 200, 2));
+    const auto choose_in_menu = [&](std::vector<WPARAM> keys) {
+        for (const WPARAM key : keys)
+            PostMessageW(form.window(), WM_KEYDOWN, key, 0);
+        SendMessageW(form.window(), WM_CONTEXTMENU, 0, -1); // the menu key
+    };
+    choose_in_menu({VK_DOWN, VK_RETURN});
+    EXPECT_EQ(status(4), L" 150 %");
+    press_keys(form, {VK_RIGHT, VK_RIGHT, VK_DOWN}, {VK_SHIFT});
+    choose_in_menu({VK_UP, VK_UP, VK_RETURN});
+    EXPECT_EQ(status(2), L" 3 x 2");
 }
 
 TEST_F(ImageWindow, NothingElseStartsDuringAnOperation) {

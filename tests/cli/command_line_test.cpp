@@ -85,6 +85,24 @@ TEST_F(CommandLine, ExportWithEveryOption) {
               "Grid last;\r\nWindow fit;\r\n");
 }
 
+TEST_F(CommandLine, SmoothTakesATolerance) {
+    // A slope of eighteen steps between upright sides.
+    std::vector<std::string> slope;
+    for (std::size_t row = 0; row <= 18; ++row)
+        slope.push_back(std::string(9 + 2 * row, '#') + std::string(36 - 2 * row, '.'));
+    save_bitmap(drawn(slope).view(), folder_ / "in.bmp");
+    for (const auto& [smooth, points] :
+         std::vector<std::pair<std::vector<std::string>, std::string>>{
+             {{}, "41"},
+             {{"--smooth"}, "5"},
+             {{"--smooth", ".5"}, "5"},
+             {{"--smooth", ".05"}, "41"}}) {
+        std::vector<std::string> arguments = smooth;
+        arguments.push_back("--stats");
+        EXPECT_THAT(export_in(arguments).out, HasSubstr("\"points\": " + points + ","));
+    }
+}
+
 TEST_F(CommandLine, LargePicturesAreReducedUnlessToldOtherwise) {
     save_bitmap(black_picture(3201, 3).view(), folder_ / "in.bmp");
     const Outcome reduced = export_in({"--stats"});
@@ -227,6 +245,9 @@ TEST_F(CommandLine, WrongUsageWritesNothing) {
         expect_usage_error(export_in({"--size", size}),
                            "--size is a number greater than 0 and at most 1e9, not");
     expect_usage_error(export_in({"--shape", "rectangle"}), "--trace lines");
+    for (const char* tolerance : {"0", ".04", ".51", "nan"})
+        expect_usage_error(export_in({"--smooth", tolerance}), "from 0.05 to 0.5, not");
+    expect_usage_error(export_in({"--smooth", "--trace", "lines"}), "--trace full only");
     expect_usage_error(export_in({"--op", "blurr"}), "blurr");
     expect_usage_error(run({"apply", path("in.bmp"), "-o", path("out.png"), "negative"}), ".bmp");
     EXPECT_EQ(run({"export", "--help"}).exit_code, kExitDone);

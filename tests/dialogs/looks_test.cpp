@@ -16,10 +16,9 @@
 #include "dialogs/frmPalette.h"
 #include "dialogs/frmSW.h"
 #include "dialogs/frmSplash.h"
+#include "support/windows/density.h"
 #include "support/windows/screenshot.h"
 #include "win/dpi.h"
-
-#include <process.h>
 
 namespace kelvane::test {
 namespace {
@@ -135,7 +134,7 @@ TEST_P(DialogLooks, CaptionsFit) {
     look_at(frmCombination({{L"C:\\Pictures\\logo.png", &picture}, {L"Image 2", &other}}),
             "combination");
     look_at(frmSW(settings, picture), "reduction");
-    look_at(frmExport(settings, picture), "export", L"R");
+    look_at(frmExport(settings, picture), "export", L"WMR");
     look_at(frmMsg3(), "out_of_range");
     cImageProcessDIB engine;
     engine.set_FilterType(kSharpen);
@@ -173,32 +172,12 @@ TEST_P(DialogLooks, CaptionsFit) {
 INSTANTIATE_TEST_SUITE_P(BothLanguages, DialogLooks,
                          testing::Values(kEnglishOffset, kGermanOffset));
 
-/// Sets the screen density for programs that start during its lifetime.
-class Density {
-  public:
-    explicit Density(DWORD dots) {
-        RegSetKeyValueW(HKEY_CURRENT_USER, kKey, kValue, REG_DWORD, &dots, sizeof dots);
-    }
-    ~Density() { RegDeleteKeyValueW(HKEY_CURRENT_USER, kKey, kValue); }
-    Density(const Density&) = delete;
-    Density& operator=(const Density&) = delete;
-
-  private:
-    static constexpr const wchar_t* kKey = L"Control Panel\\Desktop";
-    static constexpr const wchar_t* kValue = L"LogPixels";
-};
-
 TEST(DialogDensities, CaptionsFitOnFinerScreens) {
-    wchar_t program[MAX_PATH];
-    GetModuleFileNameW(nullptr, program, std::size(program));
     for (const DWORD dots : {144, 192}) {
         const std::filesystem::path last =
             KELVANE_SCREENSHOTS "/splash-de@" + std::to_string(dots) + ".bmp";
         std::filesystem::remove(last);
-        const Density density(dots);
-        EXPECT_EQ(
-            _wspawnl(_P_WAIT, program, L"dialog_tests", L"--gtest_filter=BothLanguages/*", nullptr),
-            0);
+        EXPECT_EQ(run_at_density(dots, L"BothLanguages/*"), 0);
         EXPECT_TRUE(std::filesystem::exists(last)) << "the screen had another density";
     }
 }

@@ -67,26 +67,25 @@ void check_polygons(const cDIBSection& picture) {
     EXPECT_EQ(made.report.shapes, made.script.polygons.size() - strips);
 }
 
-// In half pixels.
 int border_length(const Cells& mask) {
     int pixels = 0;
     for (int y = 0; y <= mask.height(); ++y)
         for (int x = 0; x <= mask.width(); ++x)
             pixels +=
                 (mask.get(x, y) != mask.get(x - 1, y)) + (mask.get(x, y) != mask.get(x, y - 1));
-    return 2 * pixels;
+    return kPixel * pixels;
 }
 
 void check_wires(const cDIBSection& picture) {
     const Export made(picture, true, kShapeWire);
     SCOPED_TRACE(made.mask.drawing() + made.text);
-    const std::vector<HalfPath>& chains = made.script.chains;
+    const std::vector<Path>& chains = made.script.chains;
     EXPECT_EQ(coverage_fault(chains, made.mask), "");
     EXPECT_EQ(chains.size(), std::size_t(components(made.mask, true) + holes(made.mask)));
     int drawn = 0;
-    for (const HalfPath& chain : chains)
+    for (const Path& chain : chains)
         for (std::size_t i = 0; i < chain.size(); ++i) {
-            const HalfPoint& to = chain[(i + 1) % chain.size()];
+            const Point& to = chain[(i + 1) % chain.size()];
             drawn += std::abs(to.x - chain[i].x) + std::abs(to.y - chain[i].y);
         }
     EXPECT_EQ(drawn, border_length(made.mask)) << "a line is drawn there and back";
@@ -94,11 +93,11 @@ void check_wires(const cDIBSection& picture) {
 
 void check_linewise(const cDIBSection& picture) {
     const Export made(picture, false, kShapePolygon);
-    const std::vector<HalfPath>& polygons = made.script.polygons;
+    const std::vector<Path>& polygons = made.script.polygons;
     EXPECT_EQ(coverage_fault(polygons, made.mask), "");
     EXPECT_EQ(Export(picture, false, kShapeWire).script.chains, polygons);
-    std::vector<HalfPath> rectangles;
-    for (const HalfPath& corners : polygons)
+    std::vector<Path> rectangles;
+    for (const Path& corners : polygons)
         rectangles.push_back({corners[0], corners[2]});
     EXPECT_EQ(Export(picture, false, kShapeRectangle).script.rectangles, rectangles);
 }

@@ -11,38 +11,38 @@
 namespace kelvane::test {
 namespace {
 
-int half_pixels(double coordinate, double size) {
-    const double halves = coordinate / size * 2;
-    if (std::abs(halves - std::round(halves)) > 1e-6)
+int in_steps(double coordinate, double size) {
+    const double steps = coordinate / size * kPixel;
+    if (std::abs(steps - std::round(steps)) > 1e-6)
         throw std::runtime_error("no grid coordinate: " + std::to_string(coordinate));
-    return static_cast<int>(std::lround(halves));
+    return static_cast<int>(std::lround(steps));
 }
 
 // "(x y)" again and again, then ";".
-HalfPath points_of(const std::string& command, double size) {
+Path points_of(const std::string& command, double size) {
     std::istringstream in(command.substr(command.find('(')));
     in >> std::noskipws;
-    HalfPath path;
+    Path path;
     double x = 0, y = 0;
     char open = 0, blank = 0, close = 0;
     while (in >> open && open == '(') {
         if (!(in >> x >> blank >> y >> close) || blank != ' ' || close != ')')
             throw std::runtime_error("no point in: " + command);
-        path.push_back({half_pixels(x, size), half_pixels(y, size)});
+        path.push_back({in_steps(x, size), in_steps(y, size)});
     }
     if (open != ';' || in.peek() != EOF)
         throw std::runtime_error("a command that does not end: " + command);
     return path;
 }
 
-HalfPath closed(HalfPath path) {
-    if (path.size() < 5 || path.front() != path.back())
+Path closed(Path path) {
+    if (path.size() < 4 || path.front() != path.back())
         throw std::runtime_error("an outline that is not closed");
     path.pop_back();
     return path;
 }
 
-void add_wire(const HalfPath& wire, HalfPath& chain) {
+void add_wire(const Path& wire, Path& chain) {
     if (wire.size() != 2 || (!chain.empty() && chain.back() != wire[0]))
         throw std::runtime_error("a wire that does not continue its chain");
     if (chain.empty()) chain.push_back(wire[0]);
@@ -53,7 +53,7 @@ void add_wire(const HalfPath& wire, HalfPath& chain) {
 
 Script parse_script(const std::string& text, double size) {
     Script script;
-    HalfPath chain;
+    Path chain;
     std::string command;
     std::istringstream in(text);
     for (std::string line; std::getline(in, line);) {
@@ -104,11 +104,13 @@ std::string Cells::drawing() const {
 
 namespace {
 
-// Adds the winding number of the path to each half-pixel cell it surrounds.
-void add_winding(const HalfPath& path, Cells& half_cells) {
+constexpr int kHalf = kPixel / 2;
+
+// Paths in half pixels from here on. Adds the winding number to each half-pixel cell surrounded.
+void add_winding(const Path& path, Cells& half_cells) {
     for (std::size_t i = 0; i < path.size(); ++i) {
-        const HalfPoint& from = path[i];
-        const HalfPoint& to = path[(i + 1) % path.size()];
+        const Point& from = path[i];
+        const Point& to = path[(i + 1) % path.size()];
         // An edge going down has the area on its right, seen on the screen.
         const int step = to.y < from.y ? 1 : -1;
         for (int y = std::min(from.y, to.y); y < std::max(from.y, to.y); ++y)
@@ -117,23 +119,23 @@ void add_winding(const HalfPath& path, Cells& half_cells) {
     }
 }
 
-std::string outline_fault(const HalfPath& path) {
-    std::map<HalfPoint, int> visits;
-    std::set<std::pair<HalfPoint, HalfPoint>> pieces;
-    std::set<HalfPoint> straight;
+std::string outline_fault(const Path& path) {
+    std::map<Point, int> visits;
+    std::set<std::pair<Point, Point>> pieces;
+    std::set<Point> straight;
     const std::size_t count = path.size();
     for (std::size_t i = 0; i < count; ++i) {
-        const HalfPoint a = path[i];
-        const HalfPoint b = path[(i + 1) % count];
-        const HalfPoint c = path[(i + 2) % count];
+        const Point a = path[i];
+        const Point b = path[(i + 1) % count];
+        const Point c = path[(i + 2) % count];
         std::ostringstream where;
         where << " at (" << a.x / 2. << ' ' << a.y / 2. << ')';
         if (a == b) return "equal points in a row" + where.str();
         if (a.x != b.x && a.y != b.y) return "an edge askew" + where.str();
         if ((a.x == b.x) == (b.x == c.x)) return "collinear edges" + where.str();
-        const HalfPoint step{(b.x > a.x) - (b.x < a.x), (b.y > a.y) - (b.y < a.y)};
-        for (HalfPoint p = a; p != b;) {
-            const HalfPoint q{p.x + step.x, p.y + step.y};
+        const Point step{(b.x > a.x) - (b.x < a.x), (b.y > a.y) - (b.y < a.y)};
+        for (Point p = a; p != b;) {
+            const Point q{p.x + step.x, p.y + step.y};
             if (!pieces.insert(std::minmax(p, q)).second)
                 return "an outline along itself" + where.str();
             ++visits[p];
@@ -149,9 +151,13 @@ std::string outline_fault(const HalfPath& path) {
 
 } // namespace
 
-std::string coverage_fault(const std::vector<HalfPath>& paths, const Cells& dark) {
+std::string coverage_fault(const std::vector<Path>& paths, const Cells& dark) {
     Cells drawn(dark.width() * 2, dark.height() * 2);
-    for (const HalfPath& path : paths) {
+    for (Path path : paths) {
+        for (Point& point : path) {
+            if (point.x % kHalf != 0 || point.y % kHalf != 0) return "a point off the half pixels";
+            point = {point.x / kHalf, point.y / kHalf};
+        }
         if (const std::string fault = outline_fault(path); !fault.empty()) return fault;
         add_winding(path, drawn);
     }

@@ -9,19 +9,20 @@
 
 namespace kelvane::test {
 
-/// A point in half pixels.
-struct HalfPoint {
+/// Points are in sixteenths of a pixel.
+inline constexpr int kPixel = 16;
+struct Point {
     int x;
     int y;
-    friend auto operator<=>(const HalfPoint&, const HalfPoint&) = default;
+    friend auto operator<=>(const Point&, const Point&) = default;
 };
-using HalfPath = std::vector<HalfPoint>;
+using Path = std::vector<Point>;
 
 /// A script taken apart. Polygons and wire chains are closed: the last point is not repeated.
 struct Script {
-    std::vector<HalfPath> polygons; // in file order, bridge strips included
-    std::vector<HalfPath> chains;   // wires
-    std::vector<HalfPath> rectangles;
+    std::vector<Path> polygons; // in file order, bridge strips included
+    std::vector<Path> chains;   // wires
+    std::vector<Path> rectangles;
 };
 
 /// Reads a script whose pixels have an edge of `size`. Throws `std::runtime_error` at anything that
@@ -56,6 +57,6 @@ Cells dark_cells(ConstImageView image);
 /// Why `paths` are not outlines that cover `dark` exactly once, or an empty text. Each outline is
 /// to be axis-parallel, free of equal and of collinear neighbours, turning anticlockwise or (holes)
 /// clockwise, and to meet itself at pixel corners only, without crossing.
-std::string coverage_fault(const std::vector<HalfPath>& paths, const Cells& dark);
+std::string coverage_fault(const std::vector<Path>& paths, const Cells& dark);
 
 } // namespace kelvane::test

@@ -1,0 +1,240 @@
+#include "export/outline_smoother.h"
+
+#include <algorithm>
+
+namespace kelvane {
+namespace {
+
+// A piece may end in the middle of a run this long: a shallow line comes closer to it there than to
+// the corners.
+constexpr std::int32_t kLongRun = 5 * kPixelSteps;
+
+// A ring is split at first no further than this, to find a good node to start from.
+constexpr ExactPath::Index kStartSearch = 100;
+// Pieces for which vertices are searched at first, to find a good one to start from.
+constexpr std::size_t kStartPieces = 3;
+
+// How much further from the wall of the tube the roomy pieces are, in lattice steps.
+constexpr std::int32_t kRoom = 2;
+
+// What may be added to an area or taken from it: 0.4 pixels, in halves of a square lattice step; or
+// the part of the whole area; or one half step for so much of the border, 1/512 pixels a pixel.
+constexpr std::int64_t kAreaAllowed = 4 * (2 * kPixelSteps * kPixelSteps) / 10;
+constexpr std::int64_t kAreaPart = 125;
+constexpr std::int64_t kLengthPerArea = kPixelSteps;
+
+bool on_pixel_corner(LatticePoint p) {
+    return p.x % kPixelSteps == 0 && p.y % kPixelSteps == 0;
+}
+
+// The corner of pixels in the middle between two points of which one is such a corner.
+LatticePoint middle(LatticePoint a, LatticePoint b) {
+    if (!on_pixel_corner(a)) std::swap(a, b);
+    const std::int32_t x = (b.x - a.x) / (2 * kPixelSteps), y = (b.y - a.y) / (2 * kPixelSteps);
+    return {a.x + x * kPixelSteps, a.y + y * kPixelSteps};
+}
+
+} // namespace
+
+OutlineSmoother::OutlineSmoother(std::int32_t radius, OutlineReceiver& receiver)
+    : receiver_(receiver), longest_pieces_(Tube(radius)), roomy_pieces_(Tube(radius - kRoom)),
+      joints_(Tube(radius)), search_(Tube(radius)) {}
+
+void OutlineSmoother::begin_outline() {
+    lowered_ = any_kept_ = false;
+    head_.clear();
+    exact_.clear();
+    smooth_.clear();
+    length_ = area_ = 0;
+}
+
+void OutlineSmoother::add_vertices(std::span<const OutlineVertex> vertices) {
+    for (const OutlineVertex& vertex : vertices)
+        add_vertex(vertex);
+}
+
+void OutlineSmoother::add_vertex(const OutlineVertex& vertex) {
+    const bool lowered = lowered_ || vertex.bridge;
+    lowered_ = vertex.bridge;
+    exact_.push_back(
+        {vertex.x * kPixelSteps, vertex.y * kPixelSteps - (lowered ? kPixelSteps / 2 : 0)});
+    if (!vertex.kept) return;
+    const LatticePoint kept = exact_.back();
+    if (any_kept_) {
+        end_section(false);
+    } else {
+        any_kept_ = true;
+        head_ = exact_;
+    }
+    smooth_.push_back({vertex.x * kPixelSteps, vertex.y * kPixelSteps, vertex.bridge, true});
+    exact_.assign(1, kept);
+}
+
+void OutlineSmoother::end_outline() {
+    if (any_kept_) {
+        exact_.insert(exact_.end(), head_.begin(), head_.end());
+        end_section(false);
+    } else {
+        exact_.push_back(exact_.front());
+        end_section(true);
+    }
+    drop_collinear();
+    hand_over();
+}
+
+// Adds the vertices between the first and the last of a section, or all of a ring.
+void OutlineSmoother::end_section(bool ring) {
+    std::int64_t area = 0;
+    for (std::size_t i = 1; i < exact_.size(); ++i) {
+        length_ += distance(exact_[i - 1], exact_[i]);
+        area += cross(exact_[i - 1], exact_[i]);
+    }
+    area_allowed_ =
+        std::max(kAreaAllowed, ring ? std::abs(area) / kAreaPart : length_ / kLengthPerArea);
+    for (StraightPieces* pieces : {&longest_pieces_, &roomy_pieces_}) {
+        if (ring ? smooth_ring(*pieces) : smooth_section(*pieces)) return;
+        if (pieces_.empty()) break;
+    }
+    for (std::size_t i = 1; i < exact_.size() - (ring ? 0 : 1); ++i)
+        add_smooth(exact_[i]);
+}
+
+// From one kept vertex to the next.
+bool OutlineSmoother::smooth_section(StraightPieces& straight_pieces) {
+    fill_path();
+    if (!find_pieces(straight_pieces, true)) return false;
+    joints_.move(path_, pieces_);
+    const SmoothVertex first{path_[0], 0}, last{path_[path_.last()], path_.last()};
+    std::int64_t area = area_;
+    search_.run(path_, pieces_, {&first, 1}, {&last, 1}, area);
+    if (!accept_area(area)) return false;
+    const std::span<const SmoothVertex> found = search_.vertices();
+    for (const SmoothVertex& vertex : found.subspan(1, found.size() - 2))
+        add_smooth(vertex.at);
+    return true;
+}
+
+// An outline without a kept vertex.
+bool OutlineSmoother::smooth_ring(StraightPieces& straight_pieces) {
+    fill_path();
+    straight_pieces.split(path_, 0, std::min(path_.last(), kStartSearch), false, ends_);
+    turn_path(ends_[ends_.size() / 2]);
+    if (!find_pieces(straight_pieces, false)) return false;
+    joints_.move(path_, pieces_);
+    const SmoothVertex start = find_start();
+    start_pieces_at(start.node);
+    const SmoothVertex first{start.at, 0}, last{start.at, path_.last()};
+    std::int64_t area = 0;
+    search_.run(path_, pieces_, {&first, 1}, {&last, 1}, area);
+    if (!accept_area(area)) return false;
+    for (const SmoothVertex& vertex : search_.vertices().subspan(1))
+        add_smooth(vertex.at);
+    return true;
+}
+
+// The vertex at the first joint of a ring, with regard to the pieces around it.
+SmoothVertex OutlineSmoother::find_start() {
+    const std::size_t count = std::min(kStartPieces, pieces_.size() - 1);
+    std::vector<SmoothVertex> first, last;
+    search_.candidates(path_, pieces_.back(), pieces_.front(), first);
+    search_.candidates(path_, pieces_[count - 1], pieces_[count], last);
+    std::int64_t area = 0;
+    search_.run(path_, std::span(pieces_).first(count), first, last, area);
+    const auto from_joint = [&](const SmoothVertex& vertex) {
+        return std::max(vertex.node, pieces_[0].end) - std::min(vertex.node, pieces_[0].end);
+    };
+    const std::span<const SmoothVertex> found = search_.vertices();
+    return *std::min_element(found.begin() + 1, found.end(),
+                             [&](const SmoothVertex& a, const SmoothVertex& b) {
+                                 return from_joint(a) < from_joint(b);
+                             });
+}
+
+// Lets the ring and its pieces start behind the first one, at a node near by.
+void OutlineSmoother::start_pieces_at(Index start) {
+    turn_path(start);
+    std::rotate(pieces_.begin(), pieces_.begin() + 1, pieces_.end());
+    for (StraightPiece& piece : pieces_) {
+        piece.begin = (piece.begin + path_.last() - start) % path_.last();
+        piece.end = (piece.end + path_.last() - start) % path_.last();
+    }
+    pieces_.front().begin = 0;
+    pieces_.back().end = path_.last();
+}
+
+bool OutlineSmoother::accept_area(std::int64_t area) {
+    if (std::abs(area) > area_allowed_) return false;
+    area_ = area;
+    return true;
+}
+
+void OutlineSmoother::fill_path() {
+    path_.clear();
+    path_.append(exact_.front());
+    for (std::size_t i = 1; i < exact_.size(); ++i) {
+        const LatticePoint a = exact_[i - 1], b = exact_[i];
+        if (distance(a, b) >= kLongRun) path_.append(middle(a, b));
+        path_.append(b);
+    }
+}
+
+// Lets a closed path start at another node.
+void OutlineSmoother::turn_path(Index start) {
+    const Index nodes = path_.last();
+    turned_.clear();
+    for (Index i = 0; i <= nodes; ++i)
+        turned_.append(path_[(start + i) % nodes]);
+    std::swap(path_, turned_);
+}
+
+// Splits the path into pieces; false, with none, when all of them are straight: then nothing is to
+// be done.
+bool OutlineSmoother::find_pieces(StraightPieces& straight_pieces, bool kept_ends) {
+    straight_pieces.split(path_, 0, path_.last(), kept_ends, ends_);
+    bool slanted = false;
+    for (std::size_t i = 1; i < ends_.size(); ++i)
+        slanted = slanted || !axis_parallel(path_[ends_[i - 1]], path_[ends_[i]]);
+    pieces_.clear();
+    if (!slanted) return false;
+    for (std::size_t i = 1; i < ends_.size(); ++i)
+        pieces_.push_back(straight_pieces.piece(path_, ends_[i - 1], ends_[i]));
+    return true;
+}
+
+// Neighbouring edges in one line become one; they may meet in a kept vertex.
+void OutlineSmoother::drop_collinear() {
+    std::vector<OutlineVertex>& v = smooth_;
+    // A bridge begins and ends in turns. No outline starts with the end of one.
+    const auto lowered = [&](std::size_t i) { return v[i].bridge || (i > 0 && v[i - 1].bridge); };
+    const auto point = [&](std::size_t i) {
+        return LatticePoint{v[i].x, v[i].y - (lowered(i) ? kPixelSteps / 2 : 0)};
+    };
+    const auto in_line = [&](std::size_t a, std::size_t b, std::size_t c) {
+        return !lowered(b) && turn(point(a), point(b), point(c)) == 0;
+    };
+    std::size_t size = 0;
+    for (const OutlineVertex vertex : v) {
+        v[size++] = vertex;
+        while (size >= 3 && in_line(size - 3, size - 2, size - 1)) {
+            v[size - 2] = v[size - 1];
+            --size;
+        }
+    }
+    while (size >= 3 && in_line(size - 2, size - 1, 0))
+        --size;
+    v.resize(size);
+    if (size >= 3 && in_line(size - 1, 0, 1)) v.erase(v.begin());
+}
+
+void OutlineSmoother::hand_over() {
+    const auto start = std::min_element(smooth_.begin(), smooth_.end(),
+                                        [](const OutlineVertex& a, const OutlineVertex& b) {
+                                            return std::pair(a.y, a.x) < std::pair(b.y, b.x);
+                                        });
+    receiver_.begin_outline();
+    receiver_.add_vertices({start, smooth_.end()});
+    receiver_.add_vertices({smooth_.begin(), start});
+    receiver_.end_outline();
+}
+
+} // namespace kelvane

@@ -1,0 +1,183 @@
+#include "export/straight_pieces.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace kelvane {
+namespace {
+
+// How far the line of best fit may pass from an end, in lattice steps: as far as a vertex may move;
+// a little more for long pieces, whose ends may lie at the wall of the tube; hardly at all at a
+// kept end.
+constexpr std::int32_t kLongPiece = 20 * kPixelSteps;
+constexpr double kKeptEndDistance = 2;
+
+// A slope shows in four turns, or in two between longer runs: what has less is a detail to keep.
+constexpr int kSlopeTurns = 4;
+constexpr std::int32_t kSingleStepRun = 4 * kPixelSteps;
+
+// Closer hinges than this, in lattice steps, leave vertices on the lattice little room.
+constexpr double kRoom = 1;
+
+} // namespace
+
+// A piece that grows node by node. Points are seen from its first node, turned by 45 degrees: for a
+// path to the east and north, u counts the steps of both, w the steps north less those to the east.
+// So u ascends along the path, and the hinges of left turns are upper limits of a line.
+class StraightPieces::Growth {
+  public:
+    Growth(const ExactPath& path, const Tube& tube, SeparatingLines& lines, Index begin)
+        : path_(path), tube_(tube), lines_(lines), begin_(begin), origin_(path[begin]),
+          end_(begin) {
+        lines_.reset(tube.open());
+    }
+
+    // Takes the next node in; false when no line follows the path so far.
+    bool grow() {
+        if (end_ > begin_ && path_.is_corner(end_) && !pass_corner()) return false;
+        const LatticePoint from = relative(path_[end_]);
+        run_ += path_.link_length(end_);
+        ++end_;
+        moments_.add_link(from, relative(path_[end_]));
+        return true;
+    }
+
+    Index end() const { return end_; }
+    bool straight() const { return turns_ == 0; }
+    bool shows_slope() const {
+        return turns_ >= kSlopeTurns ||
+               (turns_ == 2 && std::min(first_run_, run_) >= kSingleStepRun);
+    }
+    const PathMoments& moments() const { return moments_; }
+    LatticePoint relative(LatticePoint p) const { return {p.x - origin_.x, p.y - origin_.y}; }
+
+    // The middle of the lines that follow the path, with points relative to the origin.
+    FittedLine middle_line() const {
+        const auto height = [](const SeparatingLines::Line& line) {
+            return static_cast<double>(line.from.w) -
+                   line.slope() * static_cast<double>(line.from.u);
+        };
+        const double slope = (lines_.steepest().slope() + lines_.flattest().slope()) / 2;
+        const double w = (height(lines_.steepest()) + height(lines_.flattest())) / 2;
+        const LatticePoint a = unit_step(lower_), b = unit_step(left_of(lower_));
+        // Back from (u, w): a * (u - w) / 2 + b * (u + w) / 2.
+        const double dx = a.x * (1 - slope) + b.x * (1 + slope);
+        const double dy = a.y * (1 - slope) + b.y * (1 + slope);
+        return {(b.x - a.x) * w / 2, (b.y - a.y) * w / 2, -dy, dx};
+    }
+
+  private:
+    bool pass_corner() {
+        const Heading in = path_.leaving(end_ - 1), out = path_.leaving(end_);
+        const bool left = left_of(in) == out;
+        if (turns_ == 0) {
+            first_run_ = run_;
+            lower_ = left ? in : out;
+        } else if (left ? in != lower_ : out != lower_) {
+            return false; // a third heading
+        }
+        run_ = 0;
+        ++turns_;
+        const LatticePoint hinge = relative(tube_.hinge(path_, end_));
+        const LatticePoint a = unit_step(lower_), b = unit_step(left_of(lower_));
+        const std::int64_t along = std::int64_t{hinge.x} * a.x + std::int64_t{hinge.y} * a.y;
+        const std::int64_t beside = std::int64_t{hinge.x} * b.x + std::int64_t{hinge.y} * b.y;
+        const SeparatingLines::Point point{along + beside, beside - along};
+        return left ? lines_.add_upper(point) : lines_.add_lower(point);
+    }
+
+    const ExactPath& path_;
+    const Tube& tube_;
+    SeparatingLines& lines_;
+    const Index begin_;
+    const LatticePoint origin_;
+    Index end_;
+    PathMoments moments_;
+    int turns_ = 0;
+    Heading lower_ = Heading::kEast; // of the two headings the one further to the right
+    std::int32_t first_run_ = 0;
+    std::int32_t run_ = 0; // since the last turn
+};
+
+void StraightPieces::split(const ExactPath& path, Index first, Index last, bool kept_ends,
+                           std::vector<Index>& ends) {
+    constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
+    best_.assign(last - first + 1, {kNone, 0, 0});
+    best_[0].pieces = 0;
+    for (Index begin = first; begin < last; ++begin)
+        extend_from(path, first, last, begin, kept_ends);
+    ends.clear();
+    for (Index node = last - first; node > 0; node = best_[node].previous)
+        ends.push_back(first + node);
+    ends.push_back(first);
+    std::reverse(ends.begin(), ends.end());
+}
+
+void StraightPieces::extend_from(const ExactPath& path, Index first, Index last, Index begin,
+                                 bool kept_ends) {
+    const std::uint32_t pieces = best_[begin - first].pieces + 1;
+    const double short_limit = std::min(tube_.radius(), Tube::kHalfPixel - 1);
+    Growth growth(path, tube_, lines_, begin);
+    for (const Index limit = std::min(last, begin + kMostNodes); growth.end() < limit;) {
+        if (!growth.grow()) return;
+        const Index end = growth.end();
+        if (growth.straight()) {
+            offer(begin - first, end - first, 0);
+            continue;
+        }
+        if (best_[end - first].pieces < pieces || !growth.shows_slope()) continue;
+        double residual;
+        const FittedLine line = growth.moments().central().fit(residual);
+        const double limit_inside =
+            growth.moments().length() >= kLongPiece ? tube_.radius() + 1 : short_limit;
+        const auto passes = [&](Index node, bool kept) {
+            return line.maximum_norm_distance(growth.relative(path[node])) <=
+                   (kept ? kKeptEndDistance : limit_inside);
+        };
+        if (passes(begin, kept_ends && begin == first) && passes(end, kept_ends && end == last))
+            offer(begin - first, end - first, residual);
+    }
+}
+
+void StraightPieces::offer(Index begin, Index end, double residual) {
+    const Best& from = best_[begin];
+    Best& to = best_[end];
+    const double sum = from.residual + residual;
+    if (from.pieces + 1 < to.pieces || (from.pieces + 1 == to.pieces && sum < to.residual))
+        to = {from.pieces + 1, begin, sum};
+}
+
+StraightPiece StraightPieces::piece(const ExactPath& path, Index begin, Index end) {
+    Growth growth(path, tube_, lines_, begin);
+    while (growth.end() < end)
+        growth.grow();
+    double residual;
+    FittedLine line = growth.moments().central().fit(residual);
+    const LatticePoint way = growth.relative(path[end]);
+    const auto normalise = [&](FittedLine& l) {
+        l.normalise();
+        if (l.nx * way.y - l.ny * way.x > 0) l.nx = -l.nx, l.ny = -l.ny;
+    };
+    normalise(line);
+    // Least distance of a hinge from the wrong side of a line.
+    const auto room = [&](const FittedLine& l) {
+        double least = kRoom;
+        for (Index node = begin + 1; node < end; ++node)
+            if (path.is_corner(node)) {
+                const double offset = l.offset(growth.relative(tube_.hinge(path, node)));
+                least = std::min(least, path.turns_left(node) ? offset : -offset);
+            }
+        return least;
+    };
+    if (const double least = room(line); least < kRoom && lines_.bounded()) {
+        FittedLine middle = growth.middle_line();
+        normalise(middle);
+        if (room(middle) > least) line = middle;
+    }
+    line.x += path[begin].x;
+    line.y += path[begin].y;
+    return {begin, end, line, growth.moments().length()};
+}
+
+} // namespace kelvane

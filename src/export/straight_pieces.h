@@ -1,0 +1,62 @@
+// Splits an exact path into the longest pieces that straight lines can follow.
+#pragma once
+
+#include "export/fitted_line.h"
+#include "export/separating_lines.h"
+#include "export/smooth_path.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace kelvane {
+
+/// A part of a path and the line that follows it.
+struct StraightPiece {
+    ExactPath::Index begin;
+    ExactPath::Index end;
+    FittedLine line; // normalised, the normal to the left of the way
+    double length;   // along the path
+};
+
+/// Finds the fewest pieces, and of several ways the one with the least squared distances between
+/// the path and the lines of best fit (dynamic programming as in potrace's optimal polygons). A
+/// piece is a straight part of the path, or one that a line follows:
+///
+/// - some line passes all its hinges on their proper sides (a digital straight segment);
+/// - the line of best fit passes close to both ends, so that the edges between neighbouring lines
+///   take little or no area away: a long run and the first step of a rise are no slope;
+/// - there are steps enough to tell a slope from a detail of one pixel.
+class StraightPieces {
+  public:
+    explicit StraightPieces(const Tube& tube) : tube_(tube) {}
+
+    /// The ends of the pieces from node `first` to node `last`, both included. Nothing moves a kept
+    /// end from its node, so lines have to pass it closer.
+    void split(const ExactPath& path, ExactPath::Index first, ExactPath::Index last, bool kept_ends,
+               std::vector<ExactPath::Index>& ends);
+    /// The line for the piece between two ends: that of best fit, or, when it comes too close to
+    /// the wall of the tube, the middle one of all that pass.
+    StraightPiece piece(const ExactPath& path, ExactPath::Index begin, ExactPath::Index end);
+
+    /// No piece has more nodes: what bounds the time by a multiple of the path's nodes. Longer
+    /// lines would hardly find vertices on the lattice anyway.
+    static constexpr ExactPath::Index kMostNodes = 100;
+
+  private:
+    using Index = ExactPath::Index;
+    struct Best {
+        std::uint32_t pieces;
+        Index previous;
+        double residual;
+    };
+    class Growth;
+
+    void extend_from(const ExactPath& path, Index first, Index last, Index begin, bool kept_ends);
+    void offer(Index begin, Index end, double residual);
+
+    const Tube tube_;
+    SeparatingLines lines_;
+    std::vector<Best> best_; // per node from the first on: the best way there
+};
+
+} // namespace kelvane

@@ -1,0 +1,133 @@
+// The main window without pictures, several files at once, and where the window opens again.
+#include "app_test.h"
+
+#include "support/windows/density.h"
+#include "support/windows/screenshot.h"
+#include "win/dpi.h"
+
+#include "ids.h"
+
+#include <gmock/gmock.h>
+
+namespace kelvane::test {
+namespace {
+
+using testing::ElementsAre;
+
+class Start : public AppTest {
+  protected:
+    HWND surface() const { return FindWindowExW(main.window(), nullptr, L"KelvaneStart", nullptr); }
+    bool shown() const { return IsWindowVisible(surface()) != FALSE; }
+    std::vector<std::wstring> links() const {
+        std::vector<std::wstring> texts;
+        for (HWND link = nullptr;
+             (link = FindWindowExW(surface(), link, L"Button", nullptr)) != nullptr;)
+            if (IsWindowVisible(link)) texts.push_back(win::window_text(link));
+        return texts;
+    }
+    void click_link(unsigned command) const {
+        SendDlgItemMessageW(surface(), static_cast<int>(command), BM_CLICK, 0, 0);
+        handle_messages();
+    }
+    void screenshot(const std::string& name) const {
+        const int dots = win::dots_per_inch(main.window());
+        save_screenshot(main.window(), KELVANE_SCREENSHOTS,
+                        name + (dots == 96 ? "" : "@" + std::to_string(dots)));
+    }
+};
+
+TEST_F(Start, SurfaceShowsWhileNoPictureIsOpen) {
+    EXPECT_TRUE(shown());
+    EXPECT_THAT(links(), ElementsAre(L"Your first logo in five steps"));
+    frmImage& form = opened(black_picture(9, 9), L"R&D.bmp");
+    EXPECT_FALSE(shown());
+    close(opened(black_picture(9, 9), L"other.bmp"));
+    EXPECT_FALSE(shown());
+    close(form);
+    EXPECT_TRUE(shown());
+    EXPECT_THAT(links(), ElementsAre(path(L"other.bmp"), path(L"R&D.bmp"),
+                                     L"Your first logo in five steps"));
+    screenshot("start-en");
+    click_link(kCmdRecent1 + 1);
+    ASSERT_EQ(main.forms().size(), 1u);
+    EXPECT_EQ(caption(*main.forms()[0]), L"Image: " + path(L"R&D.bmp"));
+    EXPECT_EQ(GetFocus(), main.forms()[0]->window());
+    close(*main.forms()[0]);
+    script.expect_message(testing::StartsWith(L"Error ! [OK]: "), IDOK); // there is no help file
+    click_link(kCmdFirstLogo);
+    script.expect_dialog([](HWND dialog) { choose_in_list(dialog, IDC_LANGUAGE, 1); });
+    choose(kCmdLanguage);
+    EXPECT_EQ(links().back(), L"Ihr erstes Logo in fünf Schritten");
+    screenshot("start-de");
+}
+
+TEST(StartDensities, SurfaceGrowsWithTheScreen) {
+    for (const DWORD dots : {144, 192}) {
+        const std::filesystem::path last =
+            KELVANE_SCREENSHOTS "/start-de@" + std::to_string(dots) + ".bmp";
+        std::filesystem::remove(last);
+        EXPECT_EQ(run_at_density(dots, L"Start.SurfaceShowsWhileNoPictureIsOpen"), 0);
+        EXPECT_TRUE(std::filesystem::exists(last)) << "the screen had another density";
+    }
+}
+
+TEST_F(Start, KeysReachTheLinks) {
+    close(opened(black_picture(9, 9), L"a.bmp"));
+    close(opened(black_picture(9, 9), L"b.bmp"));
+    SetFocus(main.window());
+    EXPECT_EQ(GetDlgCtrlID(GetFocus()), kCmdRecent1);
+    PostMessageW(GetFocus(), WM_KEYDOWN, VK_TAB, 0);
+    PostQuitMessage(0);
+    main.run();
+    EXPECT_EQ(GetDlgCtrlID(GetFocus()), kCmdRecent1 + 1);
+    PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0);
+    PostQuitMessage(0);
+    main.run();
+    handle_messages();
+    ASSERT_EQ(main.forms().size(), 1u);
+    EXPECT_EQ(status(1), L" a.bmp");
+}
+
+TEST_F(Start, OpenTakesSeveralFiles) {
+    script.expect_file_dialog(saved(black_picture(2, 2), L"ä 1.bmp"));
+    choose(kCmdOpen);
+    close(*main.forms()[0]);
+    saved(black_picture(3, 3), L"ö 2.bmp");
+    script.expect_file_dialog(L"\"ä 1.bmp\" \"ö 2.bmp\"");
+    choose(kCmdOpen);
+    ASSERT_EQ(main.forms().size(), 2u);
+    EXPECT_EQ(main.recent_files().file(1), path(L"ö 2.bmp"));
+    EXPECT_EQ(main.recent_files().file(2), path(L"ä 1.bmp"));
+    EXPECT_EQ(setting(L"global", L"lastpath"), folder.path().wstring() + L"\\");
+}
+
+TEST_F(Start, WindowOpensWhereItWasAndAlwaysWithinReach) {
+    const SettingsFile settings(folder / "kelvane.ini");
+    wchar_t computer[MAX_COMPUTERNAME_LENGTH + 1];
+    DWORD length = std::size(computer);
+    GetComputerNameW(computer, &length);
+    const auto opened_at = [&](const wchar_t* remembered) {
+        settings.WriteIniValue(L"window", computer, remembered);
+        mfrmMain again(settings);
+        again.show(SW_SHOWNORMAL);
+        WINDOWPLACEMENT placement{};
+        placement.length = sizeof placement;
+        GetWindowPlacement(again.window(), &placement);
+        const RECT& at = placement.rcNormalPosition;
+        return std::array<LONG, 5>{at.left, at.top, at.right - at.left, at.bottom - at.top,
+                                   IsZoomed(again.window())};
+    };
+    MoveWindow(main.window(), 30, 40, 700, 500, TRUE);
+    ShowWindow(main.window(), SW_MAXIMIZE);
+    SendMessageW(main.window(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(setting(L"window", computer), L"30 40 700 500 1");
+    const LONG right = GetSystemMetrics(SM_CXSCREEN), bottom = GetSystemMetrics(SM_CYSCREEN);
+    using Place = std::array<LONG, 5>;
+    EXPECT_EQ(opened_at(L"30 40 700 500 1"), (Place{30, 40, 700, 500, 1}));
+    EXPECT_EQ(opened_at(L"9000 -3000 700 500 0"), (Place{right - 700, 0, 700, 500, 0}));
+    EXPECT_EQ(opened_at(L"-9000 40 9000 9000 0"), (Place{0, 0, right, bottom, 0}));
+    EXPECT_EQ(opened_at(L"1 2 0 99999999999 x"), opened_at(L"")) << "where the system puts it";
+}
+
+} // namespace
+} // namespace kelvane::test
