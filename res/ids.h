@@ -166,6 +166,7 @@
 #define IDS_PALETTE_ERROR                4417
 #define IDS_PALETTE_EMPTY                4418
 #define IDS_PALETTE_SELECT               4419
+#define IDS_PALETTE_PREVIEW              4420
 
 // Combination dialog.
 #define IDS_COMBINE_TITLE                4500
@@ -208,6 +209,7 @@
 #define IDS_CUSTOM_BASE_SOFTEN_MORE      4713
 #define IDS_CUSTOM_BASE_SHARPEN          4714
 #define IDS_CUSTOM_BASE_SHARPEN_MORE     4715
+#define IDS_CUSTOM_PREVIEW               4716
 
 // Export dialog.
 #define IDS_EXPORT_TITLE                 4800
@@ -376,6 +378,16 @@
 #define IDS_REDUCE_CANCEL                7411
 #define IDS_REDUCE_NO_COLOUR             7412
 #define IDS_REDUCE_HINT                  7413
+#define IDS_REDUCE_AUTO                  7414
+#define IDS_REDUCE_UNEVEN                7415
+#define IDS_REDUCE_SIZE                  7416
+#define IDS_REDUCE_OFFSET                7417
+#define IDS_REDUCE_UNEVEN_HINT           7418
+#define IDS_REDUCE_INVERT                7419
+#define IDS_REDUCE_CLEAN                 7420
+#define IDS_REDUCE_SPECK_UNIT            7421
+#define IDS_REDUCE_INVALID               7422
+#define IDS_REDUCE_ODD                   7423
 
 // Dialog templates and their controls.
 #define IDD_NEW_SIZE                     204
@@ -411,6 +423,8 @@
 #define IDC_PALETTE_BROWSE               1462
 #define IDC_PALETTE_COUNT                1463
 #define IDC_PALETTE_COLOURS              1464
+#define IDC_PALETTE_PREVIEW_LABEL        1465
+#define IDC_PALETTE_PREVIEW              1466
 
 #define IDD_COMBINATION                  208
 #define IDC_COMBINE_FIRST_LABEL          1480
@@ -557,6 +571,8 @@
 #define IDC_CUSTOM_WEIGHT_LABEL          1252
 #define IDC_CUSTOM_WEIGHT                1253
 #define IDC_CUSTOM_AUTO                  1254
+#define IDC_CUSTOM_PREVIEW_LABEL         1255
+#define IDC_CUSTOM_PREVIEW               1256
 
 // Black and white reduction dialog; reductions and sliders in one order.
 #define IDD_REDUCE                       203
@@ -564,17 +580,30 @@
 #define IDC_REDUCE_BRIGHTNESS            1301
 #define IDC_REDUCE_COLOURS               1302
 #define IDC_REDUCE_EDGES                 1303
-#define IDC_REDUCE_LIMIT_LABEL           1304
-#define IDC_REDUCE_BRIGHTNESS_LIMIT      1305
-#define IDC_REDUCE_COLOUR_LIMIT          1306
-#define IDC_REDUCE_EDGE_LIMIT            1307
-#define IDC_REDUCE_LIMIT                 1308
-#define IDC_REDUCE_RED                   1309
-#define IDC_REDUCE_GREEN                 1310
-#define IDC_REDUCE_BLUE                  1311
-#define IDC_REDUCE_HINT                  1312
-#define IDC_REDUCE_PREVIEW_LABEL         1313
-#define IDC_REDUCE_OVERVIEW              1314
-#define IDC_REDUCE_DETAIL                1315
+#define IDC_REDUCE_UNEVEN                1304
+#define IDC_REDUCE_LIMIT_LABEL           1305
+#define IDC_REDUCE_AUTO                  1306
+#define IDC_REDUCE_BRIGHTNESS_LIMIT      1307
+#define IDC_REDUCE_COLOUR_LIMIT          1308
+#define IDC_REDUCE_EDGE_LIMIT            1309
+#define IDC_REDUCE_LIMIT                 1310
+#define IDC_REDUCE_RED                   1311
+#define IDC_REDUCE_GREEN                 1312
+#define IDC_REDUCE_BLUE                  1313
+#define IDC_REDUCE_SIZE_LABEL            1314
+#define IDC_REDUCE_SIZE                  1315
+#define IDC_REDUCE_SIZE_SPIN             1316
+#define IDC_REDUCE_OFFSET_LABEL          1317
+#define IDC_REDUCE_OFFSET                1318
+#define IDC_REDUCE_OFFSET_SPIN           1319
+#define IDC_REDUCE_HINT                  1320
+#define IDC_REDUCE_INVERT                1321
+#define IDC_REDUCE_CLEAN                 1322
+#define IDC_REDUCE_SPECK                 1323
+#define IDC_REDUCE_SPECK_SPIN            1324
+#define IDC_REDUCE_SPECK_UNIT            1325
+#define IDC_REDUCE_PREVIEW_LABEL         1326
+#define IDC_REDUCE_OVERVIEW              1327
+#define IDC_REDUCE_DETAIL                1328
 
 #endif

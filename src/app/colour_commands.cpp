@@ -36,7 +36,7 @@ void floyd_steinberg(ImageDocument& document) {
 }
 
 void apply_palette(MainServices& main, frmImage& form) {
-    frmPalette dialog(main.settings());
+    frmPalette dialog(main.settings(), form.document().picture());
     dialog.show_modal(main.frame());
     if (dialog.Cancelled) return;
     process(main, form, [&](ImageDocument& document) { document.ApplyPalette(dialog.FileName); });

@@ -27,7 +27,7 @@ void add_noise(MainServices& main, frmImage& form) {
 }
 
 void custom_filter(MainServices& main, frmImage& form) {
-    frmCustomFilter dialog(main.custom_filter());
+    frmCustomFilter dialog(main.custom_filter(), form.document().picture());
     dialog.show_modal(main.frame());
     if (dialog.Cancelled) return;
     process(main, form, [&](ImageDocument& document) {

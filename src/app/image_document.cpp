@@ -58,8 +58,8 @@ cDIBSection picture_of_any_size(const std::filesystem::path& file, bool& ink_ins
     }
 }
 
-// For the dialog's next start.
-void remember(const Reduction& reduction, const SettingsFile& settings) {
+void remember_kind(const Reduction& reduction, const SettingsFile& settings) {
+    write_setting(settings, settings::kReductionKind, static_cast<int>(reduction.kind));
     switch (reduction.kind) {
     case ReductionKind::Brightness:
         return write_setting(settings, settings::kBrightnessLimit, reduction.limit);
@@ -70,7 +70,20 @@ void remember(const Reduction& reduction, const SettingsFile& settings) {
         return write_setting(settings, settings::kUseBlue, reduction.channels.blue);
     case ReductionKind::Edges:
         return write_setting(settings, settings::kEdgeLimit, reduction.limit);
+    case ReductionKind::UnevenLight:
+        write_setting(settings, settings::kNeighbourhoodSize, reduction.neighbourhood.size);
+        return write_setting(settings, settings::kNeighbourhoodOffset,
+                             reduction.neighbourhood.offset);
     }
+}
+
+// For the dialog's next start. A size of specks stays stored while they are not removed.
+void remember(const Reduction& reduction, const SettingsFile& settings) {
+    remember_kind(reduction, settings);
+    write_setting(settings, settings::kInvertReduction, reduction.inverted);
+    write_setting(settings, settings::kRemoveSpecks, reduction.largest_speck > 0);
+    if (reduction.largest_speck > 0)
+        write_setting(settings, settings::kLargestSpeck, reduction.largest_speck);
 }
 
 } // namespace
@@ -238,7 +251,7 @@ void ImageDocument::RotateLeft() {
 }
 
 void ImageDocument::Reduce(const Reduction& reduction) {
-    if (reduction.limit == 0) return;
+    if (reduction.has_limit() && reduction.limit == 0) return;
     remember(reduction, settings_);
     apply([&] { m_cImage.Reduce(m_cDIB, reduction); });
 }

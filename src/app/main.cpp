@@ -45,7 +45,8 @@ int run(int show) {
     mfrmMain main(settings);             // sets the language
     splash.show_modeless(main.window()); // before the main window is shown
     main.show(show);
-    BringWindowToTop(splash.window()); // stays in front of its owner
+    // Stays in front of its owner, which has the keyboard from the start.
+    SetWindowPos(splash.window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     UpdateWindow(main.window());
     {
         const win::WindowContext screen(nullptr);

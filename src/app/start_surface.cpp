@@ -24,11 +24,10 @@ constexpr int kLine = 6;       // between two links
 
 constexpr int kLargePercent = 170; // the hint's letters
 
-win::Font font_like(const win::Font& font, int percent, bool underlined) {
+win::Font enlarged(const win::Font& font, int percent) {
     LOGFONTW description{};
     GetObjectW(font.get(), sizeof description, &description);
     description.lfHeight = MulDiv(description.lfHeight, percent, 100);
-    description.lfUnderline = underlined;
     return win::Font(CreateFontIndirectW(&description));
 }
 
@@ -91,12 +90,11 @@ void StartSurface::place(const RECT& area) {
 
 void StartSurface::set_fonts() {
     font_ = win::message_font(window());
-    large_font_ = font_like(font_, kLargePercent, false);
-    link_font_ = font_like(font_, 100, true);
+    large_font_ = enlarged(font_, kLargePercent);
     set_font(hint_, large_font_);
     set_font(recent_title_, font_);
     for (const HWND link : links_)
-        set_font(link, link_font_);
+        set_font(link, font_);
 }
 
 SIZE StartSurface::size_of(HWND control, LONG room) const {
@@ -202,6 +200,7 @@ void StartSurface::draw_background(HDC context) const {
     FrameRect(context, &sheet_, GetSysColorBrush(COLOR_WINDOWFRAME));
 }
 
+// Underlined by a line of its own: an underlined font of the same size may be wider.
 void StartSurface::draw_link(const DRAWITEMSTRUCT& item) const {
     RECT area = item.rcItem;
     FillRect(item.hDC, &area, GetSysColorBrush(COLOR_WINDOW));
@@ -209,6 +208,9 @@ void StartSurface::draw_link(const DRAWITEMSTRUCT& item) const {
     SetTextColor(item.hDC, link_colour());
     const std::wstring text = win::window_text(item.hwndItem);
     DrawTextW(item.hDC, text.c_str(), -1, &area, DT_SINGLELINE | DT_NOPREFIX | DT_PATH_ELLIPSIS);
+    area.top = area.bottom - win::scaled(window(), 1);
+    SetDCBrushColor(item.hDC, link_colour());
+    FillRect(item.hDC, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
     if ((item.itemState & ODS_FOCUS) != 0 && (item.itemState & ODS_NOFOCUSRECT) == 0)
         DrawFocusRect(item.hDC, &item.rcItem);
 }

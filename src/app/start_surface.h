@@ -52,7 +52,6 @@ class StartSurface : public win::Window {
     RECT sheet_{};
     win::Font font_;
     win::Font large_font_;
-    win::Font link_font_; // underlined
 };
 
 } // namespace kelvane

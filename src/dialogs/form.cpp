@@ -3,7 +3,14 @@
 #include "dialogs/preview_size.h"
 #include "win/picture_box.h"
 
+#include <algorithm>
+
 namespace kelvane {
+namespace {
+
+constexpr LONG kGapAboveButtons = 7; // in dialog units
+
+} // namespace
 
 void Form::loadResources() const {
     set_title(LoadString(title_));
@@ -23,6 +30,33 @@ void Form::fit_preview(int box) const {
 
 void Form::draw_preview(const DRAWITEMSTRUCT& box, const cDIBSection& picture) const {
     win::draw_picture_box(box, picture, win::picture_zoom(window()));
+}
+
+void Form::fit_height() const {
+    RECT place{};
+    const auto is_button = [this](HWND child) {
+        return child == control(IDOK) || child == control(IDCANCEL);
+    };
+    LONG lowest = 0;
+    for (HWND child = GetWindow(window(), GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT)) {
+        if (is_button(child)) continue;
+        GetWindowRect(child, &place);
+        lowest = std::max(lowest, place.bottom);
+    }
+    RECT gap{0, 0, 0, kGapAboveButtons};
+    MapDialogRect(window(), &gap);
+    GetWindowRect(control(IDOK), &place);
+    const LONG down = lowest + gap.bottom - place.top;
+    for (const int button : {IDOK, IDCANCEL}) {
+        GetWindowRect(control(button), &place);
+        MapWindowPoints(nullptr, window(), reinterpret_cast<POINT*>(&place), 2);
+        SetWindowPos(control(button), nullptr, place.left, place.top + down, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    GetWindowRect(window(), &place);
+    SetWindowPos(window(), nullptr, 0, 0, place.right - place.left, place.bottom - place.top + down,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Form::show_icon(int id, const wchar_t* icon) const {

@@ -39,6 +39,9 @@ class Form : public win::Dialog {
     void fit_preview(int box) const;
     /// Draws a picture in its preview box at that zoom.
     void draw_preview(const DRAWITEMSTRUCT& box, const cDIBSection& picture) const;
+    /// Makes the dialog as high as what it holds: moves OK and Cancel to below the lowest of its
+    /// other controls, shown or not, and the lower border with them.
+    void fit_height() const;
     /// Shows one of the system's icons (IDI_WARNING ...) in a static control of style SS_ICON.
     void show_icon(int control, const wchar_t* icon) const;
 

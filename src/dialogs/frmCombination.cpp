@@ -108,6 +108,7 @@ void frmCombination::load_preview() {
 
 void frmCombination::density_changed() {
     preview_.fit(control(IDC_COMBINE_PREVIEW));
+    fit_height();
 }
 
 // Incomplete input leaves the preview unchanged.

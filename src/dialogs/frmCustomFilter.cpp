@@ -14,6 +14,7 @@ constexpr Caption kCaptions[] = {
     {IDC_CUSTOM_BASE_LABEL, IDS_CUSTOM_BASE_ON},
     {IDC_CUSTOM_WEIGHT_LABEL, IDS_CUSTOM_WEIGHT},
     {IDC_CUSTOM_AUTO, IDS_CUSTOM_AUTO},
+    {IDC_CUSTOM_PREVIEW_LABEL, IDS_CUSTOM_PREVIEW},
     {IDOK, IDS_CUSTOM_OK},
     {IDCANCEL, IDS_CUSTOM_CANCEL},
 };
@@ -53,10 +54,19 @@ FilterKernel current_kernel(const cImageProcessDIB& engine) {
     return kernel;
 }
 
+void hand_over(const FilterKernel& kernel, cImageProcessDIB& engine) {
+    engine.set_FilterType(kCustom);
+    engine.set_FilterArraySize(kernel.size());
+    engine.set_FilterWeight(kernel.weight());
+    for (int y = -kernel.half(); y <= kernel.half(); ++y)
+        for (int x = -kernel.half(); x <= kernel.half(); ++x)
+            engine.set_FilterValue(x, y, kernel.cell(x, y));
+}
+
 } // namespace
 
-frmCustomFilter::frmCustomFilter(cImageProcessDIB& engine)
-    : Form(IDD_CUSTOM, IDS_CUSTOM_TITLE, kCaptions), ImageProcess(engine) {}
+frmCustomFilter::frmCustomFilter(cImageProcessDIB& engine, const cDIBSection& picture)
+    : Form(IDD_CUSTOM, IDS_CUSTOM_TITLE, kCaptions), ImageProcess(engine), preview_(picture) {}
 
 void frmCustomFilter::load() {
     Form::load();
@@ -66,6 +76,13 @@ void frmCustomFilter::load() {
     select_entry(control(IDC_CUSTOM_BASE), 0);
     prepare_fields();
     show_start();
+    density_changed();
+    show_preview();
+}
+
+void frmCustomFilter::density_changed() {
+    preview_.fit(control(IDC_CUSTOM_PREVIEW));
+    fit_height();
 }
 
 void frmCustomFilter::prepare_fields() const {
@@ -91,11 +108,13 @@ void frmCustomFilter::show_start() {
 }
 
 void frmCustomFilter::show_grid(const KernelGrid& grid) {
+    filling_ = true;
     for (int cell = 0; cell < KernelGrid::kCells; ++cell) {
         grid_.set_value(cell, grid.value(cell));
         grey_[static_cast<std::size_t>(cell)] = grid.value(cell) == 0;
         set_text(IDC_CUSTOM_CELL + cell, std::to_wstring(grid.value(cell)));
     }
+    filling_ = false;
 }
 
 void frmCustomFilter::on_command(int id, int notification) {
@@ -103,6 +122,7 @@ void frmCustomFilter::on_command(int id, int notification) {
     if (is_cell(id) && notification == EN_SETFOCUS) cell_entered(id - IDC_CUSTOM_CELL);
     if (id == IDC_CUSTOM_BASE && notification == CBN_SELCHANGE) base_chosen();
     if (id == IDC_CUSTOM_AUTO && checked(IDC_CUSTOM_AUTO)) calculate_weight();
+    if (notification == EN_CHANGE || notification == CBN_SELCHANGE) show_preview();
 }
 
 // Makes the cell the grid's only tab stop: Tab leaves the grid from it and returns to it.
@@ -155,8 +175,23 @@ void frmCustomFilter::calculate_weight() const {
     set_text(IDC_CUSTOM_WEIGHT, std::to_wstring(grid_.sum()));
 }
 
+int frmCustomFilter::weight() const {
+    return whole_number(text(IDC_CUSTOM_WEIGHT)).value_or(0);
+}
+
+// A filter that OK refuses shows the picture as it is.
+void frmCustomFilter::show_preview() {
+    if (filling_) return;
+    preview_.show(control(IDC_CUSTOM_PREVIEW), [this](cDIBSection& picture) {
+        if (grid_.radius().value_or(0) == 0 || weight() == 0) return;
+        cImageProcessDIB engine;
+        hand_over(grid_.kernel(weight()), engine);
+        cDIBSection buffer = picture.Copy();
+        engine.ProcessImage(picture, buffer);
+    });
+}
+
 bool frmCustomFilter::confirm() {
-    const int weight = whole_number(text(IDC_CUSTOM_WEIGHT)).value_or(0);
     const auto radius = grid_.radius();
     const auto reject = [this](int field, int text) {
         return refuse(field, LoadString(text), MB_ICONINFORMATION);
@@ -165,18 +200,9 @@ bool frmCustomFilter::confirm() {
     if (!radius) return reject(kCentre, IDS_CUSTOM_BLACK);
     if (*radius == 0) return reject(kCentre, IDS_CUSTOM_TOO_SMALL);
     // The engine ignores a filter of weight 0: the picture would stay as it is without a message.
-    if (weight == 0) return reject(IDC_CUSTOM_WEIGHT, IDS_CUSTOM_BLACK);
-    hand_over(grid_.kernel(weight));
+    if (weight() == 0) return reject(IDC_CUSTOM_WEIGHT, IDS_CUSTOM_BLACK);
+    hand_over(grid_.kernel(weight()), ImageProcess);
     return true;
-}
-
-void frmCustomFilter::hand_over(const FilterKernel& kernel) {
-    ImageProcess.set_FilterType(kCustom);
-    ImageProcess.set_FilterArraySize(kernel.size());
-    ImageProcess.set_FilterWeight(kernel.weight());
-    for (int y = -kernel.half(); y <= kernel.half(); ++y)
-        for (int x = -kernel.half(); x <= kernel.half(); ++x)
-            ImageProcess.set_FilterValue(x, y, kernel.cell(x, y));
 }
 
 INT_PTR frmCustomFilter::on_message(UINT message, WPARAM w, LPARAM l) {
@@ -184,7 +210,7 @@ INT_PTR frmCustomFilter::on_message(UINT message, WPARAM w, LPARAM l) {
         move_focus(w);
         return TRUE;
     }
-    if (message != WM_CTLCOLOREDIT) return FALSE;
+    if (message != WM_CTLCOLOREDIT) return Form::on_message(message, w, l);
     const int id = GetDlgCtrlID(reinterpret_cast<HWND>(l));
     return is_cell(id) ? cell_brush(reinterpret_cast<HDC>(w), id - IDC_CUSTOM_CELL) : FALSE;
 }

@@ -3,6 +3,7 @@
 
 #include "dialogs/form.h"
 #include "dialogs/kernel_grid.h"
+#include "dialogs/live_preview.h"
 #include "engine/image_process.h"
 
 #include <bitset>
@@ -12,14 +13,17 @@ namespace kelvane {
 class frmCustomFilter : public Form {
   public:
     /// `engine` receives the filter as its custom filter. The grid starts with the custom filter
-    /// that the engine has, if any, else with the kernel that changes nothing.
-    explicit frmCustomFilter(cImageProcessDIB& engine);
+    /// that the engine has, if any, else with the kernel that changes nothing. `picture` is what
+    /// the preview shows.
+    frmCustomFilter(cImageProcessDIB& engine, const cDIBSection& picture);
 
     cImageProcessDIB& ImageProcess;
 
   protected:
     void load() override;
     bool confirm() override;
+    void density_changed() override;
+    void draw(const DRAWITEMSTRUCT& box) override { preview_.draw(box); }
     void on_command(int id, int notification) override;
     INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
 
@@ -32,9 +36,13 @@ class frmCustomFilter : public Form {
     void cell_changed(int cell);
     void base_chosen();
     void calculate_weight() const;
-    void hand_over(const FilterKernel& kernel);
+    int weight() const;
+    void show_preview();
     INT_PTR cell_brush(HDC context, int cell) const;
 
+    LivePreview preview_;
+    /// Fields are being filled: the preview follows when all are.
+    bool filling_ = false;
     /// What the cells hold; text that is no number counts as 0.
     KernelGrid grid_;
     /// Cells drawn grey: their coefficient is 0.

@@ -1,5 +1,6 @@
 #include "dialogs/frmPalette.h"
 
+#include "engine/image_process.h"
 #include "settings/catalogue.h"
 #include "settings/folders.h"
 #include "texts/file_error_text.h"
@@ -18,6 +19,7 @@ namespace {
 constexpr Caption kCaptions[] = {
     {IDC_PALETTE_FILE_LABEL, IDS_PALETTE_FILE},
     {IDC_PALETTE_BROWSE, IDS_PALETTE_BROWSE},
+    {IDC_PALETTE_PREVIEW_LABEL, IDS_PALETTE_PREVIEW},
     {IDOK, IDS_PALETTE_OK},
     {IDCANCEL, IDS_PALETTE_CANCEL},
 };
@@ -67,14 +69,20 @@ void draw_colours(const DRAWITEMSTRUCT& box, std::span<const cPalette::Colour> c
 
 } // namespace
 
-frmPalette::frmPalette(const SettingsFile& settings)
-    : Form(IDD_PALETTE, IDS_PALETTE_TITLE, kCaptions), settings_(settings) {}
+frmPalette::frmPalette(const SettingsFile& settings, const cDIBSection& picture)
+    : Form(IDD_PALETTE, IDS_PALETTE_TITLE, kCaptions), settings_(settings), preview_(picture) {}
 
 void frmPalette::load() {
     Form::load();
     if (FileName.empty()) FileName = first_palette(program_folder());
     set_text(IDC_PALETTE_FILE, FileName.wstring());
+    density_changed();
     read_colours();
+}
+
+void frmPalette::density_changed() {
+    preview_.fit(control(IDC_PALETTE_PREVIEW));
+    fit_height();
 }
 
 // Reads the file named in the field and shows its colours. The error text; empty on success.
@@ -97,7 +105,16 @@ std::wstring frmPalette::read_colours() {
                  ? std::wstring()
                  : LoadString(IDS_PALETTE_COLOURS, {std::to_wstring(palette_.Count())}));
     InvalidateRect(control(IDC_PALETTE_COLOURS), nullptr, FALSE);
+    show_preview();
     return wrong;
+}
+
+// Without a palette it shows the picture as it is.
+void frmPalette::show_preview() {
+    preview_.show(control(IDC_PALETTE_PREVIEW), [this](cDIBSection& picture) {
+        cDIBSection buffer = picture.Copy();
+        cImageProcessDIB().ApplyPalette(picture, buffer, palette_);
+    });
 }
 
 void frmPalette::on_command(int control, int notification) {
@@ -128,6 +145,7 @@ void frmPalette::browse() {
 }
 
 void frmPalette::draw(const DRAWITEMSTRUCT& box) {
+    if (box.CtlID == IDC_PALETTE_PREVIEW) return preview_.draw(box);
     draw_colours(box, palette_.colours());
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dialogs/form.h"
+#include "dialogs/live_preview.h"
 #include "process/palette.h"
 #include "settings/settings_file.h"
 
@@ -13,7 +14,8 @@ namespace kelvane {
 /// first palette file in the program's folder, if any.
 class frmPalette : public Form {
   public:
-    explicit frmPalette(const SettingsFile& settings);
+    /// `picture` is what the preview shows in the colours of the palette.
+    frmPalette(const SettingsFile& settings, const cDIBSection& picture);
 
     /// A readable palette file; valid unless `Cancelled`.
     std::filesystem::path FileName;
@@ -22,15 +24,18 @@ class frmPalette : public Form {
     void load() override;
     bool confirm() override;
     void on_command(int control, int notification) override;
+    void density_changed() override;
     void draw(const DRAWITEMSTRUCT& box) override;
 
   private:
     void browse();
     std::wstring read_colours();
+    void show_preview();
     std::wstring browse_folder() const;
 
     const SettingsFile& settings_;
     cPalette palette_;
+    LivePreview preview_;
 };
 
 } // namespace kelvane

@@ -1,6 +1,8 @@
 #include "dialogs/frmSW.h"
 
+#include "dialogs/field_input.h"
 #include "dialogs/slider.h"
+#include "reduce/local_black_white.h"
 #include "settings/catalogue.h"
 #include "win/arrow_keys.h"
 #include "win/picture_box.h"
@@ -19,6 +21,13 @@ constexpr Caption kCaptions[] = {
     {IDC_REDUCE_BRIGHTNESS, IDS_REDUCE_BRIGHTNESS},
     {IDC_REDUCE_COLOURS, IDS_REDUCE_COLOURS},
     {IDC_REDUCE_EDGES, IDS_REDUCE_EDGES},
+    {IDC_REDUCE_UNEVEN, IDS_REDUCE_UNEVEN},
+    {IDC_REDUCE_AUTO, IDS_REDUCE_AUTO},
+    {IDC_REDUCE_SIZE_LABEL, IDS_REDUCE_SIZE},
+    {IDC_REDUCE_OFFSET_LABEL, IDS_REDUCE_OFFSET},
+    {IDC_REDUCE_INVERT, IDS_REDUCE_INVERT},
+    {IDC_REDUCE_CLEAN, IDS_REDUCE_CLEAN},
+    {IDC_REDUCE_SPECK_UNIT, IDS_REDUCE_SPECK_UNIT},
     {IDC_REDUCE_LIMIT_LABEL, IDS_REDUCE_LIMIT},
     {IDC_REDUCE_RED, IDS_REDUCE_RED},
     {IDC_REDUCE_GREEN, IDS_REDUCE_GREEN},
@@ -33,6 +42,7 @@ constexpr int kHighestLimit = kLargestLimit;
 // Slider position before a reduction was first used; for brightness the limit of the export.
 constexpr int kDesignedLimit = kExportLimit;
 
+// By their kinds, in the order of the option buttons.
 struct Slider {
     int id;
     OptionalSetting setting;
@@ -42,6 +52,19 @@ constexpr Slider kSliders[] = {
     {IDC_REDUCE_COLOUR_LIMIT, settings::kColourLimit},
     {IDC_REDUCE_EDGE_LIMIT, settings::kEdgeLimit},
 };
+constexpr int kLimitControls[] = {IDC_REDUCE_LIMIT_LABEL, IDC_REDUCE_LIMIT, IDC_REDUCE_AUTO,
+                                  IDC_REDUCE_RED,         IDC_REDUCE_GREEN, IDC_REDUCE_BLUE};
+constexpr int kUnevenControls[] = {IDC_REDUCE_SIZE_LABEL, IDC_REDUCE_SIZE,
+                                   IDC_REDUCE_SIZE_SPIN,  IDC_REDUCE_OFFSET_LABEL,
+                                   IDC_REDUCE_OFFSET,     IDC_REDUCE_OFFSET_SPIN};
+
+constexpr SpinField kSize{IDC_REDUCE_SIZE, IDC_REDUCE_SIZE_SPIN, settings::kNeighbourhoodSize, 2};
+constexpr SpinField kOffset{IDC_REDUCE_OFFSET, IDC_REDUCE_OFFSET_SPIN,
+                            settings::kNeighbourhoodOffset};
+static_assert(kSize.setting.lowest == kLeastNeighbourhood &&
+              kSize.setting.highest == kLargestNeighbourhood &&
+              kOffset.setting.highest == kLargestOffset);
+constexpr SpinField kSpeck{IDC_REDUCE_SPECK, IDC_REDUCE_SPECK_SPIN, settings::kLargestSpeck};
 
 struct ChannelBox {
     int id;
@@ -66,13 +89,16 @@ void repaint(HWND control) {
 } // namespace
 
 frmSW::frmSW(const SettingsFile& settings, const cDIBSection& picture)
-    : Form(IDD_REDUCE, IDS_REDUCE_TITLE, kCaptions), settings_(settings), preview_(picture) {
+    : Form(IDD_REDUCE, IDS_REDUCE_TITLE, kCaptions), settings_(settings), picture_(picture),
+      preview_(picture) {
     register_sliders();
+    register_spins();
 }
 
 void frmSW::load() {
     Form::load();
     result.reset();
+    shown_.reset();
     density_changed();
     if (!preview_.detail_shows_all()) serve_keys();
     restore();
@@ -92,11 +118,21 @@ void frmSW::density_changed() {
 }
 
 void frmSW::restore() {
+    restore_limits();
+    restore_numbers();
+    check(IDC_REDUCE_INVERT, read_setting(settings_, settings::kInvertReduction) != 0);
+    check(IDC_REDUCE_CLEAN, read_setting(settings_, settings::kRemoveSpecks) != 0);
+    check_radio(IDC_REDUCE_BRIGHTNESS, IDC_REDUCE_UNEVEN,
+                IDC_REDUCE_BRIGHTNESS - 1 + read_setting(settings_, settings::kReductionKind));
+}
+
+void frmSW::restore_limits() {
     for (const Slider& each : kSliders) {
         const int stored = read_setting(settings_, each.setting).value_or(kDesignedLimit);
         const bool usable = stored >= kLowestLimit && stored <= kHighestLimit;
         prepare_slider(control(each.id), usable ? stored : kDesignedLimit);
     }
+    SendMessageW(control(IDC_REDUCE_LIMIT), EM_LIMITTEXT, 3, 0);
     // A channel without a key is unticked, unless all keys are missing: the reduction was then
     // never used, and all channels are ticked.
     const bool stored = std::ranges::any_of(kChannelBoxes, [this](const ChannelBox& box) {
@@ -104,65 +140,173 @@ void frmSW::restore() {
     });
     for (const ChannelBox& box : kChannelBoxes)
         check(box.id, !stored || read_setting(settings_, box.setting) != 0);
-    check_radio(IDC_REDUCE_BRIGHTNESS, IDC_REDUCE_EDGES, IDC_REDUCE_BRIGHTNESS);
 }
 
-Reduction frmSW::chosen() const {
-    Reduction reduction{
-        ReductionKind::Brightness,
-        slider_position(slider()),
-        {checked(IDC_REDUCE_RED), checked(IDC_REDUCE_GREEN), checked(IDC_REDUCE_BLUE)}};
-    if (checked(IDC_REDUCE_COLOURS)) reduction.kind = ReductionKind::Colours;
-    if (checked(IDC_REDUCE_EDGES)) reduction.kind = ReductionKind::Edges;
+void frmSW::restore_numbers() {
+    for (const SpinField& field : {kSize, kOffset, kSpeck}) {
+        prepare_spin_field(window(), field);
+        const int stored = read_setting(settings_, field.setting);
+        // An even size can only come from a settings file written by hand.
+        set_text(field.id, std::to_wstring(field.step == 2 ? stored | 1 : stored));
+    }
+}
+
+ReductionKind frmSW::kind() const {
+    int kind = 1;
+    while (kind < 4 && !checked(IDC_REDUCE_BRIGHTNESS - 1 + kind))
+        ++kind;
+    return static_cast<ReductionKind>(kind);
+}
+
+std::optional<int> frmSW::limit() const {
+    return whole_number(text(IDC_REDUCE_LIMIT), kLowestLimit, kHighestLimit);
+}
+
+std::optional<int> frmSW::number(const SpinField& field) const {
+    return number_for(field, text(field.id));
+}
+
+// Nothing while a field of the chosen reduction holds no number that it takes.
+std::optional<Reduction> frmSW::chosen() const {
+    Reduction reduction{.kind = kind()};
+    reduction.channels = {checked(IDC_REDUCE_RED), checked(IDC_REDUCE_GREEN),
+                          checked(IDC_REDUCE_BLUE)};
+    reduction.inverted = checked(IDC_REDUCE_INVERT);
+    if (reduction.has_limit()) {
+        const std::optional<int> value = limit();
+        if (!value) return std::nullopt;
+        reduction.limit = *value;
+    } else {
+        const std::optional<int> size = number(kSize);
+        const std::optional<int> offset = number(kOffset);
+        if (!size || !offset) return std::nullopt;
+        reduction.neighbourhood = {*size, *offset};
+    }
+    if (checked(IDC_REDUCE_CLEAN)) {
+        const std::optional<int> most = number(kSpeck);
+        if (!most) return std::nullopt;
+        reduction.largest_speck = *most;
+    }
     return reduction;
 }
 
+// Null for uneven light.
 HWND frmSW::slider() const {
-    if (checked(IDC_REDUCE_COLOURS)) return control(IDC_REDUCE_COLOUR_LIMIT);
-    return control(checked(IDC_REDUCE_EDGES) ? IDC_REDUCE_EDGE_LIMIT : IDC_REDUCE_BRIGHTNESS_LIMIT);
+    const auto place = static_cast<std::size_t>(kind()) - 1;
+    return place < std::size(kSliders) ? control(kSliders[place].id) : nullptr;
 }
 
 // Shows and enables the controls of the chosen reduction.
 void frmSW::show_kind() {
+    const auto show = [this](int id, bool on) { ShowWindow(control(id), on ? SW_SHOW : SW_HIDE); };
+    const bool uneven = kind() == ReductionKind::UnevenLight;
     for (const Slider& each : kSliders)
-        ShowWindow(control(each.id), control(each.id) == slider() ? SW_SHOW : SW_HIDE);
+        show(each.id, control(each.id) == slider());
+    for (const int id : kLimitControls)
+        show(id, !uneven);
+    for (const int id : kUnevenControls)
+        show(id, uneven);
     for (const ChannelBox& box : kChannelBoxes)
-        enable(box.id, checked(IDC_REDUCE_COLOURS));
+        enable(box.id, kind() == ReductionKind::Colours);
+    enable(IDC_REDUCE_AUTO, kind() == ReductionKind::Brightness);
+    for (const int id : {IDC_REDUCE_SPECK, IDC_REDUCE_SPECK_SPIN, IDC_REDUCE_SPECK_UNIT})
+        enable(id, checked(IDC_REDUCE_CLEAN));
+    if (uneven)
+        refresh();
+    else
+        limit_moved();
+}
+
+void frmSW::show_hint() const {
+    const bool no_channel = kind() == ReductionKind::Colours &&
+                            std::ranges::none_of(kChannelBoxes, [this](const ChannelBox& box) {
+                                return checked(box.id);
+                            });
+    int hint = IDS_REDUCE_HINT;
+    if (kind() == ReductionKind::UnevenLight) hint = IDS_REDUCE_UNEVEN_HINT;
+    if (no_channel) hint = IDS_REDUCE_NO_COLOUR;
+    // No hint for edges: their limit is a difference between pixels.
+    set_text(IDC_REDUCE_HINT, kind() == ReductionKind::Edges ? L"" : LoadString(hint));
+}
+
+// Incomplete input leaves the preview unchanged.
+void frmSW::refresh() {
+    show_hint();
+    const std::optional<Reduction> reduction = chosen();
+    if (!reduction || reduction == shown_) return;
+    shown_ = reduction;
     show_preview();
 }
 
 void frmSW::show_preview() {
-    set_text(IDC_REDUCE_LIMIT, std::to_wstring(slider_position(slider())));
-    // No hint for edges: their limit is a difference between pixels.
-    if (!chosen().possible())
-        set_text(IDC_REDUCE_HINT, LoadString(IDS_REDUCE_NO_COLOUR));
-    else
-        set_text(IDC_REDUCE_HINT, checked(IDC_REDUCE_EDGES) ? L"" : LoadString(IDS_REDUCE_HINT));
-    preview_.update(chosen());
+    if (!shown_) return;
+    preview_.update(*shown_);
     repaint(control(IDC_REDUCE_OVERVIEW));
     repaint(control(IDC_REDUCE_DETAIL));
 }
 
+// The field follows the slider.
+void frmSW::limit_moved() {
+    set_text(IDC_REDUCE_LIMIT, std::to_wstring(slider_position(slider())));
+    refresh();
+}
+
+// The slider follows the field.
+void frmSW::limit_typed() {
+    if (const std::optional<int> typed = limit()) set_slider_position(slider(), *typed);
+    refresh();
+}
+
+// Otsu's limit 0, that of a picture of one grey, would mean "cancelled" to a document.
+void frmSW::find_limit() {
+    const int found = cImageProcessDIB().OtsuLimit(picture_).value_or(kDesignedLimit);
+    set_slider_position(slider(), std::max(found, kLowestLimit));
+    limit_moved();
+}
+
+// Says which number is not accepted. Only while `chosen` is nothing.
+bool frmSW::refuse_number() const {
+    const auto refuse_field = [this](int text, int field, int lowest, int highest) {
+        return refuse(field, LoadString(text, {std::to_wstring(lowest), std::to_wstring(highest)}));
+    };
+    const auto range = [&](int text, const SpinField& field) {
+        return refuse_field(text, field.id, field.setting.lowest, field.setting.highest);
+    };
+    const bool uneven = kind() == ReductionKind::UnevenLight;
+    if (!uneven && !limit())
+        return refuse_field(IDS_REDUCE_INVALID, IDC_REDUCE_LIMIT, kLowestLimit, kHighestLimit);
+    if (uneven && !number(kSize)) return range(IDS_REDUCE_ODD, kSize);
+    if (uneven && !number(kOffset)) return range(IDS_REDUCE_INVALID, kOffset);
+    return range(IDS_REDUCE_INVALID, kSpeck);
+}
+
 bool frmSW::confirm() {
-    if (!chosen().possible()) {
+    const std::optional<Reduction> reduction = chosen();
+    if (!reduction) return refuse_number();
+    if (!reduction->possible()) {
         win::message_box(window(), LoadString(IDS_REDUCE_NO_COLOUR), LoadString(IDS_REDUCE_TITLE),
                          MB_OK | MB_ICONINFORMATION);
         return false;
     }
-    result = chosen();
+    result = reduction;
     return true;
 }
 
 void frmSW::on_command(int id, int notification) {
+    if (notification == EN_CHANGE) return id == IDC_REDUCE_LIMIT ? limit_typed() : refresh();
     if (notification != BN_CLICKED) return;
-    if (id >= IDC_REDUCE_BRIGHTNESS && id <= IDC_REDUCE_EDGES) show_kind();
-    if (id >= IDC_REDUCE_RED && id <= IDC_REDUCE_BLUE) show_preview();
+    if (id == IDC_REDUCE_AUTO) return find_limit();
+    const bool kind_button = id >= IDC_REDUCE_BRIGHTNESS && id <= IDC_REDUCE_UNEVEN;
+    if (kind_button || id == IDC_REDUCE_CLEAN)
+        show_kind();
+    else
+        refresh();
 }
 
 INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
     switch (message) {
     case WM_HSCROLL:
-        show_preview();
+        limit_moved();
         return TRUE;
     case WM_SETCURSOR:
         return show_hand();

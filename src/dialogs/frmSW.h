@@ -3,6 +3,7 @@
 
 #include "dialogs/form.h"
 #include "dialogs/reduction_preview.h"
+#include "dialogs/spin_field.h"
 #include "settings/settings_file.h"
 
 #include <optional>
@@ -11,9 +12,9 @@ namespace kelvane {
 
 class frmSW : public Form {
   public:
-    /// Sliders and check boxes start as the settings have them, all channels ticked while none is
-    /// stored; the settings are written by who carries the reduction out. `picture` is only read,
-    /// and must live as long as the dialog.
+    /// Starts as the settings have it, with all channels ticked while none is stored; the settings
+    /// are written by who carries the reduction out. `picture` is only read, and must live as long
+    /// as the dialog.
     frmSW(const SettingsFile& settings, const cDIBSection& picture);
 
     /// Nothing when cancelled. The limit is 1 to 255, never the 0 that stands for "cancelled" in a
@@ -33,17 +34,31 @@ class frmSW : public Form {
   private:
     void serve_keys() const;
     void restore();
-    Reduction chosen() const;
+    void restore_limits();
+    void restore_numbers();
+    ReductionKind kind() const;
+    std::optional<int> limit() const;
+    std::optional<int> number(const SpinField& field) const;
+    std::optional<Reduction> chosen() const;
     HWND slider() const;
     void show_kind();
+    void show_hint() const;
+    void refresh();
     void show_preview();
+    void limit_moved();
+    void limit_typed();
+    void find_limit();
+    bool refuse_number() const;
     void draw_frame(const DRAWITEMSTRUCT& box) const;
     INT_PTR show_hand() const;
     bool pick_detail(LPARAM position);
     bool move_detail(WPARAM key);
 
     const SettingsFile& settings_;
+    const cDIBSection& picture_;
     ReductionPreview preview_;
+    /// What the preview shows.
+    std::optional<Reduction> shown_;
     /// The pointer drags the detail's frame over the overview.
     bool dragging_ = false;
 };

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 
 namespace kelvane {
@@ -21,10 +22,14 @@ void shrink(ConstImageView from, ImageView to) {
 }
 
 // Replaces darkness by its square root: edges are lines of one pixel, which shrunk are too pale.
-void strengthen_lines(ImageView view) {
+// Where they are white on black, the same with lightness.
+void strengthen_lines(ImageView view, bool white) {
+    const int paper = white ? 0 : 255;
     for (int y = 0; y < view.height; ++y)
-        for (std::uint8_t* byte = view.row(y); byte < view.row(y) + 3 * view.width; ++byte)
-            *byte = static_cast<std::uint8_t>(255 - std::lround(std::sqrt((255 - *byte) * 255.0)));
+        for (std::uint8_t* byte = view.row(y); byte < view.row(y) + 3 * view.width; ++byte) {
+            const auto ink = std::lround(std::sqrt(std::abs(paper - *byte) * 255.0));
+            *byte = static_cast<std::uint8_t>(std::abs(paper - ink));
+        }
 }
 
 void copy_area(const cDIBSection& from, int left, int bottom, cDIBSection& to, int to_left,
@@ -61,30 +66,48 @@ void ReductionPreview::take_rows() {
 
 void ReductionPreview::update(const Reduction& reduction) {
     if (overview_.empty()) return;
+    if (reduction.looks_around() && !reduce_whole(reduction)) return;
     update_overview(reduction);
     update_detail(reduction);
 }
 
+// False when there is no memory for it.
+bool ReductionPreview::reduce_whole(const Reduction& reduction) {
+    if (whole_reduction_ == reduction) return true;
+    if (whole_.empty() && !whole_.Create(picture_.Width(), picture_.Height())) return false;
+    copy_pixels(picture_.view(), whole_.view());
+    cImageProcessDIB().Reduce(whole_, reduction);
+    whole_reduction_ = reduction;
+    return true;
+}
+
 void ReductionPreview::update_overview(const Reduction& reduction) {
+    if (reduction.looks_around()) return shrink_to_overview(whole_.view(), reduction);
     copy_pixels(rows_.view(), work_.view());
     cImageProcessDIB().Reduce(work_, reduction);
     ConstImageView reduced = work_.view();
     reduced.bits += reduced.row_step * spare_rows_;
     reduced.height -= spare_rows_;
+    shrink_to_overview(reduced, reduction);
+}
+
+void ReductionPreview::shrink_to_overview(ConstImageView reduced, const Reduction& reduction) {
     shrink(reduced, overview_.view());
-    if (reduction.kind == ReductionKind::Edges) strengthen_lines(overview_.view());
+    if (reduction.kind == ReductionKind::Edges)
+        strengthen_lines(overview_.view(), reduction.inverted);
 }
 
 // The reduction to edges leaves the first column and the bottom row of its input unreduced, so one
 // more column on the left and one more row below are included.
 void ReductionPreview::update_detail(const Reduction& reduction) {
     const int bottom = picture_.Height() - area_.top - area_.height;
+    if (detail_.empty() && !detail_.Create(area_.width, area_.height)) return;
+    if (reduction.looks_around())
+        return copy_area(whole_, area_.left, bottom, detail_, 0, 0, area_.width, area_.height);
     const int more_left = std::min(1, area_.left);
     const int more_below = std::min(1, bottom);
     cDIBSection cut;
-    if (!cut.Create(area_.width + more_left, area_.height + more_below) ||
-        (detail_.empty() && !detail_.Create(area_.width, area_.height)))
-        return;
+    if (!cut.Create(area_.width + more_left, area_.height + more_below)) return;
     copy_area(picture_, area_.left - more_left, bottom - more_below, cut, 0, 0, cut.Width(),
               cut.Height());
     cImageProcessDIB().Reduce(cut, reduction);

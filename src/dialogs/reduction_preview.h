@@ -10,6 +10,8 @@
 #include "engine/image_process.h"
 #include "image/dib_section.h"
 
+#include <optional>
+
 namespace kelvane {
 
 /// A rectangle of pixels, y counting from the top.
@@ -27,7 +29,7 @@ class ReductionPreview {
     explicit ReductionPreview(const cDIBSection& picture, int edge = kPreviewEdge);
 
     /// Makes both views. A reduction that cannot be made shows the picture unreduced. When memory
-    /// runs out the views are empty.
+    /// runs out the views are empty or stay as they were.
     void update(const Reduction& reduction);
     /// Centres the detail on the point (x, y) of the overview, y from the top, as far as the
     /// picture's borders allow. True when it has moved; `update` has to follow.
@@ -48,7 +50,9 @@ class ReductionPreview {
   private:
     void take_rows();
     bool place_detail(int left, int top);
+    bool reduce_whole(const Reduction& reduction);
     void update_overview(const Reduction& reduction);
+    void shrink_to_overview(ConstImageView reduced, const Reduction& reduction);
     void update_detail(const Reduction& reduction);
 
     const cDIBSection& picture_;
@@ -60,6 +64,9 @@ class ReductionPreview {
     /// 1 if `rows_` has an extra row at the bottom, else 0. The reduction to edges leaves the
     /// bottom row unreduced; the extra row is not drawn in the overview.
     int spare_rows_ = 0;
+    /// The whole picture after `whole_reduction_`, if any; kept while the detail moves.
+    cDIBSection whole_;
+    std::optional<Reduction> whole_reduction_;
     cDIBSection overview_;
     cDIBSection detail_;
 };

@@ -24,6 +24,7 @@ void SliderDialog::follow_field() {
 
 void SliderDialog::density_changed() {
     preview_.fit(control(controls_.preview));
+    fit_height();
 }
 
 void SliderDialog::on_command(int control, int notification) {

@@ -6,7 +6,6 @@
 #include "process/filters.h"
 #include "process/grayscale.h"
 #include "process/tone.h"
-#include "reduce/local_black_white.h"
 #include "reduce/otsu.h"
 
 #include <stdexcept>
@@ -176,16 +175,12 @@ bool cImageProcessDIB::Steinberg(cDIBSection& cImage, cDIBSection& cBuffer) {
 bool cImageProcessDIB::Reduce(cDIBSection& cSource, cDIBSection& cDestination,
                               const Reduction& reduction) {
     if (!same_size(cSource, cDestination) || !reduction.possible()) return false;
-    kelvane::Reduce(cSource.view(), cDestination.view(), reduction, observer_);
-    return true;
-}
-
-bool cImageProcessDIB::LocalBlackWhite(cDIBSection& cSource, cDIBSection& cDestination, int size,
-                                       int offset) {
-    if (!same_size(cSource, cDestination)) return false;
-    if (size % 2 == 0 || size < kLeastNeighbourhood || size > kLargestNeighbourhood) return false;
-    if (offset < -kLargestOffset || offset > kLargestOffset) return false;
-    kelvane::LocalBlackWhite(cSource.view(), cDestination.view(), size, offset, observer_);
+    reduce_by_kind(cSource.view(), cDestination.view(), reduction, observer_);
+    if (reduction.inverted) NegativeImage(cDestination);
+    if (reduction.largest_speck > 0) Despeckle(cDestination, reduction.largest_speck);
+    const bool both_done =
+        &cSource == &cDestination || (!reduction.inverted && reduction.largest_speck == 0);
+    if (!both_done) copy_pixels(cDestination.view(), cSource.view());
     return true;
 }
 

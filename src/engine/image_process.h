@@ -10,7 +10,7 @@
 #include "process/filter_kernel.h"
 #include "process/geometry.h"
 #include "process/palette.h"
-#include "reduce/black_white.h"
+#include "reduce/reduction.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -94,11 +94,12 @@ class cImageProcessDIB {
     bool ApplyPalette(cDIBSection& cImage, cDIBSection& cBuffer, const cPalette& cPal);
     bool Steinberg(cDIBSection& cImage, cDIBSection& cBuffer);
 
-    // Reductions; see reduce/black_white.h, reduce/local_black_white.h and reduce/otsu.h. Those
-    // that are not `possible` are refused, as are numbers out of their ranges.
+    // Reductions; see reduce/reduction.h, reduce/black_white.h, reduce/local_black_white.h and
+    // reduce/otsu.h. Those that are not `possible` are refused.
 
-    /// Reduces `cImage` in place: the column and the row that `EdgeDetect2` does not write stay as
-    /// they were in `cImage`.
+    /// Reduces `cImage` in place, with every step of `reduction`. The column and the row that
+    /// `EdgeDetect2` does not write stay as they were in `cImage`, or negative, until the removal
+    /// of specks makes them black and white.
     bool Reduce(cDIBSection& cImage, const Reduction& reduction) {
         return Reduce(cImage, cImage, reduction);
     }
@@ -115,7 +116,10 @@ class cImageProcessDIB {
     bool EdgeDetect2(cDIBSection& cSource, cDIBSection& cDestination, int limit) {
         return Reduce(cSource, cDestination, {ReductionKind::Edges, limit});
     }
-    bool LocalBlackWhite(cDIBSection& cSource, cDIBSection& cDestination, int size, int offset);
+    bool LocalBlackWhite(cDIBSection& cSource, cDIBSection& cDestination, int size, int offset) {
+        return Reduce(cSource, cDestination,
+                      {.kind = ReductionKind::UnevenLight, .neighbourhood = {size, offset}});
+    }
     /// The limit for `BlackAndWhite` that suits the picture; nothing for an empty one.
     std::optional<int> OtsuLimit(const cDIBSection& cImage);
     /// Removes areas of at most `most` pixels (0 and more) from what an export would draw and from

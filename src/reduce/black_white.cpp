@@ -98,16 +98,4 @@ void EdgeDetect2(ImageView source, ImageView destination, int limit, ProgressObs
     progress.complete();
 }
 
-void Reduce(ImageView source, ImageView destination, const Reduction& reduction,
-            ProgressObserver* observer) {
-    switch (reduction.kind) {
-    case ReductionKind::Brightness:
-        return BlackAndWhite(source, destination, reduction.limit, observer);
-    case ReductionKind::Colours:
-        return LineArt2(source, destination, reduction.limit, reduction.channels, observer);
-    case ReductionKind::Edges:
-        return EdgeDetect2(source, destination, reduction.limit, observer);
-    }
-}
-
 } // namespace kelvane

@@ -43,22 +43,4 @@ void LineArt2(ImageView source, ImageView destination, int limit, Channels chann
 void EdgeDetect2(ImageView source, ImageView destination, int limit,
                  ProgressObserver* observer = nullptr);
 
-/// `BlackAndWhite`, `LineArt2` and `EdgeDetect2`, by their numbers in the reduction dialog.
-enum class ReductionKind { Brightness = 1, Colours = 2, Edges = 3 };
-
-/// A reduction with its arguments.
-struct Reduction {
-    ReductionKind kind = ReductionKind::Brightness;
-    int limit = 0;
-    Channels channels{}; ///< for `Colours` only
-
-    /// False for a reduction by no channel at all.
-    bool possible() const { return kind != ReductionKind::Colours || channels.any(); }
-    bool operator==(const Reduction&) const = default;
-};
-
-/// Carries out the operation that `reduction` stands for.
-void Reduce(ImageView source, ImageView destination, const Reduction& reduction,
-            ProgressObserver* observer = nullptr);
-
 } // namespace kelvane

@@ -66,6 +66,15 @@ inline constexpr OptionalSetting kEdgeLimit{L"imageexport", L"bwval3"};
 inline constexpr NumberSetting kUseRed{L"imageexport", L"bwr", 0, 0, 1};
 inline constexpr NumberSetting kUseGreen{L"imageexport", L"bwg", 0, 0, 1};
 inline constexpr NumberSetting kUseBlue{L"imageexport", L"bbb", 0, 0, 1};
+/// The reduction chosen last, 1 to 4, and what uneven light takes: pixels (odd) and greys.
+inline constexpr NumberSetting kReductionKind{L"imageexport", L"bwkind", 1, 1, 4};
+inline constexpr NumberSetting kNeighbourhoodSize{L"imageexport", L"bwsize", 51, 3, 999};
+inline constexpr NumberSetting kNeighbourhoodOffset{L"imageexport", L"bwoffset", 10, -255, 255};
+/// What follows every reduction: black and white exchanged, specks removed (0 or 1), up to how many
+/// pixels.
+inline constexpr NumberSetting kInvertReduction{L"imageexport", L"bwinvert", 0, 0, 1};
+inline constexpr NumberSetting kRemoveSpecks{L"imageexport", L"bwclean", 0, 0, 1};
+inline constexpr NumberSetting kLargestSpeck{L"imageexport", L"bwspeck", 10, 1, 9999};
 
 /// Layer number, from 1: the position in the export dialog's list.
 inline constexpr OptionalSetting kLayer{L"imageexport", L"layer"};

@@ -1,5 +1,6 @@
 #include "win/dialog.h"
 
+#include "win/dialog_template.h"
 #include "win/platform_error.h"
 
 #include <algorithm>
@@ -13,10 +14,6 @@ constexpr INT_PTR kCancelled = 2;
 
 // Posted, so that it arrives when the system has finished with WM_DPICHANGED.
 constexpr UINT kArrangedAnew = WM_APP + 100;
-
-const wchar_t* resource(int id) {
-    return MAKEINTRESOURCEW(id);
-}
 
 DialogHelp dialog_help;
 
@@ -34,8 +31,9 @@ bool Dialog::show_modal(HWND owner) {
     modal_ = true;
     Cancelled = true;
     failure_ = nullptr;
-    const INT_PTR result = DialogBoxParamW(GetModuleHandleW(nullptr), resource(template_id_), owner,
-                                           procedure, reinterpret_cast<LPARAM>(this));
+    const DialogTemplate resource(template_id_);
+    const INT_PTR result = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), resource.get(), owner,
+                                                   procedure, reinterpret_cast<LPARAM>(this));
     const DWORD error = GetLastError();
     if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
     if (result != kConfirmed && result != kCancelled) throw PlatformError(error);
@@ -46,8 +44,9 @@ bool Dialog::show_modal(HWND owner) {
 void Dialog::show_modeless(HWND owner) {
     modal_ = false;
     failure_ = nullptr;
-    if (CreateDialogParamW(GetModuleHandleW(nullptr), resource(template_id_), owner, procedure,
-                           reinterpret_cast<LPARAM>(this)) == nullptr)
+    const DialogTemplate resource(template_id_);
+    if (CreateDialogIndirectParamW(GetModuleHandleW(nullptr), resource.get(), owner, procedure,
+                                   reinterpret_cast<LPARAM>(this)) == nullptr)
         throw PlatformError(GetLastError());
     if (failure_) {
         close();

@@ -102,6 +102,42 @@ TEST_F(Export, ReductionDialogChoosesAmongThree) {
         EXPECT_EQ(setting(L"imageexport", key), stored);
 }
 
+// Expected: what kelvane-cli makes by "local-bw:3,5" or "bw:100", then "negative", "despeckle:1".
+TEST_F(Export, ReductionsAreThoseOfTheCommandLineInOneStepAndRemembered) {
+    cDIBSection before = flat_picture(5, 4, 200, 200, 200);
+    for (const auto& [x, y, grey] : {std::array{1, 2, 90}, {3, 1, 180}, {3, 2, 60}, {4, 0, 250}})
+        std::fill_n(before.view().pixel(x, y), 3, static_cast<std::uint8_t>(grey));
+    const frmImage& form = opened(before);
+    script.expect_dialog([](HWND dialog) {
+        click(dialog, IDC_REDUCE_UNEVEN);
+        type_text(dialog, IDC_REDUCE_SIZE, L"3");
+        type_text(dialog, IDC_REDUCE_OFFSET, L"5");
+    });
+    choose(kCmdReduce);
+    EXPECT_TRUE(same_pixels(picture_of(form), drawn({".....", ".#.#.", "...#.", "...#."})));
+    choose(kCmdUndo);
+    script.expect_dialog([](HWND dialog) {
+        EXPECT_TRUE(IsWindowVisible(GetDlgItem(dialog, IDC_REDUCE_OFFSET)));
+        click(dialog, IDC_REDUCE_BRIGHTNESS);
+        type_text(dialog, IDC_REDUCE_LIMIT, L"100");
+        click(dialog, IDC_REDUCE_INVERT);
+        click(dialog, IDC_REDUCE_CLEAN);
+        type_text(dialog, IDC_REDUCE_SPECK, L"1");
+    });
+    choose(kCmdReduce);
+    EXPECT_TRUE(same_pixels(picture_of(form), drawn({"#####", "#####", "#####", "#####"})));
+    choose(kCmdUndo);
+    EXPECT_TRUE(same_pixels(picture_of(form), before)) << "one step";
+    for (const auto& [key, stored] : {std::pair(L"bwkind", L"1"),
+                                      {L"bwval", L"100"},
+                                      {L"bwsize", L"3"},
+                                      {L"bwoffset", L"5"},
+                                      {L"bwinvert", L"1"},
+                                      {L"bwclean", L"1"},
+                                      {L"bwspeck", L"1"}})
+        EXPECT_EQ(setting(L"imageexport", key), stored) << key;
+}
+
 TEST_F(Export, CombinationIsANewDocumentAndStartsWithTheActivePicture) {
     opened(flat_picture(8, 2, 100, 50, 5), L"2.bmp"); // becomes as large as the first
     const HWND first = opened(flat_picture(4, 4, 10, 20, 30), L"1.bmp").window();

@@ -164,7 +164,7 @@ TEST_F(ImageWindow, ZoomsByWheelAndKeys) {
 }
 
 TEST_F(ImageWindow, SelectsByMouseCopiesAndCrops) {
-    frmImage& form = opened(random_picture(600, 400, 8));
+    frmImage& form = opened(colourful_picture(600, 400));
     resize(form, 300, 200);
     zoom_by_wheel(form, 120, {0, 0});
     zoom_by_wheel(form, 120, {0, 0}); // 200 %

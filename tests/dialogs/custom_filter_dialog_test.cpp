@@ -9,7 +9,8 @@ constexpr int kCentreField = IDC_CUSTOM_CELL + KernelGrid::kCentre;
 struct CustomFilterDialogTest : DialogTest {
     CustomFilterDialogTest() { refusal_icon = L'i'; }
     cImageProcessDIB engine;
-    frmCustomFilter dialog{engine};
+    const cDIBSection picture = flat_picture(110, 110, 40, 40, 40);
+    frmCustomFilter dialog{engine, picture};
 };
 
 TEST_F(CustomFilterDialogTest, BasesFillTheGridAndTheWeight) {
@@ -47,6 +48,8 @@ TEST_F(CustomFilterDialogTest, FilterComesBack) {
         click(window, IDC_CUSTOM_AUTO);
         choose_in_list(window, IDC_CUSTOM_BASE, 1);
         type_text(window, kCentreField, L"0");
+        type_text(window, kCentreField + 1, L"4");
+        EXPECT_THAT(shown_in(window, IDC_CUSTOM_PREVIEW), ElementsAre(RGB(160, 160, 160)));
         type_text(window, kCentreField + 1, L"2");
         type_text(window, IDC_CUSTOM_WEIGHT, L"-2");
     });

@@ -16,6 +16,7 @@
 #include "dialogs/frmPalette.h"
 #include "dialogs/frmSW.h"
 #include "dialogs/frmSplash.h"
+#include "settings/catalogue.h"
 #include "support/windows/density.h"
 #include "support/windows/screenshot.h"
 #include "win/dpi.h"
@@ -134,13 +135,15 @@ TEST_P(DialogLooks, CaptionsFit) {
     look_at(frmCombination({{L"C:\\Pictures\\logo.png", &picture}, {L"Image 2", &other}}),
             "combination");
     look_at(frmSW(settings, picture), "reduction");
+    write_setting(settings, settings::kReductionKind, 4);
+    look_at(frmSW(settings, picture), "reduction_uneven");
     look_at(frmExport(settings, picture), "export", L"WMR");
     look_at(frmMsg3(), "out_of_range");
     cImageProcessDIB engine;
     engine.set_FilterType(kSharpen);
     engine.set_FilterType(kCustom);
-    look_at(frmCustomFilter(engine), "custom_filter", L"C");
-    frmPalette palette(settings);
+    look_at(frmCustomFilter(engine, picture), "custom_filter", L"C");
+    frmPalette palette(settings, picture);
     palette.FileName = scratch / "web.pal";
     std::ofstream colours(palette.FileName);
     for (int i = 0; i < 216; ++i)

@@ -10,6 +10,10 @@ const Reduction kEvery[] = {
     {ReductionKind::Brightness, 100, {}},
     {ReductionKind::Colours, 140, {true, false, true}},
     {ReductionKind::Edges, 190, {}},
+    {ReductionKind::Edges, 190, {}, {}, true},
+    {ReductionKind::UnevenLight, 0, {}, {9, 3}},
+    {ReductionKind::UnevenLight, 0, {}, {15, -20}, true, 4},
+    {ReductionKind::Edges, 190, {}, {}, false, 30},
 };
 
 TEST(PreviewSizeTest, LongerSideFillsTheBox) {
@@ -150,6 +154,64 @@ TEST_F(ReductionDialogTest, ColourLimitNeedsAChannel) {
     });
     EXPECT_THAT(script.messages(), ElementsAre(LoadString(IDS_REDUCE_NO_COLOUR)));
     EXPECT_EQ(dialog.result, (Reduction{ReductionKind::Colours, 128, {true, true, false}}));
+}
+
+TEST_F(ReductionDialogTest, LimitFieldSliderAndAutoFollowEachOther) {
+    cDIBSection steps = black_picture(90, 10); // greys 0, 60 and 200, as Otsu parts them: up to 60
+    for (int y = 0; y < 10; ++y)
+        for (int x = 0; x < 270; ++x)
+            steps.view().row(y)[x] = x < 120 ? 0 : x < 150 ? 60 : 200;
+    frmSW on_steps(settings, steps);
+    refusal_icon = L'!';
+    show(on_steps, IDOK, [&](HWND window) {
+        type_text(window, IDC_REDUCE_LIMIT, L"230");
+        EXPECT_EQ(position_of(window, IDC_REDUCE_BRIGHTNESS_LIMIT), 230);
+        EXPECT_EQ(pixel_at(on_steps.preview().detail(), 80, 5)[0], 0);
+        for (const wchar_t* wrong : {L"", L"0", L"256"}) {
+            expect_refused(window, IDC_REDUCE_LIMIT, wrong);
+            EXPECT_EQ(position_of(window, IDC_REDUCE_BRIGHTNESS_LIMIT), 230);
+        }
+        click(window, IDC_REDUCE_AUTO);
+        EXPECT_EQ(text_of(window, IDC_REDUCE_LIMIT), L"60");
+        EXPECT_EQ(pixel_at(on_steps.preview().detail(), 80, 5)[0], 255);
+        EXPECT_EQ(pixel_at(on_steps.preview().detail(), 45, 5)[0], 0);
+        click(window, IDC_REDUCE_COLOURS);
+        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(window, IDC_REDUCE_AUTO)));
+        click(window, IDC_REDUCE_BRIGHTNESS);
+    });
+    EXPECT_EQ(on_steps.result, (Reduction{ReductionKind::Brightness, 60, {true, true, true}}));
+    const cDIBSection plain = flat_picture(5, 5, 90, 90, 90);
+    frmSW on_plain(settings, plain);
+    show(on_plain, IDOK, [](HWND window) { click(window, IDC_REDUCE_AUTO); });
+    EXPECT_EQ(on_plain.result->limit, 1) << "0 would mean cancelled";
+}
+
+TEST_F(ReductionDialogTest, UnevenLightInvertAndSpecksStartAsStoredAndAreShown) {
+    scratch.put("[imageexport]\r\nbwkind=4\r\nbwsize=30\r\nbwoffset=-7\r\nbwinvert=1\r\n"
+                "bwspeck=25\r\n");
+    refusal_icon = L'!';
+    const Channels all{true, true, true};
+    show(dialog, IDOK, [&](HWND window) {
+        EXPECT_FALSE(is_visible(window, IDC_REDUCE_LIMIT) || is_visible(window, IDC_REDUCE_RED) ||
+                     is_visible(window, IDC_REDUCE_BRIGHTNESS_LIMIT));
+        EXPECT_EQ(text_of(window, IDC_REDUCE_SIZE), L"31") << "sizes are odd";
+        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(window, IDC_REDUCE_SPECK)));
+        SendDlgItemMessageW(window, IDC_REDUCE_SIZE, WM_KEYDOWN, VK_UP, 0);
+        EXPECT_EQ(text_of(window, IDC_REDUCE_SIZE), L"33");
+        for (const wchar_t* wrong : {L"1", L"34", L"1001", L""})
+            expect_refused(window, IDC_REDUCE_SIZE, wrong);
+        type_text(window, IDC_REDUCE_SIZE, L"9");
+        expect_refused(window, IDC_REDUCE_OFFSET, L"-256");
+        type_text(window, IDC_REDUCE_OFFSET, L"3");
+        click(window, IDC_REDUCE_CLEAN);
+        expect_refused(window, IDC_REDUCE_SPECK, L"0");
+        type_text(window, IDC_REDUCE_SPECK, L"12");
+        ReductionPreview expected(picture);
+        expected.update({ReductionKind::UnevenLight, 0, all, {9, 3}, true, 12});
+        EXPECT_TRUE(same_pixels(dialog.preview().overview(), expected.overview()));
+        EXPECT_TRUE(same_pixels(dialog.preview().detail(), expected.detail()));
+    });
+    EXPECT_EQ(dialog.result, (Reduction{ReductionKind::UnevenLight, 0, all, {9, 3}, true, 12}));
 }
 
 TEST_F(ReductionDialogTest, DraggingAndArrowKeysMoveTheDetail) {

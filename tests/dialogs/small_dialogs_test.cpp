@@ -87,7 +87,8 @@ TEST(FieldInput, OnlyTheWholeTextIsANumber) {
 }
 
 struct PaletteDialog : DialogTest {
-    frmPalette dialog{settings};
+    const cDIBSection picture = flat_picture(110, 110, 0, 0, 250);
+    frmPalette dialog{settings, picture};
 
     std::wstring saved(const wchar_t* name, const std::string& text) const {
         write_text(scratch / name, text);
@@ -98,11 +99,13 @@ struct PaletteDialog : DialogTest {
 TEST_F(PaletteDialog, BrowsesToAFileAndShowsItsColours) {
     const std::wstring good = saved(L"two.pal", "JASC-PAL\r\n0100\r\n2\r\n255 0 0\r\n0 0 255\r\n");
     show(dialog, IDOK, [&](HWND window) {
+        EXPECT_THAT(shown_in(window, IDC_PALETTE_PREVIEW), ElementsAre(RGB(250, 0, 0)));
         script.expect_file_dialog(good);
         press(window, IDC_PALETTE_BROWSE);
         EXPECT_EQ(text_of(window, IDC_PALETTE_COUNT), L"2 Colors");
         EXPECT_EQ(shown_at(window, IDC_PALETTE_COLOURS, 3, 3), RGB(255, 0, 0));
         EXPECT_EQ(shown_at(window, IDC_PALETTE_COLOURS, 24 + 3, 3), RGB(0, 0, 255));
+        EXPECT_THAT(shown_in(window, IDC_PALETTE_PREVIEW), ElementsAre(RGB(255, 0, 0)));
     });
     EXPECT_EQ(dialog.FileName.wstring(), good);
     EXPECT_FALSE(std::filesystem::exists(scratch.ini())) << "the folder of pictures is not ours";

@@ -21,7 +21,7 @@ namespace kelvane {
 namespace {
 
 constexpr int kFirst = 3900;
-constexpr int kLast = 7413;
+constexpr int kLast = 7423;
 
 bool exists(int number) {
     wchar_t first[2];

@@ -48,6 +48,23 @@ TEST_F(AnyDialog, ListensToNothingWhileItLoadsAndConfirms) {
     EXPECT_THROW(answer([]() -> bool { throw std::bad_alloc(); }), std::bad_alloc);
 }
 
+TEST_F(AnyDialog, HasTheFontOfTheSystemsMessages) {
+    script.expect_dialog(
+        [](HWND window) {
+            NONCLIENTMETRICSW metrics{};
+            metrics.cbSize = sizeof metrics;
+            SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+            LOGFONTW font{};
+            const LRESULT used = SendDlgItemMessageW(window, IDOK, WM_GETFONT, 0, 0);
+            GetObjectW(reinterpret_cast<HFONT>(used), sizeof font, &font);
+            EXPECT_STREQ(font.lfFaceName, metrics.lfMessageFont.lfFaceName);
+            EXPECT_EQ(font.lfHeight, metrics.lfMessageFont.lfHeight);
+            EXPECT_EQ(font.lfWeight, metrics.lfMessageFont.lfWeight);
+        },
+        IDCANCEL);
+    BareDialog().show_modal(nullptr);
+}
+
 TEST_F(AnyDialog, StandsInTheMiddleOfItsOwnerButOnTheScreen) {
     const LONG right = GetSystemMetrics(SM_CXSCREEN), bottom = GetSystemMetrics(SM_CYSCREEN);
     for (const POINT middle : {POINT{500, 400}, POINT{10, 10}, POINT{right - 10, bottom - 10}}) {

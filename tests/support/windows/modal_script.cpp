@@ -15,7 +15,7 @@ namespace kelvane::test {
 namespace {
 
 constexpr UINT kAnswer = WM_APP + 1;
-constexpr UINT kStays = 2000;        // milliseconds after which a dialog counts as left open
+constexpr UINT kStays = 30000;       // milliseconds after which a dialog counts as left open
 constexpr int kMessageText = 0xFFFF; // controls of a message box
 constexpr int kMessageIcon = stc1;
 
