@@ -3,6 +3,7 @@
 #include "base/file_error.h"
 #include "cli/apply_command.h"
 #include "cli/exit_code.h"
+#include "cli/export_arguments.h"
 #include "cli/export_command.h"
 #include "cli/ops_command.h"
 #include "cli/usage_error.h"
@@ -70,7 +71,7 @@ int run_command_line(const std::vector<std::string>& arguments, const Console& c
     add_ops_command(app, console);
     try {
         refuse_unknown_command(app, arguments);
-        parse(app, arguments);
+        parse(app, with_tolerance(arguments));
         return exit_code;
     } catch (const CLI::Success& request) { // --help, --version
         return app.exit(request, console.out, console.error);

@@ -54,10 +54,16 @@ std::int16_t chosen(const std::string& name, const std::array<Choice, N>& choice
         ->value;
 }
 
+constexpr const char* kSmooth = "--smooth";
+
+// Numbers that are no tolerance are meant as one, "0,5" as well.
+bool looks_like_tolerance(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789.,") == text.npos;
+}
+
 double smoothing(const ExportArguments& arguments, const ExportOptions& options) {
     if (!arguments.smooth) return 0;
     if (!options.exp) throw UsageError("--smooth goes with --trace full only");
-    if (arguments.smooth->empty()) return kMostSmoothing;
     const std::optional<double> tolerance = decimal_number<double>(*arguments.smooth);
     if (!tolerance || *tolerance < kLeastSmoothing || *tolerance > kMostSmoothing)
         throw UsageError("--smooth is a number of pixels from 0.05 to 0.5, not \"" +
@@ -91,10 +97,9 @@ void add_export_arguments(CLI::App& command, ExportArguments& arguments) {
     add_choice(command, "--shape", arguments.shape, kShapeChoices,
                "what to draw; rectangle only with --trace lines");
     command
-        .add_option("--smooth", arguments.smooth,
+        .add_option(kSmooth, arguments.smooth,
                     "slanted and round outlines instead of stairs, at most this far from them: "
                     "0.05 to 0.5 pixels, 0.5 when not given; only with --trace full")
-        ->expected(0, 1)
         ->type_name("[TOLERANCE]");
     command
         .add_option("--op", arguments.picture.operations,
@@ -121,6 +126,16 @@ void add_export_arguments(CLI::App& command, ExportArguments& arguments) {
                   "print what was done as one JSON object; on standard error when the script goes "
                   "to standard output")
         ->disable_flag_override();
+}
+
+std::vector<std::string> with_tolerance(std::vector<std::string> arguments) {
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+        const auto next = argument + 1;
+        if (*argument != kSmooth || (next != arguments.end() && looks_like_tolerance(*next)))
+            continue;
+        *argument += "=" + std::to_string(kMostSmoothing);
+    }
+    return arguments;
 }
 
 ExportOptions export_options(const ExportArguments& arguments, const PixelSize& pixel_size) {

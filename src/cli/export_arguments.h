@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kelvane {
 
@@ -21,7 +22,7 @@ struct ExportArguments {
     std::string eagle{kEagleVersions.front().number};
     std::string trace = "full";
     std::string shape{kShapeNames.front()};
-    std::optional<std::string> smooth; // a tolerance, or empty for the largest
+    std::optional<std::string> smooth; // a tolerance
     std::string min_line = "0.15mm";
     std::string min_gap = "0.15mm";
     bool mirror = false;
@@ -31,6 +32,10 @@ struct ExportArguments {
 
 /// Declares them all.
 void add_export_arguments(CLI::App& command, ExportArguments& arguments);
+
+/// Gives --smooth the largest tolerance where no number follows it. CLI11 would take whatever
+/// follows an option for its optional value, INPUT too.
+std::vector<std::string> with_tolerance(std::vector<std::string> arguments);
 
 /// All but the pixel size, which is left at 1. Throws `UsageError` with the option and what is
 /// accepted.

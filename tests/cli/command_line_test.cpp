@@ -101,6 +101,8 @@ TEST_F(CommandLine, SmoothTakesATolerance) {
         arguments.push_back("--stats");
         EXPECT_THAT(export_in(arguments).out, HasSubstr("\"points\": " + points + ","));
     }
+    EXPECT_THAT(run({"export", "--smooth", path("in.bmp"), "--stats"}).out,
+                HasSubstr("\"points\": 5,"));
 }
 
 TEST_F(CommandLine, LargePicturesAreReducedUnlessToldOtherwise) {
@@ -245,7 +247,7 @@ TEST_F(CommandLine, WrongUsageWritesNothing) {
         expect_usage_error(export_in({"--size", size}),
                            "--size is a number greater than 0 and at most 1e9, not");
     expect_usage_error(export_in({"--shape", "rectangle"}), "--trace lines");
-    for (const char* tolerance : {"0", ".04", ".51", "nan"})
+    for (const char* tolerance : {"0", ".04", ".51", "0,5"})
         expect_usage_error(export_in({"--smooth", tolerance}), "from 0.05 to 0.5, not");
     expect_usage_error(export_in({"--smooth", "--trace", "lines"}), "--trace full only");
     expect_usage_error(export_in({"--op", "blurr"}), "blurr");
