@@ -2,6 +2,7 @@
 
 #include "app/document_services.h"
 #include "image/dib_section.h"
+#include "image/picture_reader.h"
 #include "texts/error_text.h"
 #include "texts/string_table.h"
 #include "win/clipboard.h"
@@ -50,6 +51,15 @@ std::vector<std::uint8_t> bitmap_file(const std::vector<std::uint8_t>& packed) {
     return bytes;
 }
 
+// Some programs offer a PNG file that others cannot read.
+bool is_readable(const std::vector<std::uint8_t>& file) {
+    try {
+        return !file.empty() && !decode_picture(file).empty();
+    } catch (const FileError&) {
+        return false;
+    }
+}
+
 } // namespace
 
 bool cDIBSection::CopyToClipboard(bool bAsDIB, WindowHandle owner) const {
@@ -76,7 +86,9 @@ bool cDIBSection::CopyToClipboard(bool bAsDIB, WindowHandle owner) const {
 std::vector<std::uint8_t> picture_file_from_clipboard(HWND owner) {
     const win::Clipboard clipboard(owner);
     std::vector<std::uint8_t> png = clipboard.png_file();
-    return png.empty() ? bitmap_file(clipboard.packed_bitmap()) : png;
+    if (is_readable(png)) return png;
+    const std::vector<std::uint8_t> packed = clipboard.packed_bitmap();
+    return packed.empty() && !png.empty() ? png : bitmap_file(packed);
 }
 
 } // namespace kelvane

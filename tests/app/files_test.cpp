@@ -185,6 +185,15 @@ TEST_F(Files, PngPastesBeforeTheBitmap) {
     choose(kCmdPaste);
     ASSERT_EQ(main.forms().size(), 1u);
     EXPECT_TRUE(same_pixels(picture_of(*main.forms()[0]), read_picture(png)));
+
+    BITMAPINFOHEADER header{sizeof header, 1, 1, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+    put_on_clipboard(CF_DIB, bytes_of(&header) + std::string("\x33\x22\x11", 4));
+    std::string damaged = file_text(png);
+    damaged.replace(damaged.find("IDAT") + 4, 8, 8, '\xEE');
+    add_to_clipboard(L"PNG", damaged);
+    choose(kCmdPaste);
+    ASSERT_EQ(main.forms().size(), 2u);
+    EXPECT_EQ(pixel_at(picture_of(*main.forms()[1]), 0, 0), (std::array{0x33, 0x22, 0x11}));
 }
 
 TEST_F(Files, ReducedPictureIsReported) {
