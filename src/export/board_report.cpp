@@ -51,33 +51,49 @@ double widest_limit(const BitPicture& drawn, WidthOf what, double limit) {
     return what == WidthOf::kLines ? whole_picture : std::min(kWideGap * limit, whole_picture);
 }
 
-BoardWidths widths_of(const BitPicture& drawn, WidthOf what, double limit, double pixel_mm,
-                      bool measures) {
+// The thinnest one above the limit.
+std::optional<Thinnest> wider_thinnest(const BitPicture& drawn, WidthOf what, double limit) {
+    const double widest = widest_limit(drawn, what, limit);
+    std::optional<Thinnest> thinnest;
+    for (double next = std::max(limit, 1.0); !thinnest && next < widest;) {
+        next = std::min(2 * next, widest);
+        thinnest = check_widths(drawn, what, next).thinnest;
+    }
+    return thinnest;
+}
+
+double pixel_millimetres(const BoardQuestion& question) {
+    return in_millimetres(question.options.size, question.options);
+}
+
+} // namespace
+
+BoardReport board_sizes(const BitPicture& drawn, const BoardQuestion& question) {
+    const double pixel_mm = pixel_millimetres(question);
+    BoardReport report;
+    report.picture_width_mm = drawn.width() * pixel_mm;
+    report.picture_height_mm = drawn.height() * pixel_mm;
+    report.ink = ink_of(drawn);
+    report.ink_width_mm = report.ink.width * pixel_mm;
+    report.ink_height_mm = report.ink.height * pixel_mm;
+    return report;
+}
+
+BoardWidths board_widths(const BitPicture& drawn, WidthOf what, const BoardQuestion& question) {
+    const double pixel_mm = pixel_millimetres(question);
+    const double limit_mm =
+        what == WidthOf::kLines ? question.limits.line_mm : question.limits.gap_mm;
+    if (!(pixel_mm > 0) || !(limit_mm > 0) || ink_of(drawn).width == 0) return {};
+    const double limit = limit_mm / pixel_mm;
     BoardWidths widths;
     widths.places = check_widths(drawn, what, limit);
     std::optional<Thinnest> thinnest = widths.places.thinnest;
-    if (measures) {
-        const double widest = widest_limit(drawn, what, limit);
-        for (double next = std::max(limit, 1.0); !thinnest && next < widest;) {
-            next = std::min(2 * next, widest);
-            thinnest = check_widths(drawn, what, next).thinnest;
-        }
-    }
+    if (!thinnest && question.measures) thinnest = wider_thinnest(drawn, what, limit);
     if (thinnest) widths.thinnest_mm = thinnest->width * pixel_mm;
     return widths;
 }
 
-void add_widths(const BitPicture& drawn, double pixel_mm, const BoardQuestion& question,
-                BoardReport& report) {
-    const auto check = [&](WidthOf what, double limit_mm, BoardWidths& widths) {
-        if (limit_mm > 0)
-            widths = widths_of(drawn, what, limit_mm / pixel_mm, pixel_mm, question.measures);
-    };
-    check(WidthOf::kLines, question.limits.line_mm, report.lines);
-    check(WidthOf::kGaps, question.limits.gap_mm, report.gaps);
-}
-
-void add_warnings(const BoardQuestion& question, BoardReport& report) {
+void add_warnings(BoardReport& report, const BoardQuestion& question) {
     const int layer = question.options.lay;
     const bool has_ink = report.ink.width > 0;
     const auto warn_if = [&](bool applies, BoardWarning warning) {
@@ -91,19 +107,12 @@ void add_warnings(const BoardQuestion& question, BoardReport& report) {
     warn_if(is_bottom_layer(layer) && !question.mirrored, BoardWarning::kNotMirrored);
 }
 
-} // namespace
-
 BoardReport check_board(ConstImageView reduced, const BoardQuestion& question) {
-    const double pixel_mm = in_millimetres(question.options.size, question.options);
     const BitPicture drawn = drawn_pixels(reduced);
-    BoardReport report;
-    report.picture_width_mm = reduced.width * pixel_mm;
-    report.picture_height_mm = reduced.height * pixel_mm;
-    report.ink = ink_of(drawn);
-    report.ink_width_mm = report.ink.width * pixel_mm;
-    report.ink_height_mm = report.ink.height * pixel_mm;
-    if (pixel_mm > 0 && report.ink.width > 0) add_widths(drawn, pixel_mm, question, report);
-    add_warnings(question, report);
+    BoardReport report = board_sizes(drawn, question);
+    report.lines = board_widths(drawn, WidthOf::kLines, question);
+    report.gaps = board_widths(drawn, WidthOf::kGaps, question);
+    add_warnings(report, question);
     return report;
 }
 

@@ -3,6 +3,7 @@
 // line after it.
 #pragma once
 
+#include "export/bit_picture.h"
 #include "export/export_options.h"
 #include "export/vectorize.h"
 #include "export/width_check.h"
@@ -81,6 +82,15 @@ struct BoardQuestion {
 /// Examines the picture that an export traces, already reduced to black and white. A limit that is
 /// no more than a pixel is kept by every picture. Throws `std::bad_alloc`.
 BoardReport check_board(ConstImageView reduced, const BoardQuestion& question);
+
+// `check_board` in parts, for those who show the first while they wait for the others:
+
+/// All but lines, gaps, objects and warnings. `drawn` has the pixels that are drawn.
+BoardReport board_sizes(const BitPicture& drawn, const BoardQuestion& question);
+/// Lines or gaps. Throws `std::bad_alloc`.
+BoardWidths board_widths(const BitPicture& drawn, WidthOf what, const BoardQuestion& question);
+/// Adds the warnings that follow from the rest of the report, but for the one of `add_objects`.
+void add_warnings(BoardReport& report, const BoardQuestion& question);
 
 /// Adds the number of objects, known from `Vectorize` or `CountExport`, and its warning.
 void add_objects(BoardReport& report, const ExportReport& counts);

@@ -35,6 +35,8 @@ struct ExportOptions {
     /// between the two below, or 0 for exact stairs. Only for polygons and wires with `exp`. Below
     /// 0.25 nothing can be smoothed: the corners of any stairs are as far from a line.
     double smooth = 0;
+
+    bool operator==(const ExportOptions&) const = default;
 };
 inline constexpr double kLeastSmoothing = .05;
 inline constexpr double kMostSmoothing = .5;

@@ -1,6 +1,7 @@
 #include "export/vectorize.h"
 
 #include "export/contacts.h"
+#include "export/outline_raster.h"
 #include "export/outline_smoother.h"
 #include "export/outlines.h"
 #include "export/runs.h"
@@ -35,15 +36,48 @@ LinkedSides link_sides(const RunList& runs, ContactMap::Joining joining, Meeting
     return {runs, contacts, meetings};
 }
 
+// Reports progress within long outlines: one may wind through the whole picture.
+class LongOutlineReporter final : public OutlineReceiver {
+  public:
+    LongOutlineReporter(OutlineReceiver& receiver, const ProgressReporter& progress)
+        : receiver_(receiver), progress_(progress) {}
+
+    void begin_outline() override { receiver_.begin_outline(); }
+    void add_vertices(std::span<const OutlineVertex> vertices) override {
+        receiver_.add_vertices(vertices);
+        unreported_ += vertices.size();
+        if (unreported_ < kVerticesPerReport) return;
+        unreported_ = 0;
+        progress_.at(row_);
+    }
+    void end_outline() override { receiver_.end_outline(); }
+
+    /// The outlines that begin in the rows below `row` are complete.
+    void report(int row) {
+        if (row == row_) return;
+        unreported_ = 0;
+        progress_.at(row_ = row);
+    }
+
+  private:
+    static constexpr std::size_t kVerticesPerReport = 1 << 14;
+
+    OutlineReceiver& receiver_;
+    const ProgressReporter& progress_;
+    int row_ = 0;
+    std::size_t unreported_ = 0;
+};
+
 // Full autotrace: each group of joined runs is a shape, and with wires each of its holes.
 void trace_outlines(const RunList& runs, ContactMap::Joining joining, MeetingPoints meetings,
                     OutlineReceiver& receiver, ProgressObserver* observer) {
     LinkedSides sides = link_sides(runs, joining, meetings, observer);
     const ProgressReporter progress(observer);
     progress.init(runs.rows());
-    OutlineTracer tracer(runs, sides, receiver);
-    for (int row = -1; tracer.trace_next();)
-        if (row != tracer.row()) progress.at(row = tracer.row());
+    LongOutlineReporter reporter(receiver, progress);
+    OutlineTracer tracer(runs, sides, reporter);
+    while (tracer.trace_next())
+        reporter.report(tracer.row());
 }
 
 // Linewise: each run is a shape.
@@ -72,12 +106,18 @@ void trace(const RunList& runs, bool autotrace, std::int32_t radius, ContactMap:
     }
 }
 
+// A polygon has no holes; wires draw them as outlines of their own.
+ContactMap::Joining joining_of(const ExportOptions& options) {
+    return options.optPoly == kShapePolygon ? ContactMap::Joining::kWithoutRings
+                                            : ContactMap::Joining::kAllOverlaps;
+}
+
 void write_shapes(const RunList& runs, const ExportOptions& options, std::int32_t radius,
                   ScriptText& text, ExportReport& report, ProgressObserver* observer) {
     switch (options.optPoly) {
     case kShapePolygon: {
         PolygonWriter writer(text);
-        trace(runs, options.exp, radius, ContactMap::Joining::kWithoutRings, writer, observer);
+        trace(runs, options.exp, radius, joining_of(options), writer, observer);
         writer.write_strips();
         report.shapes = writer.polygons();
         report.bridges = writer.strips();
@@ -85,7 +125,7 @@ void write_shapes(const RunList& runs, const ExportOptions& options, std::int32_
     }
     case kShapeWire: {
         WireWriter writer(text);
-        trace(runs, options.exp, radius, ContactMap::Joining::kAllOverlaps, writer, observer);
+        trace(runs, options.exp, radius, joining_of(options), writer, observer);
         report.shapes = writer.wires();
         break;
     }
@@ -137,6 +177,17 @@ ExportReport Vectorize(ConstImageView image, const std::filesystem::path& FileNa
 ExportReport CountExport(ConstImageView image, const ExportOptions& options,
                          ProgressObserver* observer) {
     return export_script(image, nullptr, options, observer);
+}
+
+void DrawExport(ConstImageView image, const ExportOptions& options, ImageView drawing,
+                ProgressObserver* observer) {
+    const std::int32_t radius = smoothing_radius(image, options);
+    const int steps = radius > 0 ? kPixelSteps : 1;
+    OutlineRaster raster(image.width * steps, image.height * steps, drawing.width, drawing.height,
+                         steps);
+    trace(RunList::extract(image, observer), options.exp, radius, joining_of(options), raster,
+          observer);
+    raster.draw(drawing);
 }
 
 } // namespace kelvane

@@ -24,9 +24,10 @@ struct ExportReport {
 };
 
 /// Traces `image`, which is meant to hold only black and white, and writes the script `FileName`.
-/// Each stage raises an initialising event with its own maximum and progress at most once per row
-/// of pixels; the completion event comes once, at the end. Throws `FileError`, with any existing
-/// file untouched. An unknown shape kind is scanned and completed, but writes nothing.
+/// Each stage raises an initialising event with its own maximum and progress once per row of pixels
+/// at most, and again with the same position within long outlines; the completion event comes once,
+/// at the end. Throws `FileError`, with any existing file untouched. An unknown shape kind is
+/// scanned and completed, but writes nothing.
 ExportReport Vectorize(ConstImageView image, const std::filesystem::path& FileName,
                        const ExportOptions& options, ProgressObserver* observer = nullptr);
 
@@ -34,5 +35,11 @@ ExportReport Vectorize(ConstImageView image, const std::filesystem::path& FileNa
 /// `observer` stops it.
 ExportReport CountExport(ConstImageView image, const ExportOptions& options,
                          ProgressObserver* observer = nullptr);
+
+/// Draws what `Vectorize` would write over the whole of `drawing`, a preview of any size: dark
+/// areas black, the rest white, with anti-aliasing. Wires are drawn as the areas that they enclose.
+/// `image` has pixels. An exception of `observer` stops it.
+void DrawExport(ConstImageView image, const ExportOptions& options, ImageView drawing,
+                ProgressObserver* observer = nullptr);
 
 } // namespace kelvane

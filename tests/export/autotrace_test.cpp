@@ -149,6 +149,23 @@ TEST(Autotrace, RandomPictures) {
     }
 }
 
+TEST(Autotrace, DrawingsAreAsDarkAsTheirPartsOfThePicture) {
+    for (const ShapeKind shape : {kShapePolygon, kShapeWire}) {
+        const cDIBSection picture = random_picture(60, 60, 6);
+        const Cells dark = dark_cells(picture.view());
+        ExportOptions options;
+        options.optPoly = shape;
+        cDIBSection drawing = black_picture(20, 12); // of 3 x 5 pixels each
+        DrawExport(picture.view(), options, drawing.view());
+        for (int part = 0; part < 20 * 12; ++part) {
+            int light = 255;
+            for (int i = 0; i < 15; ++i)
+                light -= 17 * dark.get(part % 20 * 3 + i % 3, part / 20 * 5 + i / 3);
+            ASSERT_EQ(drawing.view().pixel(part % 20, part / 20)[0], light) << shape << ' ' << part;
+        }
+    }
+}
+
 TEST(Autotrace, LargeSpiralNeedsNoStack) {
     // One outline that winds through the whole picture.
     constexpr int kSide = 1500;
