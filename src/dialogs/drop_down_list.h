@@ -17,4 +17,8 @@ inline int selected_entry(HWND list) {
     return static_cast<int>(SendMessageW(list, CB_GETCURSEL, 0, 0));
 }
 
+/// Scrolls an opened list so that it begins with entry `first`, or as near to that as the selected
+/// entry in sight allows. Opening scrolls as well, after CBN_DROPDOWN: not to be called from there.
+void scroll_opened_list(HWND list, int first);
+
 } // namespace kelvane

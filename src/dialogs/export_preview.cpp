@@ -37,9 +37,9 @@ void mark(const BitPicture& places, ImageView preview) {
 
 } // namespace
 
-cDIBSection export_preview(const cDIBSection& traced, const BoardReport& report) {
-    const PreviewSize size = preview_size(traced.Width(), traced.Height());
-    cDIBSection preview = traced.Resample(size.height, size.width);
+cDIBSection export_preview(const cDIBSection& drawing, const BoardReport& report) {
+    const PreviewSize size = preview_size(drawing.Width(), drawing.Height());
+    cDIBSection preview = drawing.Resample(size.height, size.width);
     if (preview.empty()) return preview;
     mark(report.lines.places.too_thin, preview.view());
     mark(report.gaps.places.too_thin, preview.view());

@@ -6,8 +6,8 @@
 
 namespace kelvane {
 
-/// `traced` scaled to the preview's size, by interpolation. Pixels that show a line or gap which is
-/// too thin are red. Empty when memory runs out.
-cDIBSection export_preview(const cDIBSection& traced, const BoardReport& report);
+/// `drawing` scaled to the preview's size, by interpolation. Pixels that show a line or gap which
+/// is too thin are red. Empty when memory runs out.
+cDIBSection export_preview(const cDIBSection& drawing, const BoardReport& report);
 
 } // namespace kelvane

@@ -2,6 +2,7 @@
 
 #include "dialogs/preview_size.h"
 #include "win/picture_box.h"
+#include "win/placement.h"
 
 #include <algorithm>
 
@@ -48,14 +49,10 @@ void Form::fit_height() const {
     MapDialogRect(window(), &gap);
     GetWindowRect(control(IDOK), &place);
     const LONG down = lowest + gap.bottom - place.top;
-    for (const int button : {IDOK, IDCANCEL}) {
-        GetWindowRect(control(button), &place);
-        MapWindowPoints(nullptr, window(), reinterpret_cast<POINT*>(&place), 2);
-        SetWindowPos(control(button), nullptr, place.left, place.top + down, 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    }
-    GetWindowRect(window(), &place);
-    SetWindowPos(window(), nullptr, 0, 0, place.right - place.left, place.bottom - place.top + down,
+    for (const int button : {IDOK, IDCANCEL})
+        win::move_by(control(button), 0, down);
+    const SIZE size = win::size_of(window());
+    SetWindowPos(window(), nullptr, 0, 0, size.cx, size.cy + down,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

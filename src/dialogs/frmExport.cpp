@@ -4,12 +4,15 @@
 #include "base/text.h"
 #include "dialogs/drop_down_list.h"
 #include "dialogs/export_preview.h"
+#include "dialogs/preview_size.h"
 #include "export/layers.h"
 #include "export/length.h"
 #include "export/length_text.h"
 #include "texts/export_text.h"
 #include "texts/layer_names.h"
 #include "win/key_filter.h"
+#include "win/picture_box.h"
+#include "win/placement.h"
 #include "win/type_ahead.h"
 
 #include "ids.h"
@@ -43,11 +46,17 @@ constexpr Caption kCaptions[] = {
     {IDCANCEL, IDS_EXPORT_CANCEL},
 };
 
-// Pictures up to this number of pixels are examined at once.
-constexpr std::int64_t kAtOnce = 300'000;
-// Of larger ones, each step follows after a pause without changes.
+// Pictures up to this number of pixels are examined at once: also noise, the worst case, with
+// smooth outlines takes less than 50 ms then.
+constexpr std::int64_t kAtOnce = 100'000;
+// Of larger ones the steps begin after a pause without changes.
 constexpr UINT_PTR kWorkTimer = 1;
 constexpr UINT kPause = 100; // milliseconds
+
+// Posted to the dialog when the list of layers has been opened.
+constexpr UINT kListOpened = WM_APP;
+// The layers that pictures are drawn on most begin here, with the board's outline.
+constexpr int kFirstCommonLayer = kOutlineLayer;
 
 /// Thrown to stop a count when the user goes on.
 struct Interrupted {};
@@ -107,8 +116,16 @@ void frmExport::load() {
     density_changed();
 }
 
+// The box becomes as large as the preview, in the middle of its place, with the hint right below.
 void frmExport::density_changed() {
+    const HWND box = control(IDC_EXPORT_PREVIEW);
     fit_preview(IDC_EXPORT_PREVIEW);
+    const SIZE place = win::size_of(box);
+    const PreviewSize preview = preview_size(picture_.Width(), picture_.Height());
+    win::fit_picture_box(box, preview.width, preview.height);
+    const SIZE size = win::size_of(box);
+    win::move_by(box, (place.cx - size.cx) / 2, 0);
+    win::move_by(control(IDC_EXPORT_HINT), 0, size.cy - place.cy);
 }
 
 void frmExport::fill_lists() const {
@@ -158,6 +175,8 @@ bool frmExport::confirm() {
 }
 
 void frmExport::on_command(int control, int notification) {
+    if (control == IDC_EXPORT_LAYER && notification == CBN_DROPDOWN)
+        PostMessageW(window(), kListOpened, 0, 0);
     if (setting_text_ || !is_change(control, notification)) return;
     if (control == IDC_EXPORT_WIDTH)
         take_width();
@@ -169,6 +188,10 @@ void frmExport::on_command(int control, int notification) {
 INT_PTR frmExport::on_message(UINT message, WPARAM w, LPARAM l) {
     if (message == WM_TIMER && w == kWorkTimer) {
         work();
+        return TRUE;
+    }
+    if (message == kListOpened) {
+        scroll_opened_list(control(IDC_EXPORT_LAYER), kFirstCommonLayer - 1);
         return TRUE;
     }
     return Form::on_message(message, w, l);
@@ -232,9 +255,13 @@ void frmExport::work() {
     try {
         estimate_.work(&until_input);
     } catch (const Interrupted&) {
-        return; // the timer starts the step anew
+        SetTimer(window(), kWorkTimer, kPause, nullptr); // starts the step anew
+        return;
     }
-    if (estimate_.complete()) KillTimer(window(), kWorkTimer);
+    if (estimate_.complete())
+        KillTimer(window(), kWorkTimer);
+    else
+        SetTimer(window(), kWorkTimer, USER_TIMER_MINIMUM, nullptr);
     show_result();
 }
 
@@ -248,7 +275,7 @@ void frmExport::show_result() {
 }
 
 void frmExport::loadPreview() {
-    preview_ = export_preview(estimate_.traced(), estimate_.report());
+    preview_ = export_preview(estimate_.drawing(), estimate_.report());
 }
 
 } // namespace kelvane

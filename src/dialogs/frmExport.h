@@ -20,8 +20,8 @@ class frmExport : public Form {
     /// Whether the drawing is mirrored; valid like the options.
     bool mirrored() const { return choices_.mirrored; }
 
-    /// Makes the preview: the picture reduced as an export reduces it, then scaled. Places too thin
-    /// to be printed are red when they are known.
+    /// Makes the preview: the picture reduced as an export reduces it, then scaled; or its smooth
+    /// outlines. Places too thin to be printed are red when they are known.
     void loadPreview();
     const cDIBSection& preview() const { return preview_; }
 

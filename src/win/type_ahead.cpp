@@ -55,12 +55,12 @@ void select(HWND list, int position) {
 
 void type(HWND list, Typed& typed, wchar_t letter) {
     if (GetTickCount() - typed.last > kLongestPause) typed.letters.clear();
-    typed.last = GetTickCount();
     const std::wstring next(1, static_cast<wchar_t>(std::towlower(letter)));
     typed.letters += next;
     int found = find(list, typed.letters);
     if (found == CB_ERR) found = find(list, typed.letters = next);
     if (found != CB_ERR) select(list, found);
+    typed.last = GetTickCount(); // the time that the selection took is no pause of the user
 }
 
 LRESULT CALLBACK typed_into(HWND list, UINT message, WPARAM w, LPARAM l, UINT_PTR id,

@@ -87,6 +87,18 @@ TEST_F(ExportDialogTest, PreviewIsTheReducedPictureScaledAndPainted) {
     EXPECT_TRUE(same_pixels(dialog.preview(), expected));
 }
 
+TEST_F(ExportDialogTest, PreviewShowsSmoothOutlines) {
+    cDIBSection slope = black_picture(220, 220);
+    for (int y = 0; y < 220; ++y)
+        std::fill_n(slope.view().pixel(y, y), 3 * (220 - y), std::uint8_t{255});
+    frmExport form(settings, slope);
+    show(form, IDCANCEL, [&](HWND window) {
+        EXPECT_EQ(shown_at(window, IDC_EXPORT_PREVIEW, 110, 109), RGB(255, 255, 255));
+        click(window, IDC_EXPORT_SMOOTH);
+        EXPECT_EQ(shown_at(window, IDC_EXPORT_PREVIEW, 110, 109), RGB(223, 223, 223));
+    });
+}
+
 // A block of 180 x 60 pixels and, 20 above it, a line 1 thick.
 cDIBSection block_and_line(int width, int height) {
     cDIBSection picture = flat_picture(width, height, 255, 255, 255);
@@ -138,8 +150,11 @@ TEST_F(ExportDialogTest, LargePicturesAreExaminedWhenTheUserPauses) {
                GetMessageW(&message, nullptr, 0, 0) > 0)
             DispatchMessageW(&message);
         EXPECT_THAT(result(), testing::HasSubstr(L"inch; 2 polygons, "));
-        EXPECT_THAT(result(), testing::EndsWith(L"! Thinnest line 0.001 inch: board makers print "
-                                                L"from 0.0059 inch on."));
+        const auto warning = L"! Thinnest line 0.001 inch: board makers print from 0.0059 inch on.";
+        EXPECT_THAT(result(), testing::EndsWith(warning));
+        choose_in_list(window, IDC_EXPORT_LAYER, 1);
+        EXPECT_THAT(result(), testing::HasSubstr(L"counting"));
+        EXPECT_THAT(result(), testing::EndsWith(warning)) << "the layer does not change it";
     });
 }
 
@@ -159,6 +174,18 @@ TEST_F(ExportDialogTest, LayersAreFoundByTypingAndTheHintWarns) {
         EXPECT_EQ(hint(), L"Layer 22 bPlace is seen from belo");
         click(window, IDC_EXPORT_MIRROR);
         EXPECT_EQ(hint(), L"If the Preview is to dark or whit");
+
+        const auto opened_at = [&](int layer) {
+            choose_in_list(window, IDC_EXPORT_LAYER, layer - 1);
+            SendDlgItemMessageW(window, IDC_EXPORT_LAYER, CB_SHOWDROPDOWN, TRUE, 0);
+            handle_messages();
+            const LRESULT top = SendDlgItemMessageW(window, IDC_EXPORT_LAYER, CB_GETTOPINDEX, 0, 0);
+            SendDlgItemMessageW(window, IDC_EXPORT_LAYER, CB_SHOWDROPDOWN, FALSE, 0);
+            return top + 1;
+        };
+        EXPECT_EQ(opened_at(28), 20);
+        EXPECT_EQ(opened_at(7), 7);
+        EXPECT_THAT(opened_at(51), testing::AllOf(testing::Gt(20), testing::Lt(30)));
 
         type_text(window, IDC_EXPORT_SIZE, L"");
         type(IDC_EXPORT_SIZE, L"1,2");
