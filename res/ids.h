@@ -507,6 +507,7 @@
 #define IDH_DRAWINGS                     14
 #define IDH_SCANNING                     15
 #define IDH_IMAGEMAGICK                  16
+#define IDH_STAIRS_OR_SMOOTH             17
 #define IDH_MAIN_WINDOW                  20
 #define IDH_MENU_FILE                    21
 #define IDH_MENU_EDIT                    22
