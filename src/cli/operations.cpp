@@ -1,8 +1,9 @@
 #include "cli/operations.h"
 
 #include "base/file_error.h"
+#include "base/strict_number.h"
 #include "base/text.h"
-#include "cli/number_argument.h"
+#include "cli/file_argument.h"
 #include "cli/operation_arguments.h"
 #include "cli/usage_error.h"
 #include "image/picture_reader.h"
@@ -188,12 +189,12 @@ Operation steinberg(OperationArguments& arguments) {
     };
 }
 
-cPalette palette_from(const std::string& file) try {
-    cPalette palette = read_palette(utf8_path(file));
-    if (palette.Count() == 0) throw FileError("holds no line of three numbers from 0 to 255");
-    return palette;
-} catch (const FileError& error) {
-    throw FileError(file + ": " + error.what());
+cPalette palette_from(const std::string& file) {
+    return with_file_name(file, [&] {
+        cPalette palette = read_palette(utf8_path(file));
+        if (palette.Count() == 0) throw FileError("holds no line of three numbers from 0 to 255");
+        return palette;
+    });
 }
 
 Operation palette(OperationArguments& arguments) {
@@ -261,7 +262,7 @@ Operation edges(OperationArguments& arguments) {
 constexpr int kLongestSide = 1000000;
 
 int side(const OperationArguments& arguments, std::string_view text) {
-    const std::optional<int> value = decimal_number<int>(text);
+    const std::optional<int> value = strict_number<int>(text);
     if (!value || *value < 1 || *value > kLongestSide)
         arguments.fail("WIDTH and HEIGHT are from " + range(1, kLongestSide) +
                        ", with an x between them");
@@ -294,14 +295,14 @@ std::string size_text(const cDIBSection& picture) {
     return std::to_string(picture.Width()) + " x " + std::to_string(picture.Height());
 }
 
-cDIBSection second_picture(const std::string& file, const cDIBSection& first) try {
-    cDIBSection second = read_picture(utf8_path(file));
-    if (second.Width() != first.Width() || second.Height() != first.Height())
-        throw FileError("is " + size_text(second) + " pixels, the picture to change " +
-                        size_text(first));
-    return second;
-} catch (const FileError& error) {
-    throw FileError(file + ": " + error.what());
+cDIBSection second_picture(const std::string& file, const cDIBSection& first) {
+    return with_file_name(file, [&] {
+        cDIBSection second = read_picture(utf8_path(file));
+        if (second.Width() != first.Width() || second.Height() != first.Height())
+            throw FileError("is " + size_text(second) + " pixels, the picture to change " +
+                            size_text(first));
+        return second;
+    });
 }
 
 Operation combination(const std::string& file, const Combination& how) {
