@@ -243,6 +243,31 @@
 // Title of the dialog that asks for the script file.
 #define IDS_EXPORT_FILE_TITLE            4825
 
+// Additions to the export dialog: its controls, its hints, its result and what is told afterwards.
+#define IDS_EXPORT_WIDTH                 4826
+#define IDS_EXPORT_MIRROR                4827
+#define IDS_EXPORT_HINT_OUTLINE          4828
+#define IDS_EXPORT_HINT_MIRROR           4829
+#define IDS_EXPORT_SIZES                 4830
+#define IDS_EXPORT_COUNTING              4831
+#define IDS_EXPORT_ONE_POLYGON           4832
+#define IDS_EXPORT_POLYGONS              4833
+#define IDS_EXPORT_ONE_WIRE              4834
+#define IDS_EXPORT_WIRES                 4835
+#define IDS_EXPORT_ONE_RECTANGLE         4836
+#define IDS_EXPORT_RECTANGLES            4837
+#define IDS_EXPORT_NO_SIZE               4838
+#define IDS_EXPORT_NOTHING_DARK          4839
+#define IDS_EXPORT_THIN_LINE             4840
+#define IDS_EXPORT_THIN_GAP              4841
+#define IDS_EXPORT_OUTLINE_LAYER         4842
+#define IDS_EXPORT_NOT_MIRRORED          4843
+#define IDS_EXPORT_MANY_OBJECTS          4844
+#define IDS_EXPORT_OUT_OF_RANGE          4845
+#define IDS_EXPORT_WRITTEN               4846
+#define IDS_EXPORT_SMOOTH                4847
+#define IDS_EXPORT_POINTS                4848
+
 // Image window; a name, a file or a cause follows where a text ends in a blank.
 #define IDS_IMAGE_NAME                   4900
 #define IDS_IMAGE_CAPTION                4901
@@ -259,6 +284,8 @@
 #define IDS_IMAGE_SAVE_ERROR             4912
 #define IDS_IMAGE_COMPLETE               4913
 #define IDS_IMAGE_TRY_IMAGEMAGICK        4914
+#define IDS_IMAGE_REDUCED                4915
+#define IDS_IMAGE_INK                    4916
 
 // Size dialog.
 #define IDS_SIZE_TITLE                   5000
@@ -523,6 +550,12 @@
 #define IDC_EXPORT_PREVIEW_LABEL         1117
 #define IDC_EXPORT_PREVIEW               1118
 #define IDC_EXPORT_HINT                  1119
+#define IDC_EXPORT_WIDTH_LABEL           1120
+#define IDC_EXPORT_WIDTH                 1121
+#define IDC_EXPORT_WIDTH_UNIT            1122
+#define IDC_EXPORT_MIRROR                1123
+#define IDC_EXPORT_RESULT                1124
+#define IDC_EXPORT_SMOOTH                1125
 
 // Out-of-range warning.
 #define IDD_RANGE                        201
