@@ -116,16 +116,20 @@ void frmExport::load() {
     density_changed();
 }
 
-// The box becomes as large as the preview, in the middle of its place, with the hint right below.
+// The box becomes as large as the preview, with the hint right below. It stands in the middle of
+// the square that previews fit into.
 void frmExport::density_changed() {
     const HWND box = control(IDC_EXPORT_PREVIEW);
+    const SIZE in_template = win::size_of(box);
     fit_preview(IDC_EXPORT_PREVIEW);
-    const SIZE place = win::size_of(box);
-    const PreviewSize preview = preview_size(picture_.Width(), picture_.Height());
-    win::fit_picture_box(box, preview.width, preview.height);
+    const SIZE square = win::size_of(box);
+    if (!picture_.empty()) {
+        const PreviewSize preview = preview_size(picture_.Width(), picture_.Height());
+        win::fit_picture_box(box, preview.width, preview.height);
+    }
     const SIZE size = win::size_of(box);
-    win::move_by(box, (place.cx - size.cx) / 2, 0);
-    win::move_by(control(IDC_EXPORT_HINT), 0, size.cy - place.cy);
+    win::move_by(box, (square.cx - size.cx) / 2, 0);
+    win::move_by(control(IDC_EXPORT_HINT), 0, size.cy - in_template.cy);
 }
 
 void frmExport::fill_lists() const {
