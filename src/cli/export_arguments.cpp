@@ -20,6 +20,8 @@
 namespace kelvane {
 namespace {
 
+constexpr const char* kSmooth = "--smooth";
+
 // A choice on the command line and the number that the options know it by.
 struct Choice {
     std::string_view name;
@@ -53,8 +55,6 @@ std::int16_t chosen(const std::string& name, const std::array<Choice, N>& choice
                         [&](const Choice& choice) { return choice.name == name; })
         ->value;
 }
-
-constexpr const char* kSmooth = "--smooth";
 
 // Numbers that are no tolerance are meant as one, "0,5" as well.
 bool looks_like_tolerance(std::string_view text) {
