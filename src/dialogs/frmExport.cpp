@@ -17,6 +17,8 @@
 
 #include "ids.h"
 
+#include <commctrl.h>
+
 #include <charconv>
 #include <cstdint>
 #include <iterator>
@@ -55,8 +57,10 @@ constexpr UINT kPause = 100; // milliseconds
 
 // Posted to the dialog when the list of layers has been opened.
 constexpr UINT kListOpened = WM_APP;
-// The layers that pictures are drawn on most begin here, with the board's outline.
+// The layers that pictures are drawn on most: from the board's outline to the documentation. The
+// opened list has room for them.
 constexpr int kFirstCommonLayer = kOutlineLayer;
+constexpr int kLastCommonLayer = 52;
 
 /// Thrown to stop a count when the user goes on.
 struct Interrupted {};
@@ -107,6 +111,8 @@ void frmExport::load() {
     choices_ = ExportChoices::read(settings_);
     fill_lists();
     win::find_by_typing(control(IDC_EXPORT_LAYER));
+    SendMessageW(control(IDC_EXPORT_LAYER), CB_SETMINVISIBLE,
+                 kLastCommonLayer - kFirstCommonLayer + 1, 0);
     win::turn_commas_into_points(control(IDC_EXPORT_SIZE));
     win::turn_commas_into_points(control(IDC_EXPORT_WIDTH));
     show_choices();
