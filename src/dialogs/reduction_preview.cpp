@@ -1,7 +1,7 @@
 #include "dialogs/reduction_preview.h"
 
-#include "dialogs/shrink.h"
 #include "image/resample.h"
+#include "view/scaled_part.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +16,7 @@ constexpr int kRowsPerRow = 2;
 
 void shrink(ConstImageView from, ImageView to) {
     if (from.width >= to.width && from.height >= to.height)
-        shrink_by_average(from, to);
+        draw_scaled(from, to);
     else
         resample_bilinear(from, to);
 }

@@ -1,7 +1,6 @@
 #include "dialogs/dialog_test.h"
 #include "dialogs/frmSW.h"
 #include "dialogs/reduction_preview.h"
-#include "dialogs/shrink.h"
 
 namespace kelvane::test {
 namespace {
