@@ -76,6 +76,12 @@ constexpr ChannelBox kChannelBoxes[] = {
     {IDC_REDUCE_BLUE, settings::kUseBlue},
 };
 
+// The option buttons stand in the order of the kinds.
+int button_of(ReductionKind kind) {
+    return IDC_REDUCE_BRIGHTNESS + static_cast<int>(kind) -
+           static_cast<int>(ReductionKind::Brightness);
+}
+
 void prepare_slider(HWND slider, int position) {
     set_slider_range(slider, kHighestLimit, 1, 16);
     SendMessageW(slider, TBM_SETRANGEMIN, FALSE, kLowestLimit);
@@ -122,8 +128,9 @@ void frmSW::restore() {
     restore_numbers();
     check(IDC_REDUCE_INVERT, read_setting(settings_, settings::kInvertReduction) != 0);
     check(IDC_REDUCE_CLEAN, read_setting(settings_, settings::kRemoveSpecks) != 0);
-    check_radio(IDC_REDUCE_BRIGHTNESS, IDC_REDUCE_UNEVEN,
-                IDC_REDUCE_BRIGHTNESS - 1 + read_setting(settings_, settings::kReductionKind));
+    check_radio(
+        IDC_REDUCE_BRIGHTNESS, IDC_REDUCE_UNEVEN,
+        button_of(static_cast<ReductionKind>(read_setting(settings_, settings::kReductionKind))));
 }
 
 void frmSW::restore_limits() {
@@ -152,10 +159,14 @@ void frmSW::restore_numbers() {
 }
 
 ReductionKind frmSW::kind() const {
-    int kind = 1;
-    while (kind < 4 && !checked(IDC_REDUCE_BRIGHTNESS - 1 + kind))
-        ++kind;
-    return static_cast<ReductionKind>(kind);
+    for (const ReductionKind kind :
+         {ReductionKind::Brightness, ReductionKind::Colours, ReductionKind::Edges})
+        if (checked(button_of(kind))) return kind;
+    return ReductionKind::UnevenLight;
+}
+
+Channels frmSW::channels() const {
+    return {checked(IDC_REDUCE_RED), checked(IDC_REDUCE_GREEN), checked(IDC_REDUCE_BLUE)};
 }
 
 std::optional<int> frmSW::limit() const {
@@ -168,9 +179,7 @@ std::optional<int> frmSW::number(const SpinField& field) const {
 
 // Nothing while a field of the chosen reduction holds no number that it takes.
 std::optional<Reduction> frmSW::chosen() const {
-    Reduction reduction{.kind = kind()};
-    reduction.channels = {checked(IDC_REDUCE_RED), checked(IDC_REDUCE_GREEN),
-                          checked(IDC_REDUCE_BLUE)};
+    Reduction reduction{.kind = kind(), .channels = channels()};
     reduction.inverted = checked(IDC_REDUCE_INVERT);
     if (reduction.has_limit()) {
         const std::optional<int> value = limit();
@@ -218,10 +227,7 @@ void frmSW::show_kind() {
 }
 
 void frmSW::show_hint() const {
-    const bool no_channel = kind() == ReductionKind::Colours &&
-                            std::ranges::none_of(kChannelBoxes, [this](const ChannelBox& box) {
-                                return checked(box.id);
-                            });
+    const bool no_channel = kind() == ReductionKind::Colours && !channels().any();
     int hint = IDS_REDUCE_HINT;
     if (kind() == ReductionKind::UnevenLight) hint = IDS_REDUCE_UNEVEN_HINT;
     if (no_channel) hint = IDS_REDUCE_NO_COLOUR;

@@ -37,6 +37,7 @@ class frmSW : public Form {
     void restore_limits();
     void restore_numbers();
     ReductionKind kind() const;
+    Channels channels() const;
     std::optional<int> limit() const;
     std::optional<int> number(const SpinField& field) const;
     std::optional<Reduction> chosen() const;
