@@ -13,6 +13,7 @@
 #include "ids.h"
 
 namespace kelvane::commands {
+
 void emphasize(ImageDocument& document) {
     document.ProcessImage(kEmphasizeFirst);
     document.ProcessImage(kEmphasizeSecond);

@@ -5,6 +5,7 @@
 #include "cli/console_progress.h"
 #include "cli/file_argument.h"
 #include "cli/picture_job.h"
+#include "cli/same_letters.h"
 #include "cli/usage_error.h"
 #include "image/bitmap_file.h"
 #include "process/dark_bounds.h"
@@ -24,10 +25,7 @@ struct Request {
 
 void refuse_other_formats(const std::string& output) {
     if (output == kStandardStream || is_stream(utf8_path(output))) return;
-    std::string ending = utf8_text(utf8_path(output).extension());
-    for (char& c : ending)
-        if (c >= 'A' && c <= 'Z') c += 'a' - 'A';
-    if (ending != ".bmp")
+    if (!same_letters(utf8_text(utf8_path(output).extension()), ".bmp"))
         throw UsageError("apply writes a Windows bitmap: the name " + output +
                          " would have to end in .bmp");
 }

@@ -1,11 +1,11 @@
 #include "cli/export_arguments.h"
 
 #include "base/output_file.h"
+#include "base/strict_number.h"
 #include "base/text.h"
 #include "cli/file_argument.h"
 #include "cli/layer_argument.h"
 #include "cli/length_argument.h"
-#include "cli/number_argument.h"
 #include "cli/usage_error.h"
 #include "export/length.h"
 
@@ -58,7 +58,7 @@ double smoothing(const ExportArguments& arguments, const ExportOptions& options)
     if (!arguments.smooth) return 0;
     if (!options.exp) throw UsageError("--smooth goes with --trace full only");
     if (arguments.smooth->empty()) return kMostSmoothing;
-    const std::optional<double> tolerance = decimal_number<double>(*arguments.smooth);
+    const std::optional<double> tolerance = strict_number<double>(*arguments.smooth);
     if (!tolerance || *tolerance < kLeastSmoothing || *tolerance > kMostSmoothing)
         throw UsageError("--smooth is a number of pixels from 0.05 to 0.5, not \"" +
                          *arguments.smooth + "\"");

@@ -1,6 +1,7 @@
 // Names of files on the command line: standard streams, and inputs that are not to be lost.
 #pragma once
 
+#include "base/file_error.h"
 #include "base/safe_file.h"
 
 #include <string>
@@ -20,5 +21,12 @@ bool is_standard_output(const std::string& output);
 
 /// Throws `UsageError` when `output` is one of the files `inputs`, under whatever name or link.
 void refuse_to_overwrite(const std::vector<std::string>& inputs, const std::string& output);
+
+/// What `work` returns. Puts `file` before the message of its `FileError`.
+template <class Work> auto with_file_name(const std::string& file, Work work) try {
+    return work();
+} catch (const FileError& error) {
+    throw FileError(file + ": " + error.what());
+}
 
 } // namespace kelvane

@@ -1,6 +1,6 @@
 #include "cli/length_argument.h"
 
-#include "cli/number_argument.h"
+#include "base/strict_number.h"
 #include "cli/same_letters.h"
 #include "cli/usage_error.h"
 #include "export/export_options.h"
@@ -21,7 +21,7 @@ std::optional<std::int16_t> unit_index(std::string_view name) {
 Length length_argument(std::string_view name, std::string_view text, LeastLength least) {
     const std::size_t digits = text.find_last_of("0123456789.") + 1;
     const std::string_view unit = text.substr(digits);
-    const auto value = decimal_number<double>(text.substr(0, digits));
+    const auto value = strict_number<double>(text.substr(0, digits));
     const Length length{value.value_or(-1), unit_index(unit)};
     const bool known_unit = unit.empty() || length.unit;
     const bool in_range = length.value <= kLargestLength &&

@@ -1,9 +1,9 @@
 #include "cli/number_argument.h"
 
+#include "base/strict_number.h"
 #include "cli/usage_error.h"
 
 #include <charconv>
-#include <cmath>
 #include <cstdint>
 #include <iterator>
 #include <string>
@@ -21,19 +21,9 @@ template <typename Number> std::string short_text(Number value) {
 
 } // namespace
 
-template <typename Number> std::optional<Number> decimal_number(std::string_view text) {
-    Number value{};
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc{} || stop != end) return std::nullopt;
-    if constexpr (std::is_floating_point_v<Number>)
-        if (!std::isfinite(value)) return std::nullopt; // "inf" and "nan"
-    return value;
-}
-
 template <typename Number>
 Number number_argument(std::string_view name, std::string_view text, Number least, Number most) {
-    const std::optional<Number> value = decimal_number<Number>(text);
+    const std::optional<Number> value = strict_number<Number>(text);
     if (value && *value >= least && *value <= most) return *value;
     const std::string kind = std::is_integral_v<Number> ? "a whole number" : "a number";
     throw UsageError(std::string(name) + " is " + kind + " from " + short_text(least) + " to " +
@@ -44,7 +34,5 @@ template int number_argument(std::string_view, std::string_view, int, int);
 template std::uint32_t number_argument(std::string_view, std::string_view, std::uint32_t,
                                        std::uint32_t);
 template float number_argument(std::string_view, std::string_view, float, float);
-template std::optional<int> decimal_number(std::string_view);
-template std::optional<double> decimal_number(std::string_view);
 
 } // namespace kelvane

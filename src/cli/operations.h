@@ -1,34 +1,17 @@
-// The operations of the command line: one table for parsing, listing and help.
+// The operations of the command line: listing, parsing and running.
 #pragma once
 
-#include "engine/image_process.h"
-#include "image/dib_section.h"
+#include "cli/operation_families.h"
 
 #include <cstdint>
-#include <functional>
 #include <optional>
-#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace kelvane {
 
-class OperationArguments;
-
-/// Changes `picture` with the engine. Throws `FileError`, the file's name first, when a file it
-/// names is no use or memory runs out.
-using Operation = std::function<void(cDIBSection& picture, cImageProcessDIB& engine)>;
-
-struct OperationInfo {
-    std::string name;
-    std::string arguments; // as a user writes them, from the colon on; empty for none
-    std::string help;      // one line
-    Operation (*parse)(OperationArguments& arguments);
-};
-
 /// All operations in the order of their listing.
-std::span<const OperationInfo> operations();
+const std::vector<OperationInfo>& operations();
 
 /// Operations and the files that they read when they run.
 struct OperationList {

@@ -111,12 +111,4 @@ void PictureJob::tell(const PictureOrigin& origin, const Console& console) const
                          "(--alpha paper keeps it white)\n";
 }
 
-void with_file_name(const std::string& file, const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const FileError& error) {
-        throw FileError(file + ": " + error.what());
-    }
-}
-
 } // namespace kelvane

@@ -10,7 +10,6 @@
 #include "image/transparency.h"
 
 #include <cstdint>
-#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -77,8 +76,5 @@ class PictureJob {
     bool full_size_;
     std::optional<Transparency> transparency_; // nothing: automatic
 };
-
-/// Runs `work` and puts `file` before the message of a `FileError`.
-void with_file_name(const std::string& file, const std::function<void()>& work);
 
 } // namespace kelvane

@@ -1,8 +1,8 @@
 #include "cli/size_arguments.h"
 
 #include "base/file_error.h"
+#include "base/strict_number.h"
 #include "cli/length_argument.h"
-#include "cli/number_argument.h"
 #include "cli/usage_error.h"
 #include "export/length.h"
 
@@ -16,7 +16,7 @@ namespace {
 constexpr const char* kFile = "file"; // --dpi file
 
 double size_argument(const std::string& text) {
-    const std::optional<double> size = decimal_number<double>(text);
+    const std::optional<double> size = strict_number<double>(text);
     if (!size || !(*size > 0) || *size > kLargestLength)
         throw UsageError("--size is a number greater than 0 and at most 1e9, not \"" + text + "\"");
     return *size;
@@ -24,7 +24,7 @@ double size_argument(const std::string& text) {
 
 double dpi_argument(const std::string& text) {
     constexpr double kMostDpi = 1e6;
-    const std::optional<double> dpi = decimal_number<double>(text);
+    const std::optional<double> dpi = strict_number<double>(text);
     if (!dpi || *dpi < 1 || *dpi > kMostDpi)
         throw UsageError("--dpi is a number from 1 to 1e6 or \"file\", not \"" + text + "\"");
     return *dpi;

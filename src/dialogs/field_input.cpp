@@ -1,7 +1,8 @@
 #include "dialogs/field_input.h"
 
+#include "base/strict_number.h"
+
 #include <algorithm>
-#include <charconv>
 
 namespace kelvane {
 namespace {
@@ -17,18 +18,10 @@ std::string plain(std::wstring_view text) {
     return result;
 }
 
-template <class Number> std::optional<Number> whole_text(const std::string& text) {
-    Number value{};
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc{} || stop != end) return std::nullopt;
-    return value;
-}
-
 } // namespace
 
 std::optional<int> whole_number(std::wstring_view text) {
-    return whole_text<int>(plain(text));
+    return strict_number<int>(plain(text));
 }
 
 std::optional<int> whole_number(std::wstring_view text, int lowest, int highest) {
@@ -39,7 +32,7 @@ std::optional<int> whole_number(std::wstring_view text, int lowest, int highest)
 std::optional<double> decimal_number(std::wstring_view text) {
     std::string point = plain(text);
     std::replace(point.begin(), point.end(), ',', '.');
-    return whole_text<double>(point);
+    return strict_number<double>(point);
 }
 
 } // namespace kelvane

@@ -41,12 +41,9 @@ BitPicture drawn_pixels(ConstImageView image) {
         for (int i = 0, x = 0; x < image.width; ++i, x += BitPicture::kWordPixels)
             drawn.row(y)[i] =
                 dark_bits(image.pixel(x, y), std::min(BitPicture::kWordPixels, image.width - x));
-    std::vector<Run> runs;
-    const BitPicture::Word* bottom = drawn.row(0);
-    append_runs_of_row(
-        drawn.width(), [&](int i) { return bottom[i]; }, runs);
-    if (!runs.empty() && is_lost(runs.front()))
-        for (int x = runs.front().begin; x < runs.front().end; ++x)
+    const Run bottom_row{0, drawn.width()};
+    if (int x = first_bit(drawn.row(0), bottom_row); is_lost(x))
+        for (; x < drawn.width() && drawn.get(x, 0); ++x)
             drawn.clear(x, 0);
     return drawn;
 }

@@ -38,9 +38,9 @@ void append_runs_of_row(int width, WordAt word_at, std::vector<Run>& runs) {
     }
 }
 
-/// Whether an export loses the first run of row 0.
-inline bool is_lost(const Run& first_of_row_0) {
-    return first_of_row_0.begin == 1;
+/// Whether an export loses the first run of row 0, which begins at column `begin`.
+constexpr bool is_lost(std::int32_t begin) {
+    return begin == 1;
 }
 
 /// Word `i` of a row without the bits outside the run; it holds some of the run.

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 namespace kelvane {
+
 RunList RunList::extract(ConstImageView image, ProgressObserver* observer) {
     const ProgressReporter progress(observer);
     progress.init(3L * image.width - 3);
@@ -16,7 +17,7 @@ RunList RunList::extract(ConstImageView image, ProgressObserver* observer) {
             return dark_bits(image.pixel(64 * word, y), std::min(64, image.width - 64 * word));
         };
         append_runs_of_row(image.width, dark_word, list.runs_);
-        if (y == 0 && !list.runs_.empty() && is_lost(list.runs_.front()))
+        if (y == 0 && !list.runs_.empty() && is_lost(list.runs_.front().begin))
             list.runs_.erase(list.runs_.begin());
         list.row_begin_.push_back(list.size());
         progress.at(y);

@@ -2,9 +2,9 @@
 
 #include "base/file_bytes.h"
 #include "base/file_error.h"
+#include "base/strict_number.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -31,18 +31,10 @@ std::optional<std::array<std::string_view, 3>> three_fields(std::string_view lin
                       line.substr(second + 1)};
 }
 
-std::optional<std::uint8_t> channel(std::string_view field) {
-    std::uint8_t value = 0;
-    const char* end = field.data() + field.size();
-    const auto [stop, error] = std::from_chars(field.data(), end, value);
-    if (error != std::errc{} || stop != end) return std::nullopt;
-    return value;
-}
-
 cPalette::Colour colour(const std::array<std::string_view, 3>& fields, std::size_t line_number) {
     cPalette::Colour colour{};
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        const std::optional<std::uint8_t> value = channel(fields[i]);
+        const std::optional<std::uint8_t> value = strict_number<std::uint8_t>(fields[i]);
         if (!value) throw FileError(FileFault::kNoColour, std::to_string(line_number));
         colour[i] = *value;
     }
