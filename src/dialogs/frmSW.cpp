@@ -88,6 +88,16 @@ void prepare_slider(HWND slider, int position) {
     set_slider_position(slider, position);
 }
 
+constexpr UINT_PTR kPauseTimer = 1;
+constexpr UINT kPause = 120; // milliseconds; longer than a held arrow of a number field repeats
+
+// Keys and clicks, and moves of the mouse while it drags something.
+bool no_input_waits() {
+    const bool drags = GetKeyState(VK_LBUTTON) < 0;
+    const UINT kinds = QS_KEY | QS_MOUSEBUTTON | (drags ? QS_MOUSEMOVE : 0);
+    return HIWORD(GetQueueStatus(kinds)) == 0;
+}
+
 void repaint(HWND control) {
     RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
 }
@@ -109,6 +119,7 @@ void frmSW::load() {
     if (!preview_.detail_shows_all()) serve_keys();
     restore();
     show_kind();
+    show_preview(); // the first one at once
 }
 
 // Lets the overview take the focus and the arrow keys, which move the frame in it.
@@ -119,8 +130,11 @@ void frmSW::serve_keys() const {
 }
 
 void frmSW::density_changed() {
-    fit_preview(IDC_REDUCE_OVERVIEW);
-    fit_preview(IDC_REDUCE_DETAIL);
+    const cDIBSection& overview = preview_.overview();
+    const PixelArea& detail = preview_.detail_area();
+    if (overview.empty()) return;
+    win::fit_picture_box(control(IDC_REDUCE_OVERVIEW), overview.Width(), overview.Height());
+    win::fit_picture_box(control(IDC_REDUCE_DETAIL), detail.width, detail.height);
 }
 
 void frmSW::restore() {
@@ -241,12 +255,21 @@ void frmSW::refresh() {
     const std::optional<Reduction> reduction = chosen();
     if (!reduction || reduction == shown_) return;
     shown_ = reduction;
-    show_preview();
+    follow_input();
 }
 
-void frmSW::show_preview() {
+// Shows the preview at once, or when the user pauses if it takes long.
+void frmSW::follow_input() {
+    if (shown_ && preview_.takes_long(*shown_))
+        SetTimer(window(), kPauseTimer, kPause, nullptr);
+    else
+        show_preview();
+}
+
+void frmSW::show_preview(const std::function<bool()>& go_on) {
+    KillTimer(window(), kPauseTimer);
     if (!shown_) return;
-    preview_.update(*shown_);
+    if (!preview_.update(*shown_, go_on)) return follow_input();
     repaint(control(IDC_REDUCE_OVERVIEW));
     repaint(control(IDC_REDUCE_DETAIL));
 }
@@ -313,6 +336,9 @@ INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
     switch (message) {
     case WM_HSCROLL:
         limit_moved();
+        return TRUE;
+    case WM_TIMER:
+        show_preview(no_input_waits);
         return TRUE;
     case WM_SETCURSOR:
         return show_hand();
@@ -384,7 +410,7 @@ bool frmSW::pick_detail(LPARAM position) {
     const double zoom = win::picture_zoom(window());
     if (preview_.centre_detail_at(static_cast<int>(place.x / zoom),
                                   static_cast<int>(place.y / zoom)))
-        show_preview();
+        follow_input();
     return true;
 }
 
@@ -392,7 +418,7 @@ bool frmSW::pick_detail(LPARAM position) {
 bool frmSW::move_detail(WPARAM key) {
     const int right = key == VK_RIGHT ? 1 : key == VK_LEFT ? -1 : 0;
     const int down = key == VK_DOWN ? 1 : key == VK_UP ? -1 : 0;
-    if (preview_.move_detail(right, down)) show_preview();
+    if (preview_.move_detail(right, down)) follow_input();
     return true;
 }
 
