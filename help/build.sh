@@ -3,11 +3,11 @@
 # Two runs give the same bytes, wherever they run.
 #
 # contents.txt is the table of contents; a page's title and index words come from its own head, its
-# context number from res/ids.h: help page "export" is IDD_EXPORT or IDH_EXPORT. English numbers are
+# context number from res/ids/: help page "export" is IDD_EXPORT or IDH_EXPORT. English numbers are
 # higher by the string table's offset.
 set -euo pipefail
 here=$(dirname "$(readlink -f "$0")")
-ids=$here/../res/ids.h
+ids=("$here"/../res/ids.h "$here"/../res/ids/*.h)
 [ $# -eq 1 ] || { echo "usage: help/build.sh OUTPUT_FOLDER" >&2; exit 2; }
 mkdir -p "$1"
 output=$(readlink -f "$1")/EAGLE_Kelvane.chm
@@ -23,16 +23,16 @@ trap 'rm -rf "$work"' EXIT
 cd "$work"
 
 number_of() { # symbol
-    awk -v symbol="$1" '$1 == "#define" && $2 == symbol { print $3 }' "$ids"
+    awk -v symbol="$1" '$1 == "#define" && $2 == symbol { print $3 }' "${ids[@]}"
 }
 offset=$(number_of KELVANE_ENGLISH_OFFSET)
-[ -n "$offset" ] || fail "$ids has no KELVANE_ENGLISH_OFFSET"
+[ -n "$offset" ] || fail "res/ids.h has no KELVANE_ENGLISH_OFFSET"
 
 context_number() { # language page
     local name number
     name=$(tr a-z- A-Z_ <<<"$2")
     number=$(number_of "IDH_$name")$(number_of "IDD_$name")
-    [ -n "$number" ] || fail "page $2 has neither IDH_$name nor IDD_$name in $ids"
+    [ -n "$number" ] || fail "page $2 has neither IDH_$name nor IDD_$name in res/ids"
     [ "$1" = de ] || number=$((number + offset))
     echo "$number"
 }

@@ -43,7 +43,8 @@ class DocumentServices {
     /// Puts a file on top of the recent ones; `flag`: the converter opened it.
     virtual void AddMRUFile(const std::wstring& file, bool flag) = 0;
 
-    /// Asks for a file to write. The dialog starts in the folder of the last written file.
+    /// Asks for a file to write. The dialog starts in the folder of the last written file; in the
+    /// question's when none is remembered.
     virtual std::optional<std::wstring> ask_save_file(win::FileQuestion question) = 0;
     /// Shows the text with the number `id`, followed by a cause, with the exclamation icon.
     virtual void show_error(int id, const std::wstring& cause) = 0;

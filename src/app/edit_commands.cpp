@@ -32,9 +32,9 @@ void copy(MainServices& /*main*/, frmImage& form) {
 
 void paste(MainServices& main) {
     try {
-        const std::vector<std::uint8_t> bitmap = bitmap_file_from_clipboard(main.frame());
+        const std::vector<std::uint8_t> picture = picture_file_from_clipboard(main.frame());
         const TemporaryFile file;
-        write_bytes(file.path(), bitmap);
+        write_bytes(file.path(), picture);
         open_temporary(main, file.path());
     } catch (const std::exception& error) {
         main.show_error(IDS_PASTE_ERROR, error_text(error));

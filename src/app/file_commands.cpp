@@ -8,10 +8,13 @@
 #include "dialogs/frmMsg3.h"
 #include "settings/temporary_file.h"
 #include "texts/error_text.h"
+#include "texts/export_text.h"
 #include "texts/string_table.h"
 #include "win/platform_error.h"
 
 #include "ids.h"
+
+#include <filesystem>
 
 namespace kelvane::commands {
 namespace {
@@ -22,13 +25,24 @@ std::wstring script_name(const ImageDocument& document) {
     return title.substr(0, title.rfind(L'.')) + L".scr";
 }
 
+// "logo.scr: 22 polygons on 21 tPlace"
+std::wstring written_text(const std::wstring& file, const ExportReport& report,
+                          const ExportOptions& options) {
+    return LoadString(IDS_EXPORT_WRITTEN, {std::filesystem::path(file).filename().wstring(),
+                                           objects_text(report.shapes + report.bridges, options),
+                                           layer_text(options.lay)});
+}
+
 void write_script(MainServices& main, frmImage& form, const std::wstring& file,
-                  const ExportOptions& options) {
+                  const frmExport& dialog) {
+    const ExportOptions options = dialog.options();
     ExportReport report;
+    bool written = false;
     main.SetStatus(L"", L"#", L"#");
     try {
         const Busy busy = main.busy();
-        report = form.document().Vectorize(file, options);
+        report = form.document().Vectorize(file, options, dialog.mirrored());
+        written = true;
     } catch (const std::exception& error) {
         main.show_error(IDS_EXPORT_ERROR, error_text(error));
     }
@@ -36,8 +50,9 @@ void write_script(MainServices& main, frmImage& form, const std::wstring& file,
     if (report.RangeOVL) {
         frmMsg3 warning;
         warning.show_modal(main.frame());
-        if (warning.DeleteScript) DeleteFileW(file.c_str());
+        if (warning.DeleteScript) written = !DeleteFileW(file.c_str());
     }
+    if (written) main.add_to_completion([=] { return written_text(file, report, options); });
     form.Render();
 }
 
@@ -66,9 +81,9 @@ void export_script(MainServices& main, frmImage& form) {
     question.filter = LoadString(IDS_FILTER_SCRIPTS);
     question.title = LoadString(IDS_EXPORT_FILE_TITLE);
     question.proposal = script_name(form.document());
+    question.folder = std::filesystem::path(form.document().Filename()).parent_path().wstring();
     question.extension = L"SCR";
-    if (const auto file = main.ask_save_file(question))
-        write_script(main, form, *file, dialog.options());
+    if (const auto file = main.ask_save_file(question)) write_script(main, form, *file, dialog);
 }
 
 void select_source(MainServices& main) {

@@ -30,22 +30,28 @@ cDIBSection resampled(const cDIBSection& picture, int width, int height) {
     return result;
 }
 
+bool is_blank(const cDIBSection& picture) {
+    return !DarkBounds(picture.view(), kAnyGrey);
+}
+
 // For operations that refuse only when there is no memory for their result.
 void expect_memory(bool done) {
     if (!done) throw std::bad_alloc();
 }
 
 // A picture that white paper would leave blank is shown as ink, if it has transparent pixels.
-cDIBSection visible_picture(const std::filesystem::path& file) {
+cDIBSection visible_picture(const std::filesystem::path& file, bool& ink_instead_of_nothing) {
     cDIBSection picture = read_picture(file);
-    if (DarkBounds(picture.view(), kAnyGrey)) return picture;
-    return read_picture(file, Transparency::kInk);
+    if (!is_blank(picture)) return picture;
+    picture = read_picture(file, Transparency::kInk);
+    ink_instead_of_nothing = !is_blank(picture);
+    return picture;
 }
 
 // Empty for a picture without pixels, which is refused without a message.
-cDIBSection picture_of_any_size(const std::filesystem::path& file) {
+cDIBSection picture_of_any_size(const std::filesystem::path& file, bool& ink_instead_of_nothing) {
     try {
-        return visible_picture(file);
+        return visible_picture(file, ink_instead_of_nothing);
     } catch (const FileError& error) {
         if (error.fault() != FileFault::kNoPixels) throw;
         return {};
@@ -92,14 +98,20 @@ std::wstring ImageDocument::FileTitle() const {
 }
 
 bool ImageDocument::load(const std::filesystem::path& file, SizeLimit limit) {
-    cDIBSection picture = picture_of_any_size(file);
+    Opening opening;
+    cDIBSection picture = picture_of_any_size(file, opening.ink_instead_of_nothing);
     if (picture.empty()) return false;
+    opening.width_in_file = picture.Width();
+    opening.height_in_file = picture.Height();
     if (limit == SizeLimit::Reduce && !Render2(picture)) throw std::bad_alloc();
+    opening.reduced =
+        picture.Width() != opening.width_in_file || picture.Height() != opening.height_in_file;
     cDIBSection work = created(picture.Width(), picture.Height());
     // Nothing throws from here on.
     m_cDIB = std::move(picture);
     m_cDIBWork = std::move(work);
     m_cDIBUndo.ClearUp();
+    opening_ = opening;
     m_bUndoEnable = false;
     m_bDirty = false;
     return true;
@@ -258,9 +270,10 @@ void ImageDocument::Combine(const cDIBSection& first, const cDIBSection& second,
 }
 
 ExportReport ImageDocument::Vectorize(const std::filesystem::path& script,
-                                      const ExportOptions& options) {
+                                      const ExportOptions& options, bool mirrored) {
     cDIBSection copy = m_cDIB.Copy();
     if (copy.empty()) throw std::bad_alloc();
+    if (mirrored) expect_memory(m_cImage.Mirror(copy));
     m_cImage.BlackAndWhite2(copy, copy, kExportLimit);
     return m_cImage.Vectorize(copy, script, options);
 }

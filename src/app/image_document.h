@@ -41,6 +41,14 @@ class ImageDocument {
 
     // Files.
 
+    struct Opening {
+        int width_in_file = 0; ///< in pixels, upright
+        int height_in_file = 0;
+        bool reduced = false; ///< to the size limit
+        /// Transparent pixels were drawn as ink, because white paper would have left nothing.
+        bool ink_instead_of_nothing = false;
+    };
+
     /// How large a picture may be when it is opened.
     enum class SizeLimit {
         Reduce, ///< larger ones are reduced, see `Render2` in image/size_limit.h
@@ -50,6 +58,8 @@ class ImageDocument {
     /// a picture without pixels, which is not taken. Throws `FileError` and `std::bad_alloc`; the
     /// document then keeps what it had.
     bool load(const std::filesystem::path& file, SizeLimit limit);
+    /// What the last `load` changed in the file's picture.
+    const Opening& opening() const { return opening_; }
     /// What a save dialog proposes: the name with everything from its last dot on replaced by
     /// ".bmp", even when that dot belongs to a folder; a dot among the first two characters does
     /// not count.
@@ -109,9 +119,11 @@ class ImageDocument {
     void Combine(const cDIBSection& first, const cDIBSection& second, int width, int height,
                  const Combination& combination);
 
-    /// Writes the EAGLE script of a black and white copy of the picture, which stays as it is.
-    /// `RangeOVL` of the result says whether a coordinate left EAGLE's range. Throws `FileError`.
-    ExportReport Vectorize(const std::filesystem::path& script, const ExportOptions& options);
+    /// Writes the EAGLE script of a black and white copy of the picture, which stays as it is;
+    /// `mirrored`: reversed from left to right, for layers seen from below. `RangeOVL` of the
+    /// result says whether a coordinate left EAGLE's range. Throws `FileError`.
+    ExportReport Vectorize(const std::filesystem::path& script, const ExportOptions& options,
+                           bool mirrored = false);
 
     /// Makes noise reproducible.
     void seed_noise(std::uint32_t seed) { m_cImage.seed_noise(seed); }
@@ -126,6 +138,7 @@ class ImageDocument {
     cDIBSection m_cDIBWork; // scratch of the engine, as large as the picture
     cDIBSection m_cDIBUndo;
     cImageProcessDIB m_cImage;
+    Opening opening_;
     bool m_bDirty = false;
     bool m_bUndoEnable = false;
     std::wstring m_sFileName;

@@ -46,6 +46,17 @@ std::wstring cause_of(const std::exception& error) {
     return cause;
 }
 
+// What differs from the file's picture; empty when nothing does.
+std::wstring opening_notice(const ImageDocument::Opening& opening) {
+    std::wstring notice;
+    if (opening.reduced)
+        notice = LoadString(IDS_IMAGE_REDUCED, {std::to_wstring(opening.width_in_file),
+                                                std::to_wstring(opening.height_in_file)});
+    if (opening.ink_instead_of_nothing)
+        notice += (notice.empty() ? L"" : L"; ") + LoadString(IDS_IMAGE_INK);
+    return notice;
+}
+
 } // namespace
 
 frmImage::frmImage(DocumentServices& main)
@@ -89,7 +100,7 @@ bool frmImage::open(const std::wstring& file, const OpenAs& how) {
         main_.SetStatus(LoadString(IDS_IMAGE_OPENED) + document_.Filename() + L".", L"#", L"#");
         if (how.recent) main_.AddMRUFile(file, false);
     }
-    main_.SetStatus(L"", L"#", L"#");
+    main_.SetStatus(opened ? opening_notice(document_.opening()) : std::wstring(), L"#", L"#");
     return opened;
 }
 

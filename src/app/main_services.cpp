@@ -11,6 +11,7 @@
 #include "ids.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kelvane {
 namespace {
@@ -38,8 +39,20 @@ void mfrmMain::SetStatus(const std::wstring& message, const std::wstring& title,
 }
 
 void mfrmMain::operation_complete(const frmImage& form, const std::wstring& time) {
-    completion_ = Completion{&form, time};
-    status_bar_.SetStatus(LoadString(IDS_IMAGE_COMPLETE) + time, L"#", L"#");
+    completion_ = Completion{&form, time, {}};
+    status_bar_.SetStatus(completion_text(), L"#", L"#");
+}
+
+void mfrmMain::add_to_completion(std::function<std::wstring()> text) {
+    if (!completion_) return;
+    completion_->more = std::move(text);
+    status_bar_.SetStatus(completion_text(), L"#", L"#");
+}
+
+std::wstring mfrmMain::completion_text() const {
+    if (!completion_) return {};
+    const std::wstring text = LoadString(IDS_IMAGE_COMPLETE) + completion_->time;
+    return completion_->more ? text + L"  " + completion_->more() : text;
 }
 
 // Repainting for every row would take longer than most operations.
@@ -135,7 +148,7 @@ std::vector<std::wstring> mfrmMain::ask_open_files(win::FileQuestion question) {
 }
 
 std::optional<std::wstring> mfrmMain::ask_save_file(win::FileQuestion question) {
-    question.folder = save_folder_;
+    if (!save_folder_.empty()) question.folder = save_folder_;
     auto file = win::ask_save_file(window(), question);
     remember_folder(file, save_folder_, settings::kSaveFolder);
     return file;
@@ -179,9 +192,7 @@ void mfrmMain::loadLanguage() {
         form->loadLanguage();
     start_.set_texts(recent_);
     DrawMenuBar(window());
-    status_bar_.SetStatus(completion_ ? LoadString(IDS_IMAGE_COMPLETE) + completion_->time
-                                      : std::wstring(),
-                          L"#", L"#");
+    status_bar_.SetStatus(completion_text(), L"#", L"#");
 }
 
 } // namespace kelvane

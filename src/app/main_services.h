@@ -41,6 +41,9 @@ class MainServices : public DocumentServices {
     virtual void open_in_shell(const std::wstring& file) = 0;
     /// Shows a page of the help, see `Help::show`; failures are shown.
     virtual void show_help(int page) = 0;
+    /// Shows `text` behind the report that an operation is complete, as long as that is shown. It
+    /// is asked again when the language changes.
+    virtual void add_to_completion(std::function<std::wstring()> text) = 0;
     /// Sets every caption of the main window and its documents in the program's language.
     virtual void loadLanguage() = 0;
 

@@ -91,6 +91,7 @@ class mfrmMain : public win::Window, private MainServices {
     std::vector<std::wstring> ask_open_files(win::FileQuestion question) override;
     void open_in_shell(const std::wstring& file) override { ShellEx(file); }
     void show_help(int page) override;
+    void add_to_completion(std::function<std::wstring()> text) override;
     void loadLanguage() override;
     cImageProcessDIB& custom_filter() override { return custom_filter_; }
     ConverterOpening& converter() override { return converter_; }
@@ -105,6 +106,7 @@ class mfrmMain : public win::Window, private MainServices {
     void answer_help_key(const HELPINFO& request);
     void remember_folder(const std::optional<std::wstring>& file, std::wstring& folder,
                          const PathSetting& setting);
+    std::wstring completion_text() const;
     HWND message_owner() const;
     void show_failure(const std::exception& error);
 
@@ -121,6 +123,7 @@ class mfrmMain : public win::Window, private MainServices {
     struct Completion {
         const frmImage* form;
         std::wstring time;
+        std::function<std::wstring()> more; // may be empty
     };
 
     SettingsFile settings_;

@@ -35,6 +35,21 @@ win::Bitmap screen_bitmap(const cDIBSection& picture) {
     return bitmap;
 }
 
+std::vector<std::uint8_t> bitmap_file(const std::vector<std::uint8_t>& packed) {
+    BITMAPINFOHEADER header{};
+    if (packed.size() < sizeof header) throw TextError(LoadString(IDS_CLIPBOARD_EMPTY));
+    std::memcpy(&header, packed.data(), sizeof header);
+
+    BITMAPFILEHEADER file{};
+    file.bfType = 0x4D42; // "BM"
+    file.bfSize = static_cast<DWORD>(sizeof file + packed.size());
+    file.bfOffBits = static_cast<DWORD>(sizeof file + header.biSize + colour_bytes(header));
+    std::vector<std::uint8_t> bytes(sizeof file + packed.size());
+    std::memcpy(bytes.data(), &file, sizeof file);
+    std::copy(packed.begin(), packed.end(), bytes.begin() + sizeof file);
+    return bytes;
+}
+
 } // namespace
 
 bool cDIBSection::CopyToClipboard(bool bAsDIB, WindowHandle owner) const {
@@ -58,20 +73,10 @@ bool cDIBSection::CopyToClipboard(bool bAsDIB, WindowHandle owner) const {
     }
 }
 
-std::vector<std::uint8_t> bitmap_file_from_clipboard(HWND owner) {
-    const std::vector<std::uint8_t> packed = win::Clipboard(owner).packed_bitmap();
-    BITMAPINFOHEADER header{};
-    if (packed.size() < sizeof header) throw TextError(LoadString(IDS_CLIPBOARD_EMPTY));
-    std::memcpy(&header, packed.data(), sizeof header);
-
-    BITMAPFILEHEADER file{};
-    file.bfType = 0x4D42; // "BM"
-    file.bfSize = static_cast<DWORD>(sizeof file + packed.size());
-    file.bfOffBits = static_cast<DWORD>(sizeof file + header.biSize + colour_bytes(header));
-    std::vector<std::uint8_t> bytes(sizeof file + packed.size());
-    std::memcpy(bytes.data(), &file, sizeof file);
-    std::copy(packed.begin(), packed.end(), bytes.begin() + sizeof file);
-    return bytes;
+std::vector<std::uint8_t> picture_file_from_clipboard(HWND owner) {
+    const win::Clipboard clipboard(owner);
+    std::vector<std::uint8_t> png = clipboard.png_file();
+    return png.empty() ? bitmap_file(clipboard.packed_bitmap()) : png;
 }
 
 } // namespace kelvane

@@ -8,8 +8,9 @@
 
 namespace kelvane {
 
-/// The bytes of a bitmap file with the clipboard's picture. Throws `TextError` when it holds none,
-/// `PlatformError` when another program does not let go of the clipboard.
-std::vector<std::uint8_t> bitmap_file_from_clipboard(HWND owner);
+/// The bytes of a picture file with the clipboard's picture: its PNG file, or else a bitmap. Throws
+/// `TextError` when it holds none, `PlatformError` when another program does not let go of the
+/// clipboard.
+std::vector<std::uint8_t> picture_file_from_clipboard(HWND owner);
 
 } // namespace kelvane

@@ -1,10 +1,9 @@
 #include "cli/board_text.h"
 
-#include "cli/same_letters.h"
 #include "export/layers.h"
 #include "export/length.h"
+#include "export/length_text.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -13,38 +12,16 @@
 namespace kelvane {
 namespace {
 
-std::string fixed(double value, int decimals) {
-    char text[350]; // a double has up to 309 digits before its point
-    char* const end =
-        std::to_chars(text, std::end(text), value, std::chars_format::fixed, decimals).ptr;
-    return {text, end};
-}
-
-// "mm", "inch" as on the command line, where scripts have "Inch".
 std::string unit_name(const ExportOptions& options) {
-    std::string name(unit_of(options).name);
-    std::ranges::transform(name, name.begin(), lower_letter);
-    return name;
+    return std::string(unit_word(options));
 }
 
-// Decimals for about a hundredth of a millimetre, in the order of `kUnits`.
-int decimals_of(const ExportOptions& options) {
-    constexpr std::array<int, kUnits.size()> kDecimals{0, 3, 0, 2};
-    return kDecimals[static_cast<std::size_t>(options.unit)];
-}
-
-std::string length(double millimetres, const ExportOptions& options) {
-    return fixed(from_millimetres(millimetres, options), decimals_of(options));
-}
-
-// With a decimal more, so that a width just below the limit does not read like it.
 std::string width(double millimetres, const ExportOptions& options) {
-    return fixed(from_millimetres(millimetres, options), decimals_of(options) + 1) + ' ' +
-           unit_name(options);
+    return width_text(millimetres, options) + ' ' + unit_name(options);
 }
 
 std::string area(double width_mm, double height_mm, const ExportOptions& options) {
-    return length(width_mm, options) + " x " + length(height_mm, options) + ' ' +
+    return length_text(width_mm, options) + " x " + length_text(height_mm, options) + ' ' +
            unit_name(options);
 }
 
@@ -56,14 +33,6 @@ std::string shape_name(const ExportOptions& options) {
     return std::string(kShapeNames[static_cast<std::size_t>(options.optPoly)]);
 }
 
-std::string byte_text(std::uint64_t bytes) {
-    constexpr double kStep = 1000;
-    if (bytes < kStep) return std::to_string(bytes) + " bytes";
-    const double kilobytes = static_cast<double>(bytes) / kStep;
-    if (kilobytes < kStep) return fixed(kilobytes, 1) + " kB";
-    return fixed(kilobytes / kStep, 1) + " MB";
-}
-
 // "lines thinner than 0.150 mm in 12 places, the thinnest 0.090 mm at (3.25 4.10)"
 std::string thin_text(const std::string& what, const BoardWidths& widths, double limit_mm,
                       const ExportOptions& options, const char* option) {
@@ -73,8 +42,8 @@ std::string thin_text(const std::string& what, const BoardWidths& widths, double
     return what + "s thinner than " + width(limit_mm, options) + " in " +
            many(widths.places.places, "place") + ", the thinnest " +
            width(*widths.thinnest_mm, options) + " at (" +
-           length((thinnest.x + kMiddle) * pixel_mm, options) + ' ' +
-           length((thinnest.y + kMiddle) * pixel_mm, options) + "); " + option +
+           length_text((thinnest.x + kMiddle) * pixel_mm, options) + ' ' +
+           length_text((thinnest.y + kMiddle) * pixel_mm, options) + "); " + option +
            " sets what the board maker can print";
 }
 

@@ -38,6 +38,8 @@ ExportChoices ExportChoices::read(const SettingsFile& settings) {
     const int shape = read_setting(settings, settings::kLinewiseShape).value_or(kShapePolygon);
     if (shape == kShapeWire || shape == kShapeRectangle)
         choices.linewise_shape = static_cast<ShapeKind>(shape);
+    choices.smooth = chosen(settings, settings::kSmooth, false);
+    choices.mirrored = chosen(settings, settings::kMirrored, false);
     return choices;
 }
 
@@ -51,6 +53,8 @@ void ExportChoices::write(const SettingsFile& settings) const {
     write_setting(settings, settings::kAutotraceShape,
                   autotrace_shape == kShapePolygon ? kChosen : kNotChosen);
     write_setting(settings, settings::kLinewiseShape, linewise_shape);
+    write_setting(settings, settings::kSmooth, smooth ? kChosen : kNotChosen);
+    write_setting(settings, settings::kMirrored, mirrored ? kChosen : kNotChosen);
 }
 
 ExportOptions ExportChoices::options() const {
@@ -60,6 +64,7 @@ ExportOptions ExportChoices::options() const {
     options.lay = static_cast<std::int16_t>(layer + 1);
     options.size = lenient_number(size);
     options.unit = static_cast<std::int16_t>(unit);
+    options.smooth = full_autotrace && smooth ? kMostSmoothing : 0;
     options.ver = static_cast<std::int16_t>(version);
     return options;
 }

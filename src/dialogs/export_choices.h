@@ -19,6 +19,8 @@ struct ExportChoices {
     bool full_autotrace = true;
     ShapeKind autotrace_shape = kShapePolygon; // polygon or wire
     ShapeKind linewise_shape = kShapePolygon;
+    bool smooth = false; // outlines of the full autotrace
+    bool mirrored = false;
 
     /// The stored choices; a missing or invalid one has its default.
     static ExportChoices read(const SettingsFile& settings);

@@ -1,12 +1,22 @@
 #include "dialogs/frmExport.h"
 
+#include "base/lenient_number.h"
 #include "base/text.h"
 #include "dialogs/drop_down_list.h"
-#include "dialogs/preview_size.h"
-#include "engine/image_process.h"
+#include "dialogs/export_preview.h"
+#include "export/layers.h"
+#include "export/length.h"
+#include "export/length_text.h"
+#include "texts/export_text.h"
 #include "texts/layer_names.h"
+#include "win/key_filter.h"
+#include "win/type_ahead.h"
 
 #include "ids.h"
+
+#include <charconv>
+#include <cstdint>
+#include <iterator>
 
 namespace kelvane {
 namespace {
@@ -17,19 +27,66 @@ constexpr Caption kCaptions[] = {
     {IDC_EXPORT_VERSION_LABEL, IDS_EXPORT_VERSION},
     {IDC_EXPORT_SIZE_LABEL, IDS_EXPORT_SIZE},
     {IDC_EXPORT_UNIT_LABEL, IDS_EXPORT_UNIT},
+    {IDC_EXPORT_WIDTH_LABEL, IDS_EXPORT_WIDTH},
+    {IDC_EXPORT_MIRROR, IDS_EXPORT_MIRROR},
     {IDC_EXPORT_TRACING, IDS_EXPORT_TRACING},
     {IDC_EXPORT_FULL, IDS_EXPORT_FULL},
     {IDC_EXPORT_FULL_POLYGON, IDS_EXPORT_FULL_POLYGON},
     {IDC_EXPORT_FULL_WIRE, IDS_EXPORT_FULL_WIRE},
+    {IDC_EXPORT_SMOOTH, IDS_EXPORT_SMOOTH},
     {IDC_EXPORT_LINEWISE, IDS_EXPORT_LINEWISE},
     {IDC_EXPORT_LINEWISE_POLYGON, IDS_EXPORT_LINEWISE_POLYGON},
     {IDC_EXPORT_LINEWISE_WIRE, IDS_EXPORT_LINEWISE_WIRE},
     {IDC_EXPORT_LINEWISE_RECTANGLE, IDS_EXPORT_LINEWISE_RECTANGLE},
     {IDC_EXPORT_PREVIEW_LABEL, IDS_EXPORT_PREVIEW},
-    {IDC_EXPORT_HINT, IDS_EXPORT_HINT},
     {IDOK, IDS_EXPORT_OK},
     {IDCANCEL, IDS_EXPORT_CANCEL},
 };
+
+// Pictures up to this number of pixels are examined at once.
+constexpr std::int64_t kAtOnce = 300'000;
+// Of larger ones, each step follows after a pause without changes.
+constexpr UINT_PTR kWorkTimer = 1;
+constexpr UINT kPause = 100; // milliseconds
+
+/// Thrown to stop a count when the user goes on.
+struct Interrupted {};
+
+class UntilInput : public ProgressObserver {
+  public:
+    void Progress(long /*lPosition*/) override {
+        if (HIWORD(GetQueueStatus(QS_KEY | QS_MOUSEBUTTON)) != 0) throw Interrupted();
+    }
+};
+
+// All digits: the number that is read from the text is the same.
+std::wstring exact_text(double value) {
+    char text[40];
+    return wide_text({text, std::to_chars(text, std::end(text), value).ptr});
+}
+
+// Six digits tell a width on the board.
+std::wstring rounded_text(double value) {
+    constexpr int kDigits = 6;
+    char text[40];
+    return wide_text(
+        {text,
+         std::to_chars(text, std::end(text), value, std::chars_format::general, kDigits).ptr});
+}
+
+bool is_change(int control, int notification) {
+    switch (control) {
+    case IDC_EXPORT_SIZE:
+    case IDC_EXPORT_WIDTH:
+        return notification == EN_CHANGE;
+    case IDC_EXPORT_LAYER:
+    case IDC_EXPORT_VERSION:
+    case IDC_EXPORT_UNIT:
+        return notification == CBN_SELCHANGE;
+    default:
+        return notification == BN_CLICKED;
+    }
+}
 
 } // namespace
 
@@ -40,8 +97,13 @@ void frmExport::load() {
     Form::load();
     choices_ = ExportChoices::read(settings_);
     fill_lists();
+    win::find_by_typing(control(IDC_EXPORT_LAYER));
+    win::turn_commas_into_points(control(IDC_EXPORT_SIZE));
+    win::turn_commas_into_points(control(IDC_EXPORT_WIDTH));
     show_choices();
-    loadPreview();
+    show_width();
+    estimate_ = ExportEstimate(picture_);
+    ask();
     density_changed();
 }
 
@@ -61,6 +123,8 @@ void frmExport::fill_lists() const {
 void frmExport::show_choices() const {
     select_entry(control(IDC_EXPORT_LAYER), choices_.layer);
     set_text(IDC_EXPORT_SIZE, choices_.size);
+    check(IDC_EXPORT_SMOOTH, choices_.smooth);
+    check(IDC_EXPORT_MIRROR, choices_.mirrored);
     select_entry(control(IDC_EXPORT_UNIT), choices_.unit);
     select_entry(control(IDC_EXPORT_VERSION), choices_.version);
     check_radio(IDC_EXPORT_FULL, IDC_EXPORT_LINEWISE,
@@ -82,6 +146,8 @@ ExportChoices frmExport::read_controls() const {
     choices.linewise_shape = checked(IDC_EXPORT_LINEWISE_POLYGON) ? kShapePolygon
                              : checked(IDC_EXPORT_LINEWISE_WIRE)  ? kShapeWire
                                                                   : kShapeRectangle;
+    choices.smooth = checked(IDC_EXPORT_SMOOTH);
+    choices.mirrored = checked(IDC_EXPORT_MIRROR);
     return choices;
 }
 
@@ -91,12 +157,98 @@ bool frmExport::confirm() {
     return true;
 }
 
+void frmExport::on_command(int control, int notification) {
+    if (setting_text_ || !is_change(control, notification)) return;
+    if (control == IDC_EXPORT_WIDTH)
+        take_width();
+    else if (control == IDC_EXPORT_SIZE || control == IDC_EXPORT_UNIT)
+        show_width();
+    ask();
+}
+
+INT_PTR frmExport::on_message(UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_TIMER && w == kWorkTimer) {
+        work();
+        return TRUE;
+    }
+    return Form::on_message(message, w, l);
+}
+
+void frmExport::set_field(int field, const std::wstring& text) {
+    setting_text_ = true;
+    set_text(field, text);
+    setting_text_ = false;
+}
+
+// The width of the picture follows from the size of a pixel ...
+void frmExport::show_width() {
+    const ExportOptions options = read_controls().options();
+    ExportOptions shown = options;
+    shown.unit = board_unit(options);
+    const double millimetres = in_millimetres(options.size, options) * picture_.Width();
+    set_field(IDC_EXPORT_WIDTH, rounded_text(from_millimetres(millimetres, shown)));
+    set_text(IDC_EXPORT_WIDTH_UNIT, wide_text(unit_word(shown)));
+}
+
+// ... and the other way round. Without a width, as while one is typed, the size stays.
+void frmExport::take_width() {
+    const double width = lenient_number(text(IDC_EXPORT_WIDTH));
+    if (!(width > 0) || picture_.empty()) return;
+    const ExportOptions options = read_controls().options();
+    const double length = converted_length(width, board_unit(options), options.unit);
+    set_field(IDC_EXPORT_SIZE, exact_text(pixel_size_for_length(length, picture_.Width())));
+}
+
+// Layers that need a second thought come before the advice on the preview.
+void frmExport::show_hint() const {
+    const BoardQuestion& question = estimate_.question();
+    const int layer = question.options.lay;
+    std::wstring hint = LoadString(IDS_EXPORT_HINT);
+    if (layer == kOutlineLayer)
+        hint = LoadString(IDS_EXPORT_HINT_OUTLINE);
+    else if (is_bottom_layer(layer) && !question.mirrored)
+        hint = LoadString(IDS_EXPORT_HINT_MIRROR, {layer_text(layer)});
+    set_text(IDC_EXPORT_HINT, hint);
+}
+
+void frmExport::ask() {
+    const ExportChoices choices = read_controls();
+    BoardQuestion question;
+    question.options = choices.options();
+    question.mirrored = choices.mirrored;
+    estimate_.ask(question);
+    show_hint();
+    if (std::int64_t{picture_.Width()} * picture_.Height() <= kAtOnce) {
+        while (!estimate_.complete())
+            estimate_.work(nullptr);
+    } else {
+        SetTimer(window(), kWorkTimer, kPause, nullptr);
+    }
+    show_result();
+}
+
+void frmExport::work() {
+    UntilInput until_input;
+    try {
+        estimate_.work(&until_input);
+    } catch (const Interrupted&) {
+        return; // the timer starts the step anew
+    }
+    if (estimate_.complete()) KillTimer(window(), kWorkTimer);
+    show_result();
+}
+
+void frmExport::show_result() {
+    const BoardReport& report = estimate_.report();
+    const BoardQuestion& question = estimate_.question();
+    set_text(IDC_EXPORT_RESULT, board_sizes_text(report, estimate_.counts(), question) + L"\r\n" +
+                                    board_warning_text(report, estimate_.counts(), question));
+    loadPreview();
+    InvalidateRect(control(IDC_EXPORT_PREVIEW), nullptr, FALSE);
+}
+
 void frmExport::loadPreview() {
-    preview_.ClearUp();
-    cDIBSection reduced = picture_.Copy();
-    if (!cImageProcessDIB().BlackAndWhite2(reduced, reduced, kExportLimit)) return;
-    const PreviewSize size = preview_size(reduced.Width(), reduced.Height());
-    preview_ = reduced.Resample(size.height, size.width);
+    preview_ = export_preview(estimate_.traced(), estimate_.report());
 }
 
 } // namespace kelvane

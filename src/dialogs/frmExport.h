@@ -1,7 +1,9 @@
-// frmExport: options of an export to an EAGLE script, with a preview of what is traced.
+// frmExport: options of an export to an EAGLE script, with a preview of what is traced and a result
+// that says what the board will get.
 #pragma once
 
 #include "dialogs/export_choices.h"
+#include "dialogs/export_estimate.h"
 #include "dialogs/form.h"
 #include "image/dib_section.h"
 
@@ -15,13 +17,19 @@ class frmExport : public Form {
     /// The export asked for; valid unless `Cancelled`.
     ExportOptions options() const { return choices_.options(); }
 
-    /// Makes the preview: the picture reduced as an export reduces it, then scaled.
+    /// Whether the drawing is mirrored; valid like the options.
+    bool mirrored() const { return choices_.mirrored; }
+
+    /// Makes the preview: the picture reduced as an export reduces it, then scaled. Places too thin
+    /// to be printed are red when they are known.
     void loadPreview();
     const cDIBSection& preview() const { return preview_; }
 
   protected:
     void load() override;
     bool confirm() override;
+    void on_command(int control, int notification) override;
+    INT_PTR on_message(UINT message, WPARAM w, LPARAM l) override;
     void density_changed() override;
     void draw(const DRAWITEMSTRUCT& box) override { draw_preview(box, preview_); }
 
@@ -29,11 +37,20 @@ class frmExport : public Form {
     void fill_lists() const;
     void show_choices() const;
     ExportChoices read_controls() const;
+    void set_field(int field, const std::wstring& text);
+    void show_width();
+    void take_width();
+    void show_hint() const;
+    void ask();
+    void work();
+    void show_result();
 
     const SettingsFile& settings_;
     const cDIBSection& picture_;
     ExportChoices choices_;
+    ExportEstimate estimate_;
     cDIBSection preview_;
+    bool setting_text_ = false; // the program, not the user, changes a field
 };
 
 } // namespace kelvane

@@ -134,8 +134,9 @@ ExportReport Vectorize(ConstImageView image, const std::filesystem::path& FileNa
     return export_script(image, &FileName, options, observer);
 }
 
-ExportReport CountExport(ConstImageView image, const ExportOptions& options) {
-    return export_script(image, nullptr, options, nullptr);
+ExportReport CountExport(ConstImageView image, const ExportOptions& options,
+                         ProgressObserver* observer) {
+    return export_script(image, nullptr, options, observer);
 }
 
 } // namespace kelvane

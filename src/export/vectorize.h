@@ -30,7 +30,9 @@ struct ExportReport {
 ExportReport Vectorize(ConstImageView image, const std::filesystem::path& FileName,
                        const ExportOptions& options, ProgressObserver* observer = nullptr);
 
-/// What `Vectorize` would report, in about the same time and without a file.
-ExportReport CountExport(ConstImageView image, const ExportOptions& options);
+/// What `Vectorize` would report, in about the same time and without a file. An exception of
+/// `observer` stops it.
+ExportReport CountExport(ConstImageView image, const ExportOptions& options,
+                         ProgressObserver* observer = nullptr);
 
 } // namespace kelvane

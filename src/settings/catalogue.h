@@ -88,6 +88,10 @@ inline constexpr OptionalSetting kVersion{L"imageexport", L"version"};
 inline constexpr OptionalSetting kFullAutotrace{L"imageexport", L"exp1"};
 inline constexpr OptionalSetting kAutotraceShape{L"imageexport", L"poly1"};
 inline constexpr OptionalSetting kLinewiseShape{L"imageexport", L"poly2"};
+/// Whether outlines are smooth, and whether the drawing is mirrored for a layer seen from below (-1
+/// or 0).
+inline constexpr OptionalSetting kSmooth{L"imageexport", L"smooth"};
+inline constexpr OptionalSetting kMirrored{L"imageexport", L"mirror"};
 
 /// Last size entered in the size dialog, in pixels; below 1 the picture's own size is offered.
 inline constexpr NumberSetting kNewWidth{L"imageexport", L"resx", 0};

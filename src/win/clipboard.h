@@ -4,6 +4,7 @@
 #include "win/gdi.h"
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace kelvane::win {
@@ -25,6 +26,11 @@ class Clipboard {
     /// A copy of the picture as a packed device-independent bitmap (header, colours, rows), into
     /// which the system converts every kind of bitmap; empty when the clipboard holds none.
     std::vector<std::uint8_t> packed_bitmap() const;
+    /// A copy of the PNG file that graphics programs offer beside the bitmap, with the transparency
+    /// that bitmaps lose; empty without one. Bytes may follow its end.
+    std::vector<std::uint8_t> png_file() const;
+    /// The text with its final zero cut off; empty without one.
+    std::wstring text() const;
 };
 
 } // namespace kelvane::win

@@ -10,4 +10,8 @@ namespace kelvane::win {
 /// content still has to be checked. Ends with the field.
 void filter_keys(HWND edit, bool (*accepts)(wchar_t));
 
+/// From now on a comma that is typed or pasted into the field becomes a point, the decimal
+/// separator of the program. Ends with the field.
+void turn_commas_into_points(HWND edit);
+
 } // namespace kelvane::win

@@ -53,6 +53,7 @@ TEST_F(Document, WhiteOnNothingIsShownAsInk) {
         ASSERT_TRUE(document.load(folder / "logo.gif", ImageDocument::SizeLimit::Keep));
         EXPECT_EQ(pixel_at(document.picture(), 0, 15), (std::array{0, 0, red}));
         EXPECT_EQ(pixel_at(document.picture(), 31, 15), (std::array{255, 255, 255}));
+        EXPECT_EQ(document.opening().ink_instead_of_nothing, red == 0);
         gif.replace(13, 12, std::string(12, '\xFF'));
     }
 }

@@ -3,6 +3,8 @@
 
 #include "ids.h"
 
+#include <gmock/gmock.h>
+
 namespace kelvane::test {
 namespace {
 
@@ -27,6 +29,20 @@ TEST_F(Export, OutOfRangeScriptIsDeletedOnlyWhenTicked) {
         EXPECT_EQ(exists(folder / "far.scr"), stays);
         EXPECT_TRUE(same_pixels(picture_of(form), picture)); // not the reduced one
     }
+}
+
+TEST_F(Export, ScriptGoesBesideThePictureAndIsReported) {
+    opened(drawn({"#.."}));
+    script.expect_dialog([](HWND dialog) {
+        choose_in_list(dialog, IDC_EXPORT_LAYER, 20);
+        click(dialog, IDC_EXPORT_MIRROR);
+    });
+    script.expect_file_dialog(L"logo.scr");
+    choose(kCmdExport);
+    ASSERT_TRUE(exists(folder / "logo.scr"));
+    EXPECT_THAT(file_text(folder / "logo.scr"), testing::HasSubstr("Polygon 0 (2 0)"));
+    EXPECT_THAT(status(0), testing::StartsWith(L" Complete.  Required Time = "));
+    EXPECT_THAT(status(0), testing::EndsWith(L"  logo.scr: 1 polygon on 21 tPlace"));
 }
 
 TEST_F(Export, DialogsHandTheirValuesToTheDocument) {

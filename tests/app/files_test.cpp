@@ -36,6 +36,11 @@ class Files : public AppTest {
         ASSERT_NE(SetClipboardData(format, block), nullptr);
         CloseClipboard();
     }
+    void add_to_clipboard(const wchar_t* format, const std::string& bytes) {
+        ASSERT_TRUE(OpenClipboard(main.window()));
+        SetClipboardData(RegisterClipboardFormatW(format), global_block(bytes));
+        CloseClipboard();
+    }
 };
 
 TEST_F(Files, OpenDialogRemembersItsFolder) {
@@ -171,6 +176,21 @@ TEST_F(Files, ForeignBitmapsPaste) {
         words.insert(words.end(), {0x00112233, 0x00445566});
         expect_pasted(words);
     }
+}
+
+TEST_F(Files, PngPastesBeforeTheBitmap) {
+    const std::filesystem::path png = KELVANE_TEST_DATA "/pictures/alpha.png";
+    put_on_clipboard(CF_DIB, std::string(64, '\xEE')); // damaged
+    add_to_clipboard(L"PNG", file_text(png) + std::string(3, '\0'));
+    choose(kCmdPaste);
+    ASSERT_EQ(main.forms().size(), 1u);
+    EXPECT_TRUE(same_pixels(picture_of(*main.forms()[0]), read_picture(png)));
+}
+
+TEST_F(Files, ReducedPictureIsReported) {
+    opened(flat_picture(3201, 100, 1, 2, 3));
+    EXPECT_EQ(status(0), L" reduced from 3201 x 100");
+    EXPECT_EQ(status(2), L" 1600 x 50");
 }
 
 TEST_F(Files, ClipboardWithoutPictureSaysSo) {

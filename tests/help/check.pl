@@ -46,7 +46,7 @@ expect(join(' ', names('en/images/*')) eq join(' ', names('de/images/*')),
     'the languages have not the same pictures');
 
 # Pages under their numbers, which the program asks for.
-my $ids = slurp("$root/res/ids.h");
+my $ids = join "", map { slurp($_) } "$root/res/ids.h", glob "$root/res/ids/*.h";
 my ($offset) = $ids =~ /KELVANE_ENGLISH_OFFSET (\d+)/;
 my %page_at = map { /^\D*(\d+)=(.*\S)/ ? ($1 => $2) : () } split /\n/, slurp($aliases);
 my %numbered;
