@@ -143,12 +143,8 @@ LRESULT mfrmMain::on_message(UINT message, WPARAM w, LPARAM l) {
         return 0;
     }
     case WM_COMMAND:
-        if (LOWORD(w) >= kFirstChildId) break; // an entry of MDI's list of documents
-        if (find_command(LOWORD(w)) == nullptr && LOWORD(w) != kCmdFirstLogo &&
-            !(LOWORD(w) >= kCmdRecent1 && LOWORD(w) <= kCmdRecent4))
-            break;
-        command(LOWORD(w));
-        return 0;
+        if (command(LOWORD(w))) return 0;
+        break;
     case WM_SETFOCUS:
         if (!start_.shown()) break; // MDI hands it to the active document
         start_.take_focus();
@@ -214,18 +210,23 @@ void mfrmMain::answer_help_key(const HELPINFO& request) {
         show_help(menu_->help_page(menu));
 }
 
-void mfrmMain::command(unsigned id) {
-    if (refuse_while_busy()) return;
+// False for other ids: those of the system's commands and of MDI's list of documents.
+bool mfrmMain::command(unsigned id) {
+    const MenuEntry* entry = find_command(id);
+    const bool recent = id >= kCmdRecent1 && id <= kCmdRecent4;
+    if (entry == nullptr && !recent && id != kCmdFirstLogo) return false;
+    if (refuse_while_busy()) return true;
     try {
-        if (id >= kCmdRecent1 && id <= kCmdRecent4)
+        if (entry != nullptr)
+            perform(*entry);
+        else if (recent)
             open_recent(static_cast<int>(id) - kCmdRecent1 + 1);
-        else if (id == kCmdFirstLogo)
-            show_help(IDH_FIRST_LOGO);
         else
-            perform(*find_command(id));
+            show_help(IDH_FIRST_LOGO);
     } catch (const std::exception& error) {
         show_failure(error);
     }
+    return true;
 }
 
 void mfrmMain::perform(const MenuEntry& entry) {

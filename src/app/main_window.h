@@ -111,7 +111,7 @@ class mfrmMain : public win::Window, private MainServices {
     void show_failure(const std::exception& error);
 
     // Commands and documents.
-    void command(unsigned id);
+    bool command(unsigned id);
     void perform(const MenuEntry& entry);
     frmImage* GetActiveform();
     void open_recent(int i);

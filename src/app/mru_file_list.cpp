@@ -1,8 +1,7 @@
 #include "app/mru_file_list.h"
 
 #include "settings/catalogue.h"
-
-#include <windows.h>
+#include "win/names.h"
 
 #include <algorithm>
 
@@ -14,12 +13,6 @@ constexpr std::size_t kLongestShown = 32; // characters
 // The number of entries in the file may exceed the capacity. This limit is for damaged files, which
 // may claim billions, each of which would be read.
 constexpr int kMostLoaded = 100;
-
-// As the file system compares names: without regard to case or locale.
-bool same_file(const std::wstring& a, const std::wstring& b) {
-    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
-                                static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
-}
 
 // "..." and the longest end of the path that begins with a backslash and fits. A file name that is
 // too long for that is shown whole.
@@ -58,7 +51,7 @@ std::wstring cMRUFileList::MenuCaption(int i) const {
 
 void cMRUFileList::AddFile(const std::wstring& file, bool flag) {
     const auto known = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
-        return same_file(entry.file, file);
+        return win::compare_names(entry.file, file) == 0;
     });
     const bool added_before = known < entries_.begin() + static_cast<std::ptrdiff_t>(added_);
     if (known != entries_.end())

@@ -27,6 +27,13 @@ int excess(LONG position, int size) {
     return static_cast<int>(position - inside);
 }
 
+// The mouse may have come to rest before a menu opened: a tip would cover it.
+bool menu_is_open() {
+    GUITHREADINFO state{};
+    state.cbSize = sizeof state;
+    return GetGUIThreadInfo(GetCurrentThreadId(), &state) && (state.flags & GUI_INMENUMODE) != 0;
+}
+
 bool is_drag(POINT from, POINT to) {
     return std::abs(from.x - to.x) >= GetSystemMetrics(SM_CXDRAG) ||
            std::abs(from.y - to.y) >= GetSystemMetrics(SM_CYDRAG);
@@ -73,7 +80,7 @@ std::optional<LRESULT> PictureView::handle_mouse(UINT message, WPARAM w, LPARAM 
         end_drag();
         return 0;
     case WM_MOUSEHOVER:
-        if (drag_ == Drag::None) show_tip(point_of(l));
+        if (drag_ == Drag::None && !menu_is_open()) show_tip(point_of(l));
         return 0;
     case WM_MOUSELEAVE:
         tip_.hide();

@@ -108,39 +108,41 @@ SIZE StartSurface::size_of(HWND control, LONG room) const {
     return {control == hint_ ? room : std::min(needed.right, room), needed.bottom};
 }
 
-// One below the other; what has no text is hidden.
+// All lines from top to bottom, at most `room` pixels wide. Without a size: those without a text.
+std::vector<StartSurface::Line> StartSurface::lines(LONG room) const {
+    std::vector<Line> lines;
+    const auto add = [&](HWND control, int gap, bool shown) {
+        lines.push_back(shown ? Line{control, win::scaled(window(), gap), size_of(control, room)}
+                              : Line{control, 0, {}});
+    };
+    const auto has_text = [](HWND control) { return GetWindowTextLengthW(control) != 0; };
+    add(hint_, 0, true);
+    add(recent_title_, kParagraph, has_text(links_.front()));
+    for (const HWND link : links_)
+        add(link, link == links_.back() ? kParagraph : kLine, has_text(link));
+    return lines;
+}
+
 void StartSurface::arrange() {
     const auto scaled = [this](int length) { return win::scaled(window(), length); };
     RECT area{};
     GetClientRect(window(), &area);
     const LONG width =
         std::max<LONG>(std::min<LONG>(scaled(kSheetWidth), area.right - 2 * scaled(kOutside)), 1);
-    const LONG room = std::max<LONG>(width - 2 * scaled(kMargin), 1);
-
-    const bool any_recent = GetWindowTextLengthW(links_.front()) != 0;
-    std::vector<Line> lines{{hint_, 0}};
-    if (any_recent) lines.push_back({recent_title_, kParagraph});
-    for (const HWND link : links_)
-        if (GetWindowTextLengthW(link) != 0)
-            lines.push_back({link, link == links_.back() ? kParagraph : kLine});
-    LONG height = 2 * scaled(kMargin);
-    for (const Line& line : lines)
-        height += scaled(line.gap) + size_of(line.control, room).cy;
-
+    const LONG margin = scaled(kMargin);
+    const std::vector<Line> sheet = lines(std::max<LONG>(width - 2 * margin, 1));
+    LONG height = 2 * margin;
+    for (const Line& line : sheet)
+        height += line.gap + line.size.cy;
     const LONG left = (area.right - width) / 2;
     const LONG top = std::max<LONG>((area.bottom - height) / 2, 0);
     sheet_ = {left, top, left + width, top + height};
-    for (HWND control = GetWindow(window(), GW_CHILD); control != nullptr;
-         control = GetWindow(control, GW_HWNDNEXT))
-        ShowWindow(control, std::ranges::find(lines, control, &Line::control) == lines.end()
-                                ? SW_HIDE
-                                : SW_SHOWNA);
-    LONG y = top + scaled(kMargin);
-    for (const Line& line : lines) {
-        const SIZE size = size_of(line.control, room);
-        y += scaled(line.gap);
-        MoveWindow(line.control, left + scaled(kMargin), y, size.cx, size.cy, FALSE);
-        y += size.cy;
+    LONG y = top + margin;
+    for (const Line& line : sheet) {
+        y += line.gap;
+        MoveWindow(line.control, left + margin, y, line.size.cx, line.size.cy, FALSE);
+        ShowWindow(line.control, line.size.cy != 0 ? SW_SHOWNA : SW_HIDE);
+        y += line.size.cy;
     }
     RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }

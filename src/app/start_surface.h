@@ -36,10 +36,12 @@ class StartSurface : public win::Window {
   private:
     struct Line {
         HWND control;
-        int gap; // to the line above, at 96 dots per inch
+        LONG gap; // to the line above
+        SIZE size;
     };
     HWND add(const wchar_t* kind, DWORD style, int id);
     void set_fonts();
+    std::vector<Line> lines(LONG room) const;
     void arrange();
     void draw_background(HDC context) const;
     void draw_link(const DRAWITEMSTRUCT& item) const;

@@ -16,8 +16,36 @@ std::wstring computer_name() {
     return GetComputerNameW(name, &length) ? name : L"";
 }
 
-bool is_on_monitor(LONG x, LONG y) {
-    return MonitorFromPoint({x, y}, MONITOR_DEFAULTTONULL) != nullptr;
+MONITORINFO info_of(HMONITOR monitor) {
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    GetMonitorInfoW(monitor, &info);
+    return info;
+}
+
+bool is_in_work_area(POINT point) {
+    const HMONITOR monitor = MonitorFromPoint(point, MONITOR_DEFAULTTONULL);
+    if (monitor == nullptr) return false;
+    const RECT work = info_of(monitor).rcWork;
+    return PtInRect(&work, point) != FALSE;
+}
+
+bool has_reachable_title(const RECT& on_screen) {
+    // Two points of the title bar, right of the icon and left of the buttons.
+    const LONG y = on_screen.top + GetSystemMetrics(SM_CYCAPTION) / 2;
+    const LONG third = (on_screen.right - on_screen.left) / 3;
+    return is_in_work_area({on_screen.left + third, y}) &&
+           is_in_work_area({on_screen.right - third, y});
+}
+
+// Where workspace coordinates count from: a task bar at the top or left moves them.
+POINT workspace_origin(const MONITORINFO& monitor) {
+    return {monitor.rcWork.left - monitor.rcMonitor.left,
+            monitor.rcWork.top - monitor.rcMonitor.top};
+}
+
+RECT moved(const RECT& rect, LONG right, LONG down) {
+    return {rect.left + right, rect.top + down, rect.right + right, rect.bottom + down};
 }
 
 WINDOWPLACEMENT placement_of(HWND window) {
@@ -48,21 +76,21 @@ std::optional<WindowPlace> parsed_place(const std::wstring& text) {
     return WindowPlace{{left, top, left + width, top + height}, maximised == 1};
 }
 
-RECT within_reach(const RECT& normal) {
-    // Two points of the title bar, right of the icon and left of the buttons.
-    const LONG y = normal.top + GetSystemMetrics(SM_CYCAPTION) / 2;
-    const LONG third = (normal.right - normal.left) / 3;
-    if (is_on_monitor(normal.left + third, y) && is_on_monitor(normal.right - third, y))
-        return normal;
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromRect(&normal, MONITOR_DEFAULTTONEAREST), &monitor);
-    const RECT& work = monitor.rcWork;
+RECT moved_into(const RECT& normal, const MONITORINFO& monitor) {
+    const POINT origin = workspace_origin(monitor);
+    const RECT work = moved(monitor.rcWork, -origin.x, -origin.y);
     const LONG width = std::min(normal.right - normal.left, work.right - work.left);
     const LONG height = std::min(normal.bottom - normal.top, work.bottom - work.top);
     const LONG left = std::clamp(normal.left, work.left, work.right - width);
     const LONG top = std::clamp(normal.top, work.top, work.bottom - height);
     return {left, top, left + width, top + height};
+}
+
+RECT within_reach(const RECT& normal) {
+    const MONITORINFO monitor = info_of(MonitorFromRect(&normal, MONITOR_DEFAULTTONEAREST));
+    const POINT origin = workspace_origin(monitor);
+    const bool reachable = has_reachable_title(moved(normal, origin.x, origin.y));
+    return reachable ? normal : moved_into(normal, monitor);
 }
 
 std::optional<WindowPlace> remembered_place(const SettingsFile& settings) {

@@ -11,7 +11,9 @@
 namespace kelvane {
 
 struct WindowPlace {
-    RECT normal{}; // neither maximised nor minimised; in workspace coordinates
+    /// Neither maximised nor minimised. In workspace coordinates, those of window placements: in
+    /// them a monitor's work area begins at the corner of the monitor.
+    RECT normal{};
     bool maximised = false;
 };
 
@@ -21,8 +23,10 @@ std::wstring place_text(const WindowPlace& place);
 std::optional<WindowPlace> parsed_place(const std::wstring& text);
 
 /// Moves a window whose title bar could not be reached with the mouse into the work area of the
-/// nearest monitor, no larger than that.
+/// nearest monitor, no larger than that. Workspace coordinates, as in `WindowPlace`.
 RECT within_reach(const RECT& normal);
+/// What `within_reach` does when `monitor` is the nearest one.
+RECT moved_into(const RECT& normal, const MONITORINFO& monitor);
 
 /// What the settings file remembers for this computer, within reach.
 std::optional<WindowPlace> remembered_place(const SettingsFile& settings);

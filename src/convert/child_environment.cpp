@@ -1,5 +1,7 @@
 #include "convert/child_environment.h"
 
+#include "win/names.h"
+
 #include <windows.h>
 
 #include <algorithm>
@@ -13,13 +15,8 @@ constexpr const wchar_t* kTemporary[] = {L"TMP", L"TEMP", L"MAGICK_TEMPORARY_PAT
 // Folders with configuration files, separated by semicolons.
 constexpr const wchar_t* kConfiguration = L"MAGICK_CONFIGURE_PATH";
 
-int compare(std::wstring_view a, std::wstring_view b) {
-    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
-                                static_cast<int>(b.size()), TRUE);
-}
-
 bool names(std::wstring_view variable, const wchar_t* name) {
-    return compare(variable.substr(0, variable.find(L'=')), name) == CSTR_EQUAL;
+    return win::compare_names(variable.substr(0, variable.find(L'=')), name) == 0;
 }
 
 bool tells_temporary(std::wstring_view variable) {
@@ -58,7 +55,7 @@ std::wstring environment_for(const std::wstring& folder) {
     configure_from_current_folder(variables);
     // The platform asks for this order.
     std::ranges::sort(variables, [](const std::wstring& a, const std::wstring& b) {
-        return compare(a, b) == CSTR_LESS_THAN;
+        return win::compare_names(a, b) < 0;
     });
     std::wstring block;
     for (const std::wstring& variable : variables)

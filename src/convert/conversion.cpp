@@ -1,6 +1,7 @@
 #include "convert/conversion.h"
 
 #include "convert/verbose_output.h"
+#include "win/names.h"
 #include "win/platform_error.h"
 
 #include <windows.h>
@@ -38,8 +39,7 @@ std::wstring harmless_extension(const std::filesystem::path& file) {
     const bool harmless = extension.size() <= kLongestExtension &&
                           std::all_of(extension.begin() + !extension.empty(), extension.end(),
                                       [](wchar_t c) { return c < 128 && std::iswalnum(c); });
-    const bool script =
-        CompareStringOrdinal(extension.c_str(), -1, kScript, -1, TRUE) == CSTR_EQUAL;
+    const bool script = win::compare_names(extension, kScript) == 0;
     return harmless && !script ? extension : std::wstring();
 }
 

@@ -6,6 +6,7 @@
 #include "texts/file_error_text.h"
 #include "win/dpi.h"
 #include "win/file_dialogs.h"
+#include "win/names.h"
 
 #include "ids.h"
 
@@ -35,7 +36,8 @@ std::filesystem::path first_palette(const std::filesystem::path& folder) {
     std::error_code error;
     for (std::filesystem::directory_iterator at(folder, error), end; !error && at != end;
          at.increment(error)) {
-        if (_wcsicmp(at->path().extension().c_str(), L".pal") == 0) found.insert(at->path());
+        if (win::compare_names(at->path().extension().wstring(), L".pal") == 0)
+            found.insert(at->path());
     }
     return found.empty() ? std::filesystem::path() : *found.begin();
 }

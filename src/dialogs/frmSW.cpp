@@ -76,10 +76,26 @@ constexpr ChannelBox kChannelBoxes[] = {
     {IDC_REDUCE_BLUE, settings::kUseBlue},
 };
 
+// The option buttons stand in the order of the kinds.
+int button_of(ReductionKind kind) {
+    return IDC_REDUCE_BRIGHTNESS + static_cast<int>(kind) -
+           static_cast<int>(ReductionKind::Brightness);
+}
+
 void prepare_slider(HWND slider, int position) {
     set_slider_range(slider, kHighestLimit, 1, 16);
     SendMessageW(slider, TBM_SETRANGEMIN, FALSE, kLowestLimit);
     set_slider_position(slider, position);
+}
+
+constexpr UINT_PTR kPauseTimer = 1;
+constexpr UINT kPause = 120; // milliseconds; longer than a held arrow of a number field repeats
+
+// Keys and clicks, and moves of the mouse while it drags something.
+bool no_input_waits() {
+    const bool drags = GetKeyState(VK_LBUTTON) < 0;
+    const UINT kinds = QS_KEY | QS_MOUSEBUTTON | (drags ? QS_MOUSEMOVE : 0);
+    return HIWORD(GetQueueStatus(kinds)) == 0;
 }
 
 void repaint(HWND control) {
@@ -103,6 +119,7 @@ void frmSW::load() {
     if (!preview_.detail_shows_all()) serve_keys();
     restore();
     show_kind();
+    show_preview(); // the first one at once
 }
 
 // Lets the overview take the focus and the arrow keys, which move the frame in it.
@@ -113,8 +130,11 @@ void frmSW::serve_keys() const {
 }
 
 void frmSW::density_changed() {
-    fit_preview(IDC_REDUCE_OVERVIEW);
-    fit_preview(IDC_REDUCE_DETAIL);
+    const cDIBSection& overview = preview_.overview();
+    const PixelArea& detail = preview_.detail_area();
+    if (overview.empty()) return;
+    win::fit_picture_box(control(IDC_REDUCE_OVERVIEW), overview.Width(), overview.Height());
+    win::fit_picture_box(control(IDC_REDUCE_DETAIL), detail.width, detail.height);
 }
 
 void frmSW::restore() {
@@ -122,8 +142,9 @@ void frmSW::restore() {
     restore_numbers();
     check(IDC_REDUCE_INVERT, read_setting(settings_, settings::kInvertReduction) != 0);
     check(IDC_REDUCE_CLEAN, read_setting(settings_, settings::kRemoveSpecks) != 0);
-    check_radio(IDC_REDUCE_BRIGHTNESS, IDC_REDUCE_UNEVEN,
-                IDC_REDUCE_BRIGHTNESS - 1 + read_setting(settings_, settings::kReductionKind));
+    check_radio(
+        IDC_REDUCE_BRIGHTNESS, IDC_REDUCE_UNEVEN,
+        button_of(static_cast<ReductionKind>(read_setting(settings_, settings::kReductionKind))));
 }
 
 void frmSW::restore_limits() {
@@ -152,10 +173,14 @@ void frmSW::restore_numbers() {
 }
 
 ReductionKind frmSW::kind() const {
-    int kind = 1;
-    while (kind < 4 && !checked(IDC_REDUCE_BRIGHTNESS - 1 + kind))
-        ++kind;
-    return static_cast<ReductionKind>(kind);
+    for (const ReductionKind kind :
+         {ReductionKind::Brightness, ReductionKind::Colours, ReductionKind::Edges})
+        if (checked(button_of(kind))) return kind;
+    return ReductionKind::UnevenLight;
+}
+
+Channels frmSW::channels() const {
+    return {checked(IDC_REDUCE_RED), checked(IDC_REDUCE_GREEN), checked(IDC_REDUCE_BLUE)};
 }
 
 std::optional<int> frmSW::limit() const {
@@ -168,9 +193,7 @@ std::optional<int> frmSW::number(const SpinField& field) const {
 
 // Nothing while a field of the chosen reduction holds no number that it takes.
 std::optional<Reduction> frmSW::chosen() const {
-    Reduction reduction{.kind = kind()};
-    reduction.channels = {checked(IDC_REDUCE_RED), checked(IDC_REDUCE_GREEN),
-                          checked(IDC_REDUCE_BLUE)};
+    Reduction reduction{.kind = kind(), .channels = channels()};
     reduction.inverted = checked(IDC_REDUCE_INVERT);
     if (reduction.has_limit()) {
         const std::optional<int> value = limit();
@@ -218,10 +241,7 @@ void frmSW::show_kind() {
 }
 
 void frmSW::show_hint() const {
-    const bool no_channel = kind() == ReductionKind::Colours &&
-                            std::ranges::none_of(kChannelBoxes, [this](const ChannelBox& box) {
-                                return checked(box.id);
-                            });
+    const bool no_channel = kind() == ReductionKind::Colours && !channels().any();
     int hint = IDS_REDUCE_HINT;
     if (kind() == ReductionKind::UnevenLight) hint = IDS_REDUCE_UNEVEN_HINT;
     if (no_channel) hint = IDS_REDUCE_NO_COLOUR;
@@ -235,12 +255,21 @@ void frmSW::refresh() {
     const std::optional<Reduction> reduction = chosen();
     if (!reduction || reduction == shown_) return;
     shown_ = reduction;
-    show_preview();
+    follow_input();
 }
 
-void frmSW::show_preview() {
+// Shows the preview at once, or when the user pauses if it takes long.
+void frmSW::follow_input() {
+    if (shown_ && preview_.takes_long(*shown_))
+        SetTimer(window(), kPauseTimer, kPause, nullptr);
+    else
+        show_preview();
+}
+
+void frmSW::show_preview(const std::function<bool()>& go_on) {
+    KillTimer(window(), kPauseTimer);
     if (!shown_) return;
-    preview_.update(*shown_);
+    if (!preview_.update(*shown_, go_on)) return follow_input();
     repaint(control(IDC_REDUCE_OVERVIEW));
     repaint(control(IDC_REDUCE_DETAIL));
 }
@@ -307,6 +336,9 @@ INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
     switch (message) {
     case WM_HSCROLL:
         limit_moved();
+        return TRUE;
+    case WM_TIMER:
+        show_preview(no_input_waits);
         return TRUE;
     case WM_SETCURSOR:
         return show_hand();
@@ -378,7 +410,7 @@ bool frmSW::pick_detail(LPARAM position) {
     const double zoom = win::picture_zoom(window());
     if (preview_.centre_detail_at(static_cast<int>(place.x / zoom),
                                   static_cast<int>(place.y / zoom)))
-        show_preview();
+        follow_input();
     return true;
 }
 
@@ -386,7 +418,7 @@ bool frmSW::pick_detail(LPARAM position) {
 bool frmSW::move_detail(WPARAM key) {
     const int right = key == VK_RIGHT ? 1 : key == VK_LEFT ? -1 : 0;
     const int down = key == VK_DOWN ? 1 : key == VK_UP ? -1 : 0;
-    if (preview_.move_detail(right, down)) show_preview();
+    if (preview_.move_detail(right, down)) follow_input();
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include "dialogs/spin_field.h"
 #include "settings/settings_file.h"
 
+#include <functional>
 #include <optional>
 
 namespace kelvane {
@@ -37,6 +38,7 @@ class frmSW : public Form {
     void restore_limits();
     void restore_numbers();
     ReductionKind kind() const;
+    Channels channels() const;
     std::optional<int> limit() const;
     std::optional<int> number(const SpinField& field) const;
     std::optional<Reduction> chosen() const;
@@ -44,7 +46,8 @@ class frmSW : public Form {
     void show_kind();
     void show_hint() const;
     void refresh();
-    void show_preview();
+    void follow_input();
+    void show_preview(const std::function<bool()>& go_on = {});
     void limit_moved();
     void limit_typed();
     void find_limit();
@@ -57,7 +60,7 @@ class frmSW : public Form {
     const SettingsFile& settings_;
     const cDIBSection& picture_;
     ReductionPreview preview_;
-    /// What the preview shows.
+    /// What the preview shows, or will show after a pause.
     std::optional<Reduction> shown_;
     /// The pointer drags the detail's frame over the overview.
     bool dragging_ = false;

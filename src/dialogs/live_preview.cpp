@@ -1,7 +1,7 @@
 #include "dialogs/live_preview.h"
 
 #include "dialogs/preview_size.h"
-#include "dialogs/shrink.h"
+#include "view/scaled_part.h"
 #include "win/picture_box.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ cDIBSection at_size(const cDIBSection& picture, PreviewSize size) {
     if (size.width > picture.Width() || size.height > picture.Height())
         return picture.Resample(size.height, size.width);
     cDIBSection result;
-    if (result.Create(size.width, size.height)) shrink_by_average(picture.view(), result.view());
+    if (result.Create(size.width, size.height)) draw_scaled(picture.view(), result.view());
     return result;
 }
 

@@ -4,12 +4,17 @@
 // on neighbouring pixels. So there are two views, both made from the picture's own pixels: an
 // overview of some of the rows, shrunk after the reduction (edges are drawn stronger, or they would
 // vanish), and a detail at one pixel to one pixel.
+//
+// Uneven light and specks depend on more than direct neighbours and need the whole picture: up to
+// 700 ms for 24 million noisy pixels. The dialog lets such an update wait until the user pauses,
+// and the update stops when the user goes on.
 #pragma once
 
 #include "dialogs/preview_size.h"
 #include "engine/image_process.h"
 #include "image/dib_section.h"
 
+#include <functional>
 #include <optional>
 
 namespace kelvane {
@@ -30,7 +35,12 @@ class ReductionPreview {
 
     /// Makes both views. A reduction that cannot be made shows the picture unreduced. When memory
     /// runs out the views are empty or stay as they were.
-    void update(const Reduction& reduction);
+    ///
+    /// `go_on` is asked again and again while the whole picture is reduced; when it says no,
+    /// `update` returns false and both views stay as they were.
+    bool update(const Reduction& reduction, const std::function<bool()>& go_on = {});
+    /// `update` may take longer than the user would notice, some 50 ms.
+    bool takes_long(const Reduction& reduction) const;
     /// Centres the detail on the point (x, y) of the overview, y from the top, as far as the
     /// picture's borders allow. True when it has moved; `update` has to follow.
     bool centre_detail_at(int x, int y);
@@ -50,7 +60,7 @@ class ReductionPreview {
   private:
     void take_rows();
     bool place_detail(int left, int top);
-    bool reduce_whole(const Reduction& reduction);
+    bool reduce_whole(const Reduction& reduction, const std::function<bool()>& go_on);
     void update_overview(const Reduction& reduction);
     void shrink_to_overview(ConstImageView reduced, const Reduction& reduction);
     void update_detail(const Reduction& reduction);

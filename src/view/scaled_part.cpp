@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kWhole = 256; // weight of a pixel that is covered completely
 
-// The picture's pixels that one pixel of the window covers, at most thirty-one: all have the weight
+// The pixels of the picture that one pixel of the window covers: all have the weight
 // `kWhole` but the first and the last. `last` is inclusive.
 struct Cover {
     int first;
@@ -88,7 +88,7 @@ void write_means(const std::vector<std::uint32_t>& sums, int from, int rows,
         const auto first_weight = static_cast<float>(cover.first_weight);
         const auto last_weight = static_cast<float>(first == last ? 0 : cover.last_weight);
         for (int channel = 0; channel < 3; ++channel) {
-            std::uint32_t between = 0; // at most 29 columns of 31 x 256 x 255
+            std::uint32_t between = 0;
             for (const std::uint32_t* column = first + 3; column < last; column += 3)
                 between += column[channel];
             const float sum = first_weight * static_cast<float>(first[channel]) +
@@ -122,6 +122,10 @@ void draw_scaled_part(ConstImageView picture, AxisScale across, AxisScale down, 
     if (to.empty()) return;
     const bool shrinks = across.extent < across.size || down.extent < down.size;
     (shrinks ? average_areas : repeat_pixels)(picture, across, down, left, top, to);
+}
+
+void draw_scaled(ConstImageView picture, ImageView to) {
+    draw_scaled_part(picture, {picture.width, to.width}, {picture.height, to.height}, 0, 0, to);
 }
 
 } // namespace kelvane

@@ -225,6 +225,9 @@ TEST_F(ImageWindow, RightClickMenuZoomsAndCropsWhatIsSelected) {
             PostMessageW(form.window(), WM_KEYDOWN, key, 0);
         SendMessageW(form.window(), WM_CONTEXTMENU, 0, -1); // the menu key
     };
+    PostMessageW(form.window(), WM_MOUSEHOVER, 0, MAKELPARAM(1, 1));
+    choose_in_menu({VK_ESCAPE});
+    EXPECT_EQ(form.view().tip_text(), L"") << "it would cover the menu";
     choose_in_menu({VK_DOWN, VK_RETURN});
     EXPECT_EQ(status(4), L" 150 %");
     press_keys(form, {VK_RIGHT, VK_RIGHT, VK_DOWN}, {VK_SHIFT});

@@ -1,4 +1,5 @@
 // The main window without pictures, several files at once, and where the window opens again.
+#include "app/window_place.h"
 #include "app_test.h"
 
 #include "support/windows/density.h"
@@ -62,13 +63,7 @@ TEST_F(Start, SurfaceShowsWhileNoPictureIsOpen) {
 }
 
 TEST(StartDensities, SurfaceGrowsWithTheScreen) {
-    for (const DWORD dots : {144, 192}) {
-        const std::filesystem::path last =
-            KELVANE_SCREENSHOTS "/start-de@" + std::to_string(dots) + ".bmp";
-        std::filesystem::remove(last);
-        EXPECT_EQ(run_at_density(dots, L"Start.SurfaceShowsWhileNoPictureIsOpen"), 0);
-        EXPECT_TRUE(std::filesystem::exists(last)) << "the screen had another density";
-    }
+    expect_on_finer_screens(L"Start.SurfaceShowsWhileNoPictureIsOpen", "start-de");
 }
 
 TEST_F(Start, KeysReachTheLinks) {
@@ -127,6 +122,17 @@ TEST_F(Start, WindowOpensWhereItWasAndAlwaysWithinReach) {
     EXPECT_EQ(opened_at(L"9000 -3000 700 500 0"), (Place{right - 700, 0, 700, 500, 0}));
     EXPECT_EQ(opened_at(L"-9000 40 9000 9000 0"), (Place{0, 0, right, bottom, 0}));
     EXPECT_EQ(opened_at(L"1 2 0 99999999999 x"), opened_at(L"")) << "where the system puts it";
+}
+
+TEST(WindowPlaces, AreMovedInWorkspaceCoordinates) {
+    // A task bar at the left and one at the top of a monitor that is right of another one.
+    const MONITORINFO monitor{sizeof monitor, {1000, 0, 2000, 800}, {1060, 40, 2000, 800}, 0};
+    const auto place = [&](const RECT& normal) {
+        const RECT at = moved_into(normal, monitor);
+        return std::array<LONG, 4>{at.left, at.top, at.right, at.bottom};
+    };
+    EXPECT_THAT(place({1900, 700, 2300, 1200}), ElementsAre(1540, 260, 1940, 760));
+    EXPECT_THAT(place({0, -500, 5000, 100}), ElementsAre(1000, 0, 1940, 600));
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "dialogs/dialog_test.h"
 #include "dialogs/frmSW.h"
 #include "dialogs/reduction_preview.h"
-#include "dialogs/shrink.h"
 
 namespace kelvane::test {
 namespace {
@@ -75,6 +74,18 @@ TEST(ReductionPreviewTest, EdgesOfALargePictureAreNotThoseOfItsSmallCopy) {
     for (int y = 0; y < preview.overview().Height(); ++y)
         for (int x = 1; x < preview.overview().Width(); ++x)
             ASSERT_EQ(pixel_at(preview.overview(), x, y)[0], 255) << x << ", " << y;
+}
+
+TEST(ReductionPreviewTest, StoppedUpdateLeavesBothViews) {
+    const cDIBSection picture = random_picture(50, 200, 5);
+    ReductionPreview preview(picture, 20), expected(picture, 20);
+    for (const Reduction& reduction : {kEvery[0], kEvery[5]}) {
+        EXPECT_TRUE(preview.update(reduction, [] { return true; }));
+        expected.update(reduction);
+        EXPECT_FALSE(preview.update(kEvery[4], [] { return false; }));
+        EXPECT_TRUE(same_pixels(preview.overview(), expected.overview()));
+        EXPECT_TRUE(same_pixels(preview.detail(), expected.detail()));
+    }
 }
 
 TEST(ReductionPreviewTest, PicturesOfEverySizeHaveAPreview) {
@@ -212,6 +223,30 @@ TEST_F(ReductionDialogTest, UnevenLightInvertAndSpecksStartAsStoredAndAreShown) 
         EXPECT_TRUE(same_pixels(dialog.preview().detail(), expected.detail()));
     });
     EXPECT_EQ(dialog.result, (Reduction{ReductionKind::UnevenLight, 0, all, {9, 3}, true, 12}));
+}
+
+TEST_F(ReductionDialogTest, PreviewOfAllPixelsOfALargePictureFollowsAfterAPause) {
+    const cDIBSection large = random_picture(2000, 1100, 6);
+    frmSW on_large(settings, large);
+    ReductionPreview expected(large);
+    const auto shows = [&](const Reduction& reduction) {
+        expected.update(reduction);
+        return same_pixels(on_large.preview().overview(), expected.overview()) &&
+               same_pixels(on_large.preview().detail(), expected.detail());
+    };
+    const Reduction first{ReductionKind::Brightness, 128, {}, {}, false, 10};
+    scratch.put("[imageexport]\r\nbwclean=1\r\n");
+    show(on_large, IDCANCEL, [&](HWND window) {
+        EXPECT_TRUE(shows(first)) << "at once";
+        type_text(window, IDC_REDUCE_SPECK, L"7");
+        SendDlgItemMessageW(window, IDC_REDUCE_OVERVIEW, WM_KEYDOWN, VK_UP, 0);
+        EXPECT_TRUE(shows(first));
+        SendMessageW(window, WM_TIMER, 1, 0);
+        expected.move_detail(0, -1);
+        EXPECT_TRUE(shows({ReductionKind::Brightness, 128, {}, {}, false, 7}));
+        click(window, IDC_REDUCE_CLEAN);
+        EXPECT_TRUE(shows({ReductionKind::Brightness, 128})) << "at once";
+    });
 }
 
 TEST_F(ReductionDialogTest, DraggingAndArrowKeysMoveTheDetail) {
