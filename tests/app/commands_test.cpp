@@ -140,6 +140,8 @@ TEST_F(Commands, UndoIsGreyedUntilThereIsSomethingToUndo) {
     EXPECT_TRUE(greyed());
     opened(flat_picture(3, 3, 1, 2, 3));
     EXPECT_TRUE(greyed());
+    EXPECT_TRUE(GetMenuState(GetMenu(main.window()), kCmdCropToSelection, MF_BYCOMMAND) & MF_GRAYED)
+        << "nothing is selected";
     choose(kCmdUndo); // as from a key: nothing to do
     EXPECT_EQ(pixel_at(picture_of(*main.forms()[0]), 0, 0), (std::array<int, 3>{1, 2, 3}));
     choose(kCmdDarken);

@@ -114,6 +114,7 @@ TEST_F(Start, WindowOpensWhereItWasAndAlwaysWithinReach) {
     };
     MoveWindow(main.window(), 30, 40, 700, 500, TRUE);
     ShowWindow(main.window(), SW_MAXIMIZE);
+    ShowWindow(main.window(), SW_MINIMIZE);
     SendMessageW(main.window(), WM_CLOSE, 0, 0);
     EXPECT_EQ(setting(L"window", computer), L"30 40 700 500 1");
     const LONG right = GetSystemMetrics(SM_CXSCREEN), bottom = GetSystemMetrics(SM_CYSCREEN);

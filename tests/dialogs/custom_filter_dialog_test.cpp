@@ -103,9 +103,9 @@ TEST_F(CustomFilterDialogTest, GridIsOneTabStopAndArrowKeysGoFromCellToCell) {
     show(dialog, IDCANCEL, [](HWND window) {
         type_text(window, kCentreField, L"12");
         SendDlgItemMessageW(window, kCentreField, EM_SETSEL, 1, 1); // between the digits
-        const std::pair<WPARAM, int> kSteps[] = {{VK_LEFT, 24},  {VK_LEFT, 23}, {VK_LEFT, 22},
-                                                 {VK_LEFT, 21},  {VK_LEFT, 21}, {VK_UP, 14},
-                                                 {VK_RIGHT, 15}, {VK_DOWN, 22}};
+        const std::pair<WPARAM, int> kSteps[] = {
+            {VK_RIGHT, 24}, {VK_LEFT, 24}, {VK_LEFT, 24}, {VK_LEFT, 23},  {VK_LEFT, 22},
+            {VK_LEFT, 21},  {VK_LEFT, 21}, {VK_UP, 14},   {VK_RIGHT, 15}, {VK_DOWN, 22}};
         for (const auto& [key, cell] : kSteps) {
             SendMessageW(GetFocus(), WM_KEYDOWN, key, 1);
             EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDC_CUSTOM_CELL + cell);
