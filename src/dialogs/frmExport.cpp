@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "dialogs/drop_down_list.h"
 #include "dialogs/export_preview.h"
+#include "dialogs/until_input.h"
 #include "dialogs/preview_size.h"
 #include "export/layers.h"
 #include "export/length.h"
@@ -61,16 +62,6 @@ constexpr UINT kListOpened = WM_APP;
 // opened list has room for them.
 constexpr int kFirstCommonLayer = kOutlineLayer;
 constexpr int kLastCommonLayer = 52;
-
-/// Thrown to stop a count when the user goes on.
-struct Interrupted {};
-
-class UntilInput : public ProgressObserver {
-  public:
-    void Progress(long /*lPosition*/) override {
-        if (HIWORD(GetQueueStatus(QS_KEY | QS_MOUSEBUTTON)) != 0) throw Interrupted();
-    }
-};
 
 // All digits: the number that is read from the text is the same.
 std::wstring exact_text(double value) {

@@ -2,6 +2,7 @@
 
 #include "dialogs/field_input.h"
 #include "dialogs/slider.h"
+#include "dialogs/until_input.h"
 #include "reduce/local_black_white.h"
 #include "settings/catalogue.h"
 #include "win/arrow_keys.h"
@@ -90,13 +91,6 @@ void prepare_slider(HWND slider, int position) {
 
 constexpr UINT_PTR kPauseTimer = 1;
 constexpr UINT kPause = 120; // milliseconds; longer than a held arrow of a number field repeats
-
-// Keys and clicks, and moves of the mouse while it drags something.
-bool no_input_waits() {
-    const bool drags = GetKeyState(VK_LBUTTON) < 0;
-    const UINT kinds = QS_KEY | QS_MOUSEBUTTON | (drags ? QS_MOUSEMOVE : 0);
-    return HIWORD(GetQueueStatus(kinds)) == 0;
-}
 
 void repaint(HWND control) {
     RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
@@ -266,12 +260,21 @@ void frmSW::follow_input() {
         show_preview();
 }
 
-void frmSW::show_preview(const std::function<bool()>& go_on) {
+void frmSW::show_preview(ProgressObserver* observer) {
     KillTimer(window(), kPauseTimer);
     if (!shown_) return;
-    if (!preview_.update(*shown_, go_on)) return follow_input();
+    preview_.update(*shown_, observer);
     repaint(control(IDC_REDUCE_OVERVIEW));
     repaint(control(IDC_REDUCE_DETAIL));
+}
+
+void frmSW::show_preview_until_input() {
+    UntilInput until_input;
+    try {
+        show_preview(&until_input);
+    } catch (const Interrupted&) {
+        follow_input();
+    }
 }
 
 // The field follows the slider.
@@ -338,7 +341,7 @@ INT_PTR frmSW::on_message(UINT message, WPARAM w, LPARAM l) {
         limit_moved();
         return TRUE;
     case WM_TIMER:
-        show_preview(no_input_waits);
+        show_preview_until_input();
         return TRUE;
     case WM_SETCURSOR:
         return show_hand();

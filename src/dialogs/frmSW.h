@@ -6,7 +6,6 @@
 #include "dialogs/spin_field.h"
 #include "settings/settings_file.h"
 
-#include <functional>
 #include <optional>
 
 namespace kelvane {
@@ -47,7 +46,8 @@ class frmSW : public Form {
     void show_hint() const;
     void refresh();
     void follow_input();
-    void show_preview(const std::function<bool()>& go_on = {});
+    void show_preview(ProgressObserver* observer = nullptr);
+    void show_preview_until_input();
     void limit_moved();
     void limit_typed();
     void find_limit();

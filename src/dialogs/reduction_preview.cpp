@@ -13,21 +13,6 @@ namespace kelvane {
 namespace {
 
 constexpr int kPixelsAtOnce = 2'000'000; // of a whole picture
-constexpr int kRowsBetweenQuestions = 64;
-
-struct Stopped {};
-
-// Throws `Stopped` out of the operation.
-class Stopper : public ProgressObserver {
-  public:
-    explicit Stopper(const std::function<bool()>& go_on) : go_on_(go_on) {}
-    void Progress(long row) override {
-        if (go_on_ && row % kRowsBetweenQuestions == 0 && !go_on_()) throw Stopped();
-    }
-
-  private:
-    const std::function<bool()>& go_on_;
-};
 
 // Rows of the picture that are reduced for one row of the overview.
 constexpr int kRowsPerRow = 2;
@@ -82,16 +67,11 @@ void ReductionPreview::take_rows() {
                     static_cast<std::size_t>(picture_.Width()) * 3);
 }
 
-bool ReductionPreview::update(const Reduction& reduction, const std::function<bool()>& go_on) {
-    if (overview_.empty()) return true;
-    try {
-        if (reduction.looks_around() && !reduce_whole(reduction, go_on)) return true;
-    } catch (const Stopped&) {
-        return false;
-    }
+void ReductionPreview::update(const Reduction& reduction, ProgressObserver* observer) {
+    if (overview_.empty()) return;
+    if (reduction.looks_around() && !reduce_whole(reduction, observer)) return;
     update_overview(reduction);
     update_detail(reduction);
-    return true;
 }
 
 bool ReductionPreview::takes_long(const Reduction& reduction) const {
@@ -100,15 +80,13 @@ bool ReductionPreview::takes_long(const Reduction& reduction) const {
 }
 
 // False when there is no memory for it.
-bool ReductionPreview::reduce_whole(const Reduction& reduction,
-                                    const std::function<bool()>& go_on) {
+bool ReductionPreview::reduce_whole(const Reduction& reduction, ProgressObserver* observer) {
     if (whole_reduction_ == reduction) return true;
     if (whole_.empty() && !whole_.Create(picture_.Width(), picture_.Height())) return false;
     whole_reduction_.reset();
     copy_pixels(picture_.view(), whole_.view());
-    Stopper stopper(go_on);
     cImageProcessDIB engine;
-    engine.set_observer(&stopper);
+    engine.set_observer(observer);
     engine.Reduce(whole_, reduction);
     whole_reduction_ = reduction;
     return true;

@@ -13,8 +13,8 @@
 #include "dialogs/preview_size.h"
 #include "engine/image_process.h"
 #include "image/dib_section.h"
+#include "image/progress.h"
 
-#include <functional>
 #include <optional>
 
 namespace kelvane {
@@ -36,9 +36,9 @@ class ReductionPreview {
     /// Makes both views. A reduction that cannot be made shows the picture unreduced. When memory
     /// runs out the views are empty or stay as they were.
     ///
-    /// `go_on` is asked again and again while the whole picture is reduced; when it says no,
-    /// `update` returns false and both views stay as they were.
-    bool update(const Reduction& reduction, const std::function<bool()>& go_on = {});
+    /// `observer` follows the reduction of a whole picture; what it throws passes through, and both
+    /// views stay as they were.
+    void update(const Reduction& reduction, ProgressObserver* observer = nullptr);
     /// `update` may take longer than the user would notice, some 50 ms.
     bool takes_long(const Reduction& reduction) const;
     /// Centres the detail on the point (x, y) of the overview, y from the top, as far as the
@@ -60,7 +60,7 @@ class ReductionPreview {
   private:
     void take_rows();
     bool place_detail(int left, int top);
-    bool reduce_whole(const Reduction& reduction, const std::function<bool()>& go_on);
+    bool reduce_whole(const Reduction& reduction, ProgressObserver* observer);
     void update_overview(const Reduction& reduction);
     void shrink_to_overview(ConstImageView reduced, const Reduction& reduction);
     void update_detail(const Reduction& reduction);

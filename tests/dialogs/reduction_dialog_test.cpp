@@ -1,6 +1,7 @@
 #include "dialogs/dialog_test.h"
 #include "dialogs/frmSW.h"
 #include "dialogs/reduction_preview.h"
+#include "dialogs/until_input.h"
 
 namespace kelvane::test {
 namespace {
@@ -76,13 +77,18 @@ TEST(ReductionPreviewTest, EdgesOfALargePictureAreNotThoseOfItsSmallCopy) {
             ASSERT_EQ(pixel_at(preview.overview(), x, y)[0], 255) << x << ", " << y;
 }
 
+struct StopAtOnce : ProgressObserver {
+    void Progress(long /*row*/) override { throw Interrupted(); }
+};
+
 TEST(ReductionPreviewTest, StoppedUpdateLeavesBothViews) {
+    StopAtOnce stop;
     const cDIBSection picture = random_picture(50, 200, 5);
     ReductionPreview preview(picture, 20), expected(picture, 20);
     for (const Reduction& reduction : {kEvery[0], kEvery[5]}) {
-        EXPECT_TRUE(preview.update(reduction, [] { return true; }));
+        preview.update(reduction);
         expected.update(reduction);
-        EXPECT_FALSE(preview.update(kEvery[4], [] { return false; }));
+        EXPECT_THROW(preview.update(kEvery[4], &stop), Interrupted);
         EXPECT_TRUE(same_pixels(preview.overview(), expected.overview()));
         EXPECT_TRUE(same_pixels(preview.detail(), expected.detail()));
     }
