@@ -18,6 +18,9 @@ struct FittedLine {
     /// Signed distance times the normal's length.
     double offset(double px, double py) const { return nx * (px - x) + ny * (py - y); }
     double offset(LatticePoint p) const { return offset(p.x, p.y); }
+    double offset(FinePoint p) const {
+        return offset(p.x / static_cast<double>(kStepParts), p.y / static_cast<double>(kStepParts));
+    }
     double maximum_norm_distance(LatticePoint p) const {
         return std::abs(offset(p)) / (std::abs(nx) + std::abs(ny));
     }
@@ -49,15 +52,17 @@ class PathMoments {
         double x = 0, y = 0;           // the centre of mass
         double xx = 0, xy = 0, yy = 0; // mean products of the distances from it
 
-        /// The line with the least squared distances, not normalised; their integral over the path
-        /// goes to `residual`.
-        FittedLine fit(double& residual) const {
+        /// The mean squared distance from the line of best fit: the smaller eigenvalue.
+        double least_mean_square() const {
             const double difference = xx - yy;
             const double root = std::sqrt(difference * difference + 4 * xy * xy);
-            const double least = std::max(0., (xx + yy - root) / 2);
-            residual = least * length;
-            // The eigenvector of the smaller eigenvalue, from the row that cannot vanish.
-            if (difference >= 0) return {x, y, -xy, xx - least};
+            return std::max(0., (xx + yy - root) / 2);
+        }
+        /// The line of best fit, with the least squared distances; not normalised.
+        FittedLine fit() const {
+            const double least = least_mean_square();
+            // The eigenvector, from the row that cannot vanish.
+            if (xx >= yy) return {x, y, -xy, xx - least};
             return {x, y, yy - least, -xy};
         }
         /// Integral of the squared distances from a line over the path.

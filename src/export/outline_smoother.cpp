@@ -14,14 +14,20 @@ constexpr ExactPath::Index kStartSearch = 100;
 // Pieces for which vertices are searched at first, to find a good one to start from.
 constexpr std::size_t kStartPieces = 3;
 
-// How much further from the wall of the tube the roomy pieces are, in lattice steps.
-constexpr std::int32_t kRoom = 2;
+// How much further from the wall of the tube the roomy pieces are.
+constexpr std::int32_t kRoom = 2 * kStepParts;
 
 // What may be added to an area or taken from it: 0.4 pixels, in halves of a square lattice step; or
 // the part of the whole area; or one half step for so much of the border, 1/512 pixels a pixel.
 constexpr std::int64_t kAreaAllowed = 4 * (2 * kPixelSteps * kPixelSteps) / 10;
 constexpr std::int64_t kAreaPart = 125;
 constexpr std::int64_t kLengthPerArea = kPixelSteps;
+
+// Below a third of a pixel only slopes of 45 degrees can be followed for long, and those from a
+// quarter on. Other lines found in the wider tube have too few vertices on the lattice.
+std::int32_t pieces_radius(std::int32_t radius) {
+    return 3 * radius < kPixelParts ? std::min(radius, kPixelParts / 4) : radius;
+}
 
 bool on_pixel_corner(LatticePoint p) {
     return p.x % kPixelSteps == 0 && p.y % kPixelSteps == 0;
@@ -37,8 +43,8 @@ LatticePoint middle(LatticePoint a, LatticePoint b) {
 } // namespace
 
 OutlineSmoother::OutlineSmoother(std::int32_t radius, OutlineReceiver& receiver)
-    : receiver_(receiver), longest_pieces_(Tube(radius)), roomy_pieces_(Tube(radius - kRoom)),
-      joints_(Tube(radius)), search_(Tube(radius)) {}
+    : receiver_(receiver), longest_pieces_(Tube(pieces_radius(radius))),
+      roomy_pieces_(Tube(radius - kRoom)), joints_(Tube(radius)), search_(Tube(radius)) {}
 
 void OutlineSmoother::begin_outline() {
     lowered_ = any_kept_ = false;

@@ -29,7 +29,7 @@ namespace kelvane {
 /// either, it stays as it is.
 class OutlineSmoother final : public OutlineReceiver {
   public:
-    /// `radius` is the tolerance in lattice steps, up to `Tube::kHalfPixel`.
+    /// `radius` is the tolerance in parts of a lattice step, up to `Tube::kHalfPixel`.
     OutlineSmoother(std::int32_t radius, OutlineReceiver& receiver);
 
     void begin_outline() override;

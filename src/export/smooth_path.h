@@ -21,9 +21,8 @@
 //   above passes them straight and exactly. The lowered outline below touches their lower sides
 //   from outside, where the squares belong to no other outline; its vertices there are kept too.
 // - The edge takes part in the same crossings from square to square as S does. So the smooth
-// outline
-//   can be deformed into the exact one without touching the middle of any pixel: each pixel's
-//   middle stays on its side, the sense of turning stays, and no outline vanishes.
+//   outline can be deformed into the exact one without touching the middle of any pixel: each
+//   pixel's middle stays on its side, the sense of turning stays, and no outline vanishes.
 //
 // When an edge lies in the tube of S: S runs in two directions at most (say east and north), so its
 // tube is a simply connected band, and the bends of the shortest way through it from v to w are at
@@ -61,9 +60,26 @@ struct LatticePoint {
 constexpr std::int64_t cross(LatticePoint a, LatticePoint b) {
     return std::int64_t{a.x} * b.y - std::int64_t{a.y} * b.x;
 }
+
+/// Parts of a lattice step, in which the tube is measured: hundredths of a pixel are a whole number
+/// of them.
+inline constexpr std::int32_t kStepParts = 25;
+inline constexpr std::int32_t kPixelParts = kPixelSteps * kStepParts;
+
+/// A point in parts of a lattice step.
+struct FinePoint {
+    std::int32_t x;
+    std::int32_t y;
+
+    friend bool operator==(const FinePoint&, const FinePoint&) = default;
+};
+
+constexpr FinePoint fine(LatticePoint p) {
+    return {p.x * kStepParts, p.y * kStepParts};
+}
 /// Positive when `c` lies to the left of the way from `a` to `b`.
-constexpr std::int64_t turn(LatticePoint a, LatticePoint b, LatticePoint c) {
-    return cross(b - a, c - a);
+template <typename Point> constexpr std::int64_t turn(Point a, Point b, Point c) {
+    return std::int64_t{b.x - a.x} * (c.y - a.y) - std::int64_t{b.y - a.y} * (c.x - a.x);
 }
 
 constexpr bool axis_parallel(LatticePoint a, LatticePoint b) {
@@ -126,19 +142,20 @@ class ExactPath {
 /// The tube around exact paths in which their edges run.
 class Tube {
   public:
-    /// Half a pixel, in lattice steps; the tube of this radius is open, smaller ones are closed.
-    static constexpr std::int32_t kHalfPixel = kPixelSteps / 2;
+    /// In parts of a lattice step, as all radii; the tube of this radius is open, smaller ones are
+    /// closed.
+    static constexpr std::int32_t kHalfPixel = kPixelParts / 2;
 
     explicit Tube(std::int32_t radius) : radius_(radius) {}
 
-    std::int32_t radius() const { return radius_; }
+    double radius_in_steps() const { return static_cast<double>(radius_) / kStepParts; }
     bool open() const { return radius_ == kHalfPixel; }
-    /// How far a vertex may be from its node, in x and in y.
-    std::int32_t vertex_reach() const { return open() ? radius_ - 1 : radius_; }
-    LatticePoint hinge(const ExactPath& path, ExactPath::Index corner) const {
+    /// How far a vertex may be from its node, in x and in y, in lattice steps.
+    std::int32_t vertex_reach() const { return (open() ? radius_ - 1 : radius_) / kStepParts; }
+    FinePoint hinge(const ExactPath& path, ExactPath::Index corner) const {
         const LatticePoint in = unit_step(path.leaving(corner - 1));
         const LatticePoint out = unit_step(path.leaving(corner));
-        const LatticePoint at = path[corner];
+        const FinePoint at = fine(path[corner]);
         return {at.x + radius_ * (out.x - in.x), at.y + radius_ * (out.y - in.y)};
     }
 
@@ -150,10 +167,10 @@ class Tube {
 class Sight {
   public:
     Sight(const Tube& tube, LatticePoint from)
-        : from_(from), left_(from), right_(from), slack_(tube.open() ? 1 : 0) {}
+        : from_(fine(from)), left_(from_), right_(from_), slack_(tube.open() ? 1 : 0) {}
 
     /// False when nothing behind the hinge is seen any more.
-    bool pass(LatticePoint hinge, bool left_turn) {
+    bool pass(FinePoint hinge, bool left_turn) {
         if (left_turn) {
             if (left_ == from_ || turn(from_, left_, hinge) < 0) left_ = hinge;
         } else {
@@ -162,15 +179,16 @@ class Sight {
         return left_ == from_ || right_ == from_ || turn(from_, right_, left_) >= slack_;
     }
     /// Whether the edge to a vertex behind the last hinge lies in the tube.
-    bool sees(LatticePoint to) const {
+    bool sees(LatticePoint vertex) const {
+        const FinePoint to = fine(vertex);
         return (left_ == from_ || turn(from_, to, left_) >= slack_) &&
                (right_ == from_ || turn(from_, to, right_) <= -slack_);
     }
 
   private:
-    LatticePoint from_;
-    LatticePoint left_; // the hinge that limits the view on the left; `from_` while there is none
-    LatticePoint right_;
+    FinePoint from_;
+    FinePoint left_; // the hinge that limits the view on the left; `from_` while there is none
+    FinePoint right_;
     std::int64_t slack_;
 };
 

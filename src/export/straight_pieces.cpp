@@ -7,9 +7,8 @@
 namespace kelvane {
 namespace {
 
-// How far the line of best fit may pass from an end, in lattice steps: as far as a vertex may move;
-// a little more for long pieces, whose ends may lie at the wall of the tube; hardly at all at a
-// kept end.
+// How far the line may pass from an end, in lattice steps: as far as a vertex may move; up to the
+// wall of the tube for long pieces; hardly at all at a kept end.
 constexpr std::int32_t kLongPiece = 20 * kPixelSteps;
 constexpr double kKeptEndDistance = 2;
 
@@ -28,18 +27,18 @@ constexpr double kRoom = 1;
 class StraightPieces::Growth {
   public:
     Growth(const ExactPath& path, const Tube& tube, SeparatingLines& lines, Index begin)
-        : path_(path), tube_(tube), lines_(lines), begin_(begin), origin_(path[begin]),
-          end_(begin) {
+        : path_(path), tube_(tube), lines_(lines), begin_(begin), origin_(path[begin]), end_(begin),
+          measured_(begin) {
         lines_.reset(tube.open());
     }
 
     // Takes the next node in; false when no line follows the path so far.
     bool grow() {
         if (end_ > begin_ && path_.is_corner(end_) && !pass_corner()) return false;
-        const LatticePoint from = relative(path_[end_]);
-        run_ += path_.link_length(end_);
+        const std::int32_t link = path_.link_length(end_);
+        run_ += link;
+        length_ += link;
         ++end_;
-        moments_.add_link(from, relative(path_[end_]));
         return true;
     }
 
@@ -49,14 +48,28 @@ class StraightPieces::Growth {
         return turns_ >= kSlopeTurns ||
                (turns_ == 2 && std::min(first_run_, run_) >= kSingleStepRun);
     }
-    const PathMoments& moments() const { return moments_; }
-    LatticePoint relative(LatticePoint p) const { return {p.x - origin_.x, p.y - origin_.y}; }
+    // In lattice steps.
+    std::int64_t length() const { return length_; }
+    // Summed up to the end only when asked for: most ends come second to another piece.
+    PathMoments::Central moments() {
+        for (; measured_ < end_; ++measured_)
+            moments_.add_link(relative(path_[measured_]), relative(path_[measured_ + 1]));
+        return moments_.central();
+    }
+    LatticePoint relative(LatticePoint p) const { return p - origin_; }
+    FinePoint relative(FinePoint p) const {
+        const FinePoint origin = fine(origin_);
+        return {p.x - origin.x, p.y - origin.y};
+    }
 
+    // Whether the lines that follow the path have a middle one.
+    bool has_middle_line() const { return lines_.bounded(); }
     // The middle of the lines that follow the path, with points relative to the origin.
     FittedLine middle_line() const {
         const auto height = [](const SeparatingLines::Line& line) {
-            return static_cast<double>(line.from.w) -
-                   line.slope() * static_cast<double>(line.from.u);
+            return (static_cast<double>(line.from.w) -
+                    line.slope() * static_cast<double>(line.from.u)) /
+                   kStepParts;
         };
         const double slope = (lines_.steepest().slope() + lines_.flattest().slope()) / 2;
         const double w = (height(lines_.steepest()) + height(lines_.flattest())) / 2;
@@ -79,7 +92,7 @@ class StraightPieces::Growth {
         }
         run_ = 0;
         ++turns_;
-        const LatticePoint hinge = relative(tube_.hinge(path_, end_));
+        const FinePoint hinge = relative(tube_.hinge(path_, end_));
         const LatticePoint a = unit_step(lower_), b = unit_step(left_of(lower_));
         const std::int64_t along = std::int64_t{hinge.x} * a.x + std::int64_t{hinge.y} * a.y;
         const std::int64_t beside = std::int64_t{hinge.x} * b.x + std::int64_t{hinge.y} * b.y;
@@ -93,7 +106,9 @@ class StraightPieces::Growth {
     const Index begin_;
     const LatticePoint origin_;
     Index end_;
+    Index measured_; // the end of what `moments_` has summed
     PathMoments moments_;
+    std::int64_t length_ = 0;
     int turns_ = 0;
     Heading lower_ = Heading::kEast; // of the two headings the one further to the right
     std::int32_t first_run_ = 0;
@@ -117,7 +132,7 @@ void StraightPieces::split(const ExactPath& path, Index first, Index last, bool 
 void StraightPieces::extend_from(const ExactPath& path, Index first, Index last, Index begin,
                                  bool kept_ends) {
     const std::uint32_t pieces = best_[begin - first].pieces + 1;
-    const double short_limit = std::min(tube_.radius(), Tube::kHalfPixel - 1);
+    const double short_limit = std::min(tube_.radius_in_steps(), kPixelSteps / 2 - 1.);
     Growth growth(path, tube_, lines_, begin);
     for (const Index limit = std::min(last, begin + kMostNodes); growth.end() < limit;) {
         if (!growth.grow()) return;
@@ -127,16 +142,17 @@ void StraightPieces::extend_from(const ExactPath& path, Index first, Index last,
             continue;
         }
         if (best_[end - first].pieces < pieces || !growth.shows_slope()) continue;
-        double residual;
-        const FittedLine line = growth.moments().central().fit(residual);
+        const FittedLine line =
+            growth.has_middle_line() ? growth.middle_line() : growth.moments().fit();
         const double limit_inside =
-            growth.moments().length() >= kLongPiece ? tube_.radius() + 1 : short_limit;
+            growth.length() >= kLongPiece ? tube_.radius_in_steps() : short_limit;
         const auto passes = [&](Index node, bool kept) {
             return line.maximum_norm_distance(growth.relative(path[node])) <=
                    (kept ? kKeptEndDistance : limit_inside);
         };
         if (passes(begin, kept_ends && begin == first) && passes(end, kept_ends && end == last))
-            offer(begin - first, end - first, residual);
+            offer(begin - first, end - first,
+                  growth.moments().least_mean_square() * static_cast<double>(growth.length()));
     }
 }
 
@@ -152,8 +168,7 @@ StraightPiece StraightPieces::piece(const ExactPath& path, Index begin, Index en
     Growth growth(path, tube_, lines_, begin);
     while (growth.end() < end)
         growth.grow();
-    double residual;
-    FittedLine line = growth.moments().central().fit(residual);
+    FittedLine line = growth.moments().fit();
     const LatticePoint way = growth.relative(path[end]);
     const auto normalise = [&](FittedLine& l) {
         l.normalise();
@@ -170,14 +185,14 @@ StraightPiece StraightPieces::piece(const ExactPath& path, Index begin, Index en
             }
         return least;
     };
-    if (const double least = room(line); least < kRoom && lines_.bounded()) {
+    if (const double least = room(line); least < kRoom && growth.has_middle_line()) {
         FittedLine middle = growth.middle_line();
         normalise(middle);
         if (room(middle) > least) line = middle;
     }
     line.x += path[begin].x;
     line.y += path[begin].y;
-    return {begin, end, line, growth.moments().length()};
+    return {begin, end, line, static_cast<double>(growth.length())};
 }
 
 } // namespace kelvane

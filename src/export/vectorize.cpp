@@ -15,17 +15,17 @@ namespace {
 
 // Stairs only become slopes from this tolerance on: the corners of the steepest stairs, those of 45
 // degrees, are a quarter of a pixel away from their line.
-constexpr std::int32_t kLeastRadius = kPixelSteps / 4;
-// In a picture with a longer side outlines stay as they are: the texts of all coordinates would
-// take 8 GB.
-constexpr int kLongestSmoothSide = 1 << 24;
+constexpr std::int32_t kLeastRadius = kPixelParts / 4;
+// In a picture with a longer side outlines stay as they are: products of coordinates in parts of a
+// lattice step would take more than 64 bits.
+constexpr int kLongestSmoothSide = 1 << 21;
 
-// The tolerance in lattice steps, or 0 when outlines are to be exact.
+// The tolerance in parts of a lattice step, or 0 when outlines are to be exact.
 std::int32_t smoothing_radius(ConstImageView image, const ExportOptions& options) {
     if (!options.exp || options.optPoly == kShapeRectangle) return 0;
     if (std::max(image.width, image.height) > kLongestSmoothSide) return 0;
     constexpr double kRoundingError = 1e-9;
-    const double steps = options.smooth * kPixelSteps + kRoundingError;
+    const double steps = options.smooth * kPixelParts + kRoundingError;
     const auto radius = static_cast<std::int32_t>(std::clamp(steps, 0., 1. * Tube::kHalfPixel));
     return radius < kLeastRadius ? 0 : radius;
 }

@@ -12,6 +12,11 @@ namespace {
 constexpr std::int32_t kNear = 1;
 constexpr std::size_t kNearCandidates = 5;
 
+// Where these fail, vertices up to so many nodes before and behind the joint are tried: about so
+// many, evenly taken from all that serve, which bounds the time for each joint.
+constexpr ExactPath::Index kJointNodes = 2;
+constexpr std::size_t kMostCommon = 40;
+
 // How strongly a vertex is drawn to the middle between its nearest points on two lines that are all
 // but parallel; small beside the squared lengths of pieces.
 constexpr double kDraw = kPixelSteps * kPixelSteps;
@@ -67,6 +72,16 @@ LatticePoint wanted_vertex(LatticePoint node, const StraightPiece& a, const Stra
 
 constexpr double squared(double value) {
     return value * value;
+}
+
+// Leaves up to `most` of the vertices, evenly spread.
+void thin_out(std::vector<SmoothVertex>& vertices, std::size_t most) {
+    const std::size_t step = (vertices.size() + most - 1) / most;
+    if (step <= 1) return;
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < vertices.size(); i += step)
+        vertices[kept++] = vertices[i];
+    vertices.erase(vertices.begin() + static_cast<std::ptrdiff_t>(kept), vertices.end());
 }
 
 // What the search keeps small, in pixels: squared distances and the square of the area.
@@ -199,19 +214,83 @@ bool VertexSearch::sees(const ExactPath& path, const SmoothVertex& from,
 void VertexSearch::reach(const ExactPath& path, std::span<const StraightPiece> pieces,
                          std::size_t index, std::vector<SmoothVertex>& targets) {
     if (advance(path, targets, true)) return;
+    const bool from_joint = index > 0 && layers_.back().joint;
+    if (from_joint && replace_joint(path, pieces[index - 1], pieces[index], targets)) return;
     if (index + 1 < pieces.size()) {
         widen(path, pieces[index], pieces[index + 1], targets);
         if (advance(path, targets, true)) return;
-    }
-    if (index > 0 && layers_.back().joint) {
-        std::vector<SmoothVertex> wider;
-        widen(path, pieces[index - 1], pieces[index], wider);
-        states_.resize(layers_.back().begin);
-        layers_.pop_back();
-        advance(path, wider, true);
+        if (from_joint && replace_joint(path, pieces[index - 1], pieces[index], targets)) return;
     }
     while (!advance(path, targets, true))
         insert(path, pieces[index], targets.front().node);
+}
+
+// Takes other vertices at the joint of two pieces, the last that was reached: all that are seen
+// both from the vertices before and from `targets`. False, and nothing is changed, when no edges
+// lead through them.
+bool VertexSearch::replace_joint(const ExactPath& path, const StraightPiece& before,
+                                 const StraightPiece& behind,
+                                 std::span<const SmoothVertex> targets) {
+    const Layer joint = layers_.back();
+    const std::span<const State> sources =
+        std::span(states_).first(joint.begin).subspan(layers_[layers_.size() - 2].begin);
+    // Joints share no node: each has less than half of the piece between them.
+    const Index first =
+        std::max({behind.begin - std::min(behind.begin, kJointNodes),
+                  (before.begin + behind.begin) / 2 + 1, sources.back().vertex.node + 1});
+    const Index last = std::min({behind.begin + kJointNodes, (behind.begin + behind.end - 1) / 2,
+                                 targets.front().node - 1});
+    std::vector<SmoothVertex> common;
+    for (Index node = first; node <= last; ++node)
+        add_common_vertices(path, node, sources, targets, common);
+    thin_out(common, kMostCommon);
+    const std::vector<State> joint_states(states_.begin() + joint.begin, states_.end());
+    states_.resize(joint.begin);
+    layers_.pop_back();
+    if (advance(path, common, true)) {
+        if (advance(path, targets, true)) return true;
+        layers_.pop_back();
+    }
+    states_.resize(joint.begin);
+    states_.insert(states_.end(), joint_states.begin(), joint_states.end());
+    layers_.push_back(joint);
+    return false;
+}
+
+// The vertices near a node that are seen from one of `sources` and from one of `targets`.
+void VertexSearch::add_common_vertices(const ExactPath& path, Index node,
+                                       std::span<const State> sources,
+                                       std::span<const SmoothVertex> targets,
+                                       std::vector<SmoothVertex>& found) {
+    const auto pass = [&](Sight& sight, Index corner, bool backwards) {
+        return !path.is_corner(corner) ||
+               sight.pass(tube_.hinge(path, corner), path.turns_left(corner) != backwards);
+    };
+    forward_.clear();
+    for (const State& source : sources) {
+        Sight sight(tube_, source.vertex.at);
+        Index at = source.vertex.node + 1;
+        while (at < node && pass(sight, at, false))
+            ++at;
+        if (at == node) forward_.push_back(sight);
+    }
+    backward_.clear();
+    for (const SmoothVertex& target : targets) {
+        Sight sight(tube_, target.at);
+        Index at = target.node - 1;
+        while (at > node && pass(sight, at, true))
+            --at;
+        if (at == node) backward_.push_back(sight);
+    }
+    const std::int32_t reach = tube_.vertex_reach();
+    const LatticePoint middle = path[node];
+    for (std::int32_t y = middle.y - reach; y <= middle.y + reach; ++y)
+        for (std::int32_t x = middle.x - reach; x <= middle.x + reach; ++x) {
+            const auto sees = [&](const Sight& sight) { return sight.sees({x, y}); };
+            if (std::any_of(forward_.begin(), forward_.end(), sees) &&
+                std::any_of(backward_.begin(), backward_.end(), sees))
+                found.push_back({{x, y}, node});
+        }
 }
 
 // Appends those of `targets` that edges from the last layer reach; false when there is none.

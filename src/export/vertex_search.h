@@ -20,8 +20,9 @@ struct SmoothVertex {
 /// with the least squared distance between edges and path (dynamic programming). The area that the
 /// edges have added or taken so far counts too, so that later ones give it back.
 ///
-/// Where no edge is possible between the candidates next to the lines' common point, others around
-/// it are tried; after that, vertices are put in between.
+/// Where no edge is possible between the candidates next to the lines' common point, vertices
+/// around the joint before from which edges lead both ways are tried, then others at the joint
+/// ahead; after that, vertices are put in between.
 ///
 /// At the end vertices are moved by a few lattice steps where that makes up for area still added or
 /// taken and their edges stay in the tube.
@@ -65,7 +66,7 @@ class VertexSearch {
     };
 
     struct Hinge {
-        LatticePoint at;
+        FinePoint at;
         Index corner;
         bool left_turn;
     };
@@ -80,6 +81,11 @@ class VertexSearch {
                std::vector<SmoothVertex>& found) const;
     void add_candidates_between(const ExactPath& path, const StraightPiece& piece, Index node,
                                 std::vector<SmoothVertex>& found) const;
+    bool replace_joint(const ExactPath& path, const StraightPiece& before,
+                       const StraightPiece& behind, std::span<const SmoothVertex> targets);
+    void add_common_vertices(const ExactPath& path, Index node, std::span<const State> sources,
+                             std::span<const SmoothVertex> targets,
+                             std::vector<SmoothVertex>& found);
     bool make_up_for(const ExactPath& path, std::int64_t& area);
     bool within_reach(LatticePoint vertex, LatticePoint node) const;
     bool sees(const ExactPath& path, const SmoothVertex& from, const SmoothVertex& to) const;
@@ -90,9 +96,11 @@ class VertexSearch {
     const Tube tube_;
     std::vector<State> states_;
     std::vector<Layer> layers_;
-    std::vector<State> reached_; // targets of the edges at hand
-    std::vector<Span> spans_;    // to their nodes, ascending
-    std::vector<Hinge> hinges_;  // of the corners on the way
+    std::vector<State> reached_;  // targets of the edges at hand
+    std::vector<Span> spans_;     // to their nodes, ascending
+    std::vector<Hinge> hinges_;   // of the corners on the way
+    std::vector<Sight> forward_;  // from the vertices before a joint
+    std::vector<Sight> backward_; // from those behind it
     std::vector<SmoothVertex> vertices_;
 };
 
