@@ -32,17 +32,17 @@ TEST_F(Export, OutOfRangeScriptIsDeletedOnlyWhenTicked) {
 }
 
 TEST_F(Export, ScriptGoesBesideThePictureAndIsReported) {
-    opened(drawn({"#.."}));
+    opened(drawn({"#.."}), L"logo.v2.bmp");
     script.expect_dialog([](HWND dialog) {
         choose_in_list(dialog, IDC_EXPORT_LAYER, 20);
         click(dialog, IDC_EXPORT_MIRROR);
     });
-    script.expect_file_dialog(L"logo.scr");
+    script.expect_dialog([](HWND /*the name is proposed*/) {});
     choose(kCmdExport);
-    ASSERT_TRUE(exists(folder / "logo.scr"));
-    EXPECT_THAT(file_text(folder / "logo.scr"), testing::HasSubstr("Polygon 0 (2 0)"));
+    ASSERT_TRUE(exists(folder / "logo.v2.scr"));
+    EXPECT_THAT(file_text(folder / "logo.v2.scr"), testing::HasSubstr("Polygon 0 (2 0)"));
     EXPECT_THAT(status(0), testing::StartsWith(L" Complete.  Required Time = "));
-    EXPECT_THAT(status(0), testing::EndsWith(L"  logo.scr: 1 polygon on 21 tPlace"));
+    EXPECT_THAT(status(0), testing::EndsWith(L"  logo.v2.scr: 1 polygon on 21 tPlace"));
 }
 
 TEST_F(Export, DialogsHandTheirValuesToTheDocument) {

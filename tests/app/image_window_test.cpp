@@ -6,6 +6,9 @@
 #include "ids.h"
 
 #include <commctrl.h>
+#include <gmock/gmock.h>
+
+#include <set>
 
 namespace kelvane::test {
 namespace {
@@ -170,6 +173,10 @@ TEST_F(ImageWindow, SelectsByMouseCopiesAndCrops) {
     zoom_by_wheel(form, 120, {0, 0}); // 200 %
     drag(form, {21, 11}, {60, 41});
     EXPECT_EQ(form.view().selection(), (PixelRect{10, 5, 21, 16}));
+    std::set<std::array<int, 3>> frame;
+    for (int x = 19; x <= 62; ++x)
+        frame.insert(shown(form, x, 9));
+    EXPECT_THAT(frame, testing::ElementsAre(std::array{0, 0, 0}, std::array{255, 255, 255}));
     const cDIBSection part = [&] {
         cDIBSection copy = black_picture(21, 16);
         Crop(picture_of(form).view(), {10, 5, 21, 16}, copy.view());
