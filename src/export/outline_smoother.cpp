@@ -150,7 +150,11 @@ SmoothVertex OutlineSmoother::find_start() {
         return std::max(vertex.node, pieces_[0].end) - std::min(vertex.node, pieces_[0].end);
     };
     const std::span<const SmoothVertex> found = search_.vertices();
-    return *std::min_element(found.begin() + 1, found.end(),
+    // Behind a piece of a single link the next joint may be the nearer one.
+    const auto next_joint =
+        std::find_if(found.begin() + 2, found.end(),
+                     [&](const SmoothVertex& vertex) { return vertex.node >= pieces_[1].end; });
+    return *std::min_element(found.begin() + 1, next_joint,
                              [&](const SmoothVertex& a, const SmoothVertex& b) {
                                  return from_joint(a) < from_joint(b);
                              });

@@ -142,15 +142,18 @@ void StraightPieces::extend_from(const ExactPath& path, Index first, Index last,
             continue;
         }
         if (best_[end - first].pieces < pieces || !growth.shows_slope()) continue;
-        const FittedLine line =
-            growth.has_middle_line() ? growth.middle_line() : growth.moments().fit();
         const double limit_inside =
             growth.length() >= kLongPiece ? tube_.radius_in_steps() : short_limit;
-        const auto passes = [&](Index node, bool kept) {
-            return line.maximum_norm_distance(growth.relative(path[node])) <=
-                   (kept ? kKeptEndDistance : limit_inside);
+        const auto passes_ends = [&](const FittedLine& line) {
+            const auto passes = [&](Index node, bool kept) {
+                return line.maximum_norm_distance(growth.relative(path[node])) <=
+                       (kept ? kKeptEndDistance : limit_inside);
+            };
+            return passes(begin, kept_ends && begin == first) &&
+                   passes(end, kept_ends && end == last);
         };
-        if (passes(begin, kept_ends && begin == first) && passes(end, kept_ends && end == last))
+        if ((growth.has_middle_line() && passes_ends(growth.middle_line())) ||
+            passes_ends(growth.moments().fit()))
             offer(begin - first, end - first,
                   growth.moments().least_mean_square() * static_cast<double>(growth.length()));
     }

@@ -23,9 +23,9 @@ struct StraightPiece {
 /// piece is a straight part of the path, or one that a line follows:
 ///
 /// - some line passes all its hinges on their proper sides (a digital straight segment);
-/// - the middle one of these lines passes close to both ends, so that the lines of neighbouring
-///   pieces meet near by and the edges between take little or no area away: a long run and the
-///   first step of a rise are no slope;
+/// - the middle one of these lines or the line of best fit, which may leave the tube, passes close
+///   to both ends, so that the lines of neighbouring pieces meet near by and the edges between take
+///   little or no area away: a long run and the first step of a rise are no slope;
 /// - there are steps enough to tell a slope from a detail of one pixel.
 class StraightPieces {
   public:
