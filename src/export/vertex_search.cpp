@@ -214,13 +214,12 @@ bool VertexSearch::sees(const ExactPath& path, const SmoothVertex& from,
 void VertexSearch::reach(const ExactPath& path, std::span<const StraightPiece> pieces,
                          std::size_t index, std::vector<SmoothVertex>& targets) {
     if (advance(path, targets, true)) return;
-    const bool from_joint = index > 0 && layers_.back().joint;
-    if (from_joint && replace_joint(path, pieces[index - 1], pieces[index], targets)) return;
     if (index + 1 < pieces.size()) {
         widen(path, pieces[index], pieces[index + 1], targets);
         if (advance(path, targets, true)) return;
-        if (from_joint && replace_joint(path, pieces[index - 1], pieces[index], targets)) return;
     }
+    const bool from_joint = index > 0 && layers_.back().joint;
+    if (from_joint && replace_joint(path, pieces[index - 1], pieces[index], targets)) return;
     while (!advance(path, targets, true))
         insert(path, pieces[index], targets.front().node);
 }
