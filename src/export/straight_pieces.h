@@ -41,7 +41,7 @@ class StraightPieces {
 
     /// No piece has more nodes: what bounds the time by a multiple of the path's nodes. Longer
     /// lines would hardly find vertices on the lattice anyway.
-    static constexpr ExactPath::Index kMostNodes = 100;
+    static constexpr ExactPath::Index kMostNodes = 250;
 
   private:
     using Index = ExactPath::Index;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <initializer_list>
 #include <limits>
 
 namespace kelvane {
@@ -221,8 +222,10 @@ void VertexSearch::reach(const ExactPath& path, std::span<const StraightPiece> p
         if (advance(path, targets, true)) return;
         if (from_joint && replace_joint(path, pieces[index - 1], pieces[index], targets)) return;
     }
-    while (!advance(path, targets, true))
+    while (!advance(path, targets, true)) {
+        if (insert_common(path, targets)) return;
         insert(path, pieces[index], targets.front().node);
+    }
 }
 
 // Takes other vertices at the joint of two pieces, the last that was reached: all that are seen
@@ -247,11 +250,7 @@ bool VertexSearch::replace_joint(const ExactPath& path, const StraightPiece& bef
     const std::vector<State> joint_states(states_.begin() + joint.begin, states_.end());
     states_.resize(joint.begin);
     layers_.pop_back();
-    if (advance(path, common, true)) {
-        if (advance(path, targets, true)) return true;
-        layers_.pop_back();
-    }
-    states_.resize(joint.begin);
+    if (advance_over(path, common, targets, true)) return true;
     states_.insert(states_.end(), joint_states.begin(), joint_states.end());
     layers_.push_back(joint);
     return false;
@@ -313,6 +312,17 @@ bool VertexSearch::advance(const ExactPath& path, std::span<const SmoothVertex> 
     return true;
 }
 
+// Appends those of `between` through which edges lead to `targets`, and these; false, and nothing
+// is changed, when there is none.
+bool VertexSearch::advance_over(const ExactPath& path, std::span<const SmoothVertex> between,
+                                std::span<const SmoothVertex> targets, bool joint) {
+    if (!advance(path, between, joint)) return false;
+    if (advance(path, targets, true)) return true;
+    states_.resize(layers_.back().begin);
+    layers_.pop_back();
+    return false;
+}
+
 void VertexSearch::measure_spans(const ExactPath& path, Index from,
                                  std::span<const SmoothVertex> targets) {
     spans_.clear();
@@ -367,6 +377,26 @@ void VertexSearch::offer_edges(const ExactPath& path, std::uint32_t from) {
                 *to = {to->vertex, from, cost, area};
         }
     }
+}
+
+// Puts a single vertex in between, if edges lead through one from the last layer to `targets`: near
+// one end of the way, so that the longer edge keeps the direction of the line, or anywhere. False,
+// and nothing is changed, when there is none.
+bool VertexSearch::insert_common(const ExactPath& path, std::span<const SmoothVertex> targets) {
+    const Index from = states_.back().vertex.node, way = targets.front().node - from;
+    const auto insert_at = [&](std::initializer_list<Index> sixteenths) {
+        std::vector<SmoothVertex> common;
+        Index last = from;
+        for (const Index part : sixteenths) {
+            const Index node = from + way * part / 16;
+            if (node == last) continue;
+            add_common_vertices(path, node, last_layer(), targets, common);
+            last = node;
+        }
+        thin_out(common, kMostCommon);
+        return advance_over(path, common, targets, false);
+    };
+    return insert_at({1, 2, 14, 15}) || insert_at({2, 4, 6, 8, 10, 12, 14});
 }
 
 // Puts a vertex in between, of candidates at several nodes on the way to node `before`.
