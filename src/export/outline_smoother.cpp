@@ -124,7 +124,8 @@ bool OutlineSmoother::smooth_section(StraightPieces& straight_pieces) {
 bool OutlineSmoother::smooth_ring(StraightPieces& straight_pieces) {
     fill_path();
     straight_pieces.split(path_, 0, std::min(path_.last(), kStartSearch), false, ends_);
-    turn_path(ends_[ends_.size() / 2]);
+    // Not the last end: where the search stopped need not be a corner.
+    turn_path(ends_[(ends_.size() - 1) / 2]);
     if (!find_pieces(straight_pieces, false)) return false;
     joints_.move(path_, pieces_);
     const SmoothVertex start = find_start();

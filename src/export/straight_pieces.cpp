@@ -18,6 +18,9 @@ constexpr std::int32_t kSingleStepRun = 4 * kPixelSteps;
 
 // Closer hinges than this, in lattice steps, leave vertices on the lattice little room.
 constexpr double kRoom = 1;
+// How far behind a hinge, in lattice steps, a line of best fit may pass: the vertices are drawn
+// back into the tube.
+constexpr double kFitBeyond = 1;
 
 } // namespace
 
@@ -60,6 +63,27 @@ class StraightPieces::Growth {
     FinePoint relative(FinePoint p) const {
         const FinePoint origin = fine(origin_);
         return {p.x - origin.x, p.y - origin.y};
+    }
+
+    // Whether the line of best fit tells the slope where the middle one does not: with few steps
+    // the lines that pass differ much. With more, pieces that only it opens find no vertices.
+    bool told_by_best_fit() const { return turns_ <= kSlopeTurns || !has_middle_line(); }
+    // Length 1, the normal to the left of the way.
+    FittedLine normalised(FittedLine line) const {
+        const LatticePoint way = relative(path_[end_]);
+        line.normalise();
+        if (line.nx * way.y - line.ny * way.x > 0) line.nx = -line.nx, line.ny = -line.ny;
+        return line;
+    }
+    // Least distance of a hinge from the wrong side of a normalised line, at most `kRoom`.
+    double room(const FittedLine& line) const {
+        double least = kRoom;
+        for (Index node = begin_ + 1; node < end_; ++node)
+            if (path_.is_corner(node)) {
+                const double offset = line.offset(relative(tube_.hinge(path_, node)));
+                least = std::min(least, path_.turns_left(node) ? offset : -offset);
+            }
+        return least;
     }
 
     // Whether the lines that follow the path have a middle one.
@@ -152,8 +176,12 @@ void StraightPieces::extend_from(const ExactPath& path, Index first, Index last,
             return passes(begin, kept_ends && begin == first) &&
                    passes(end, kept_ends && end == last);
         };
+        const auto best_fit_passes = [&] {
+            const FittedLine line = growth.moments().fit();
+            return passes_ends(line) && growth.room(growth.normalised(line)) >= -kFitBeyond;
+        };
         if ((growth.has_middle_line() && passes_ends(growth.middle_line())) ||
-            passes_ends(growth.moments().fit()))
+            (growth.told_by_best_fit() && best_fit_passes()))
             offer(begin - first, end - first,
                   growth.moments().least_mean_square() * static_cast<double>(growth.length()));
     }
@@ -171,27 +199,10 @@ StraightPiece StraightPieces::piece(const ExactPath& path, Index begin, Index en
     Growth growth(path, tube_, lines_, begin);
     while (growth.end() < end)
         growth.grow();
-    FittedLine line = growth.moments().fit();
-    const LatticePoint way = growth.relative(path[end]);
-    const auto normalise = [&](FittedLine& l) {
-        l.normalise();
-        if (l.nx * way.y - l.ny * way.x > 0) l.nx = -l.nx, l.ny = -l.ny;
-    };
-    normalise(line);
-    // Least distance of a hinge from the wrong side of a line.
-    const auto room = [&](const FittedLine& l) {
-        double least = kRoom;
-        for (Index node = begin + 1; node < end; ++node)
-            if (path.is_corner(node)) {
-                const double offset = l.offset(growth.relative(tube_.hinge(path, node)));
-                least = std::min(least, path.turns_left(node) ? offset : -offset);
-            }
-        return least;
-    };
-    if (const double least = room(line); least < kRoom && growth.has_middle_line()) {
-        FittedLine middle = growth.middle_line();
-        normalise(middle);
-        if (room(middle) > least) line = middle;
+    FittedLine line = growth.normalised(growth.moments().fit());
+    if (const double least = growth.room(line); least < kRoom && growth.has_middle_line()) {
+        const FittedLine middle = growth.normalised(growth.middle_line());
+        if (growth.room(middle) > least) line = middle;
     }
     line.x += path[begin].x;
     line.y += path[begin].y;

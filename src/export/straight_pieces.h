@@ -23,8 +23,8 @@ struct StraightPiece {
 /// piece is a straight part of the path, or one that a line follows:
 ///
 /// - some line passes all its hinges on their proper sides (a digital straight segment);
-/// - the middle one of these lines or the line of best fit, which may leave the tube, passes close
-///   to both ends, so that the lines of neighbouring pieces meet near by and the edges between take
+/// - the middle one of these lines passes close to both ends, or with few steps the line of best
+///   fit does, so that the lines of neighbouring pieces meet near by and the edges between take
 ///   little or no area away: a long run and the first step of a rise are no slope;
 /// - there are steps enough to tell a slope from a detail of one pixel.
 class StraightPieces {
@@ -41,7 +41,7 @@ class StraightPieces {
 
     /// No piece has more nodes: what bounds the time by a multiple of the path's nodes. Longer
     /// lines would hardly find vertices on the lattice anyway.
-    static constexpr ExactPath::Index kMostNodes = 100;
+    static constexpr ExactPath::Index kMostNodes = 250;
 
   private:
     using Index = ExactPath::Index;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <initializer_list>
 #include <limits>
 
 namespace kelvane {
@@ -15,7 +16,9 @@ constexpr std::size_t kNearCandidates = 5;
 // Where these fail, vertices up to so many nodes before and behind the joint are tried: about so
 // many, evenly taken from all that serve, which bounds the time for each joint.
 constexpr ExactPath::Index kJointNodes = 2;
-constexpr std::size_t kMostCommon = 40;
+constexpr std::size_t kMostCommon = 12;
+// Of the lattice around a node every second row and column serves; others hardly lead further.
+constexpr std::int32_t kCommonStep = 2;
 
 // How strongly a vertex is drawn to the middle between its nearest points on two lines that are all
 // but parallel; small beside the squared lengths of pieces.
@@ -214,14 +217,16 @@ bool VertexSearch::sees(const ExactPath& path, const SmoothVertex& from,
 void VertexSearch::reach(const ExactPath& path, std::span<const StraightPiece> pieces,
                          std::size_t index, std::vector<SmoothVertex>& targets) {
     if (advance(path, targets, true)) return;
+    const bool from_joint = index > 0 && layers_.back().joint;
+    if (from_joint && replace_joint(path, pieces[index - 1], pieces[index], targets)) return;
     if (index + 1 < pieces.size()) {
         widen(path, pieces[index], pieces[index + 1], targets);
         if (advance(path, targets, true)) return;
     }
-    const bool from_joint = index > 0 && layers_.back().joint;
-    if (from_joint && replace_joint(path, pieces[index - 1], pieces[index], targets)) return;
-    while (!advance(path, targets, true))
+    while (!advance(path, targets, true)) {
+        if (insert_common(path, targets)) return;
         insert(path, pieces[index], targets.front().node);
+    }
 }
 
 // Takes other vertices at the joint of two pieces, the last that was reached: all that are seen
@@ -246,11 +251,7 @@ bool VertexSearch::replace_joint(const ExactPath& path, const StraightPiece& bef
     const std::vector<State> joint_states(states_.begin() + joint.begin, states_.end());
     states_.resize(joint.begin);
     layers_.pop_back();
-    if (advance(path, common, true)) {
-        if (advance(path, targets, true)) return true;
-        layers_.pop_back();
-    }
-    states_.resize(joint.begin);
+    if (advance_over(path, common, targets, true)) return true;
     states_.insert(states_.end(), joint_states.begin(), joint_states.end());
     layers_.push_back(joint);
     return false;
@@ -283,8 +284,8 @@ void VertexSearch::add_common_vertices(const ExactPath& path, Index node,
     }
     const std::int32_t reach = tube_.vertex_reach();
     const LatticePoint middle = path[node];
-    for (std::int32_t y = middle.y - reach; y <= middle.y + reach; ++y)
-        for (std::int32_t x = middle.x - reach; x <= middle.x + reach; ++x) {
+    for (std::int32_t y = middle.y - reach; y <= middle.y + reach; y += kCommonStep)
+        for (std::int32_t x = middle.x - reach; x <= middle.x + reach; x += kCommonStep) {
             const auto sees = [&](const Sight& sight) { return sight.sees({x, y}); };
             if (std::any_of(forward_.begin(), forward_.end(), sees) &&
                 std::any_of(backward_.begin(), backward_.end(), sees))
@@ -310,6 +311,17 @@ bool VertexSearch::advance(const ExactPath& path, std::span<const SmoothVertex> 
     if (states_.size() == begin) return false;
     layers_.push_back({begin, joint});
     return true;
+}
+
+// Appends those of `between` through which edges lead to `targets`, and these; false, and nothing
+// is changed, when there is none.
+bool VertexSearch::advance_over(const ExactPath& path, std::span<const SmoothVertex> between,
+                                std::span<const SmoothVertex> targets, bool joint) {
+    if (!advance(path, between, joint)) return false;
+    if (advance(path, targets, true)) return true;
+    states_.resize(layers_.back().begin);
+    layers_.pop_back();
+    return false;
 }
 
 void VertexSearch::measure_spans(const ExactPath& path, Index from,
@@ -366,6 +378,26 @@ void VertexSearch::offer_edges(const ExactPath& path, std::uint32_t from) {
                 *to = {to->vertex, from, cost, area};
         }
     }
+}
+
+// Puts a single vertex in between, if edges lead through one from the last layer to `targets`: near
+// one end of the way, so that the longer edge keeps the direction of the line, or anywhere. False,
+// and nothing is changed, when there is none.
+bool VertexSearch::insert_common(const ExactPath& path, std::span<const SmoothVertex> targets) {
+    const Index from = states_.back().vertex.node, way = targets.front().node - from;
+    const auto insert_at = [&](std::initializer_list<Index> sixteenths) {
+        std::vector<SmoothVertex> common;
+        Index last = from;
+        for (const Index part : sixteenths) {
+            const Index node = from + way * part / 16;
+            if (node == last) continue;
+            add_common_vertices(path, node, last_layer(), targets, common);
+            last = node;
+        }
+        thin_out(common, kMostCommon);
+        return advance_over(path, common, targets, false);
+    };
+    return insert_at({1, 2, 14, 15}) || insert_at({2, 4, 6, 8, 10, 12, 14});
 }
 
 // Puts a vertex in between, of candidates at several nodes on the way to node `before`.

@@ -22,7 +22,7 @@ struct SmoothVertex {
 ///
 /// Where no edge is possible between the candidates next to the lines' common point, vertices
 /// around the joint before from which edges lead both ways are tried, then others at the joint
-/// ahead; after that, vertices are put in between.
+/// ahead; after that, a single vertex is put in between, and if none serves, several.
 ///
 /// At the end vertices are moved by a few lattice steps where that makes up for area still added or
 /// taken and their edges stay in the tube.
@@ -74,8 +74,11 @@ class VertexSearch {
     void reach(const ExactPath& path, std::span<const StraightPiece> pieces, std::size_t index,
                std::vector<SmoothVertex>& targets);
     bool advance(const ExactPath& path, std::span<const SmoothVertex> targets, bool joint);
+    bool advance_over(const ExactPath& path, std::span<const SmoothVertex> between,
+                      std::span<const SmoothVertex> targets, bool joint);
     void measure_spans(const ExactPath& path, Index from, std::span<const SmoothVertex> targets);
     void offer_edges(const ExactPath& path, std::uint32_t from);
+    bool insert_common(const ExactPath& path, std::span<const SmoothVertex> targets);
     void insert(const ExactPath& path, const StraightPiece& piece, Index before);
     void widen(const ExactPath& path, const StraightPiece& before, const StraightPiece& behind,
                std::vector<SmoothVertex>& found) const;

@@ -146,7 +146,7 @@ TEST(Smooth, DetailsOfOnePixelAndUprightRectanglesStay) {
 }
 
 TEST(Smooth, SidesOfTurnedRectangles) {
-    for (int degrees = 3; degrees < 360; degrees += 6) {
+    for (double degrees = 0; degrees < 60; degrees += 1. / 6) {
         const Path path = smooth_outline(filled(120, 120, rectangle(60, 60, 100, 30, degrees)));
         EXPECT_LE(path.size(), 12u) << degrees;
         double longest = 0, turned = 0; // of the edges along the long sides
