@@ -7,7 +7,6 @@ int whole_number(const OperationArguments& arguments, std::size_t index,
     return arguments.integer(index, number.name, number.least, number.most);
 }
 
-// For operations with this one argument, which may be left out.
 int optional_number(const OperationArguments& arguments, const WholeNumber& number) {
     arguments.expect_count(0, 1);
     return arguments.given() ? whole_number(arguments, 0, number) : number.missing;
