@@ -9,8 +9,8 @@ namespace {
 // the corners.
 constexpr std::int32_t kLongRun = 5 * kPixelSteps;
 
-// A ring is split at first no further than this, to find a good node to start from.
-constexpr ExactPath::Index kStartSearch = 100;
+// So many pieces of a ring are looked at to find a good node to start from.
+constexpr int kPiecesToStart = 4;
 // Pieces for which vertices are searched at first, to find a good one to start from.
 constexpr std::size_t kStartPieces = 3;
 
@@ -107,7 +107,7 @@ void OutlineSmoother::end_section(bool ring) {
 
 // From one kept vertex to the next.
 bool OutlineSmoother::smooth_section(StraightPieces& straight_pieces) {
-    fill_path();
+    fill_path(false);
     if (!find_pieces(straight_pieces, true)) return false;
     joints_.move(path_, pieces_);
     const SmoothVertex first{path_[0], 0}, last{path_[path_.last()], path_.last()};
@@ -122,10 +122,8 @@ bool OutlineSmoother::smooth_section(StraightPieces& straight_pieces) {
 
 // An outline without a kept vertex.
 bool OutlineSmoother::smooth_ring(StraightPieces& straight_pieces) {
-    fill_path();
-    straight_pieces.split(path_, 0, std::min(path_.last(), kStartSearch), false, ends_);
-    // Not the last end: where the search stopped need not be a corner.
-    turn_path(ends_[(ends_.size() - 1) / 2]);
+    fill_path(true);
+    turn_path(find_corner(straight_pieces));
     if (!find_pieces(straight_pieces, false)) return false;
     joints_.move(path_, pieces_);
     const SmoothVertex start = find_start();
@@ -137,6 +135,22 @@ bool OutlineSmoother::smooth_ring(StraightPieces& straight_pieces) {
     for (const SmoothVertex& vertex : search_.vertices().subspan(1))
         add_smooth(vertex.at);
     return true;
+}
+
+// A node of a ring that ends a long piece, so that no piece from there on is cut in two.
+OutlineSmoother::Index OutlineSmoother::find_corner(StraightPieces& straight_pieces) {
+    Index corner = 0;
+    std::int32_t longest = 0;
+    Index begin = straight_pieces.longest_from(path_, 0);
+    for (int piece = 0; piece < kPiecesToStart && begin < path_.last(); ++piece) {
+        const Index end = straight_pieces.longest_from(path_, begin);
+        if (const std::int32_t length = distance(path_[begin], path_[end]); length > longest) {
+            longest = length;
+            corner = end;
+        }
+        begin = end;
+    }
+    return corner % path_.last();
 }
 
 // The vertex at the first joint of a ring, with regard to the pieces around it.
@@ -179,13 +193,31 @@ bool OutlineSmoother::accept_area(std::int64_t area) {
     return true;
 }
 
-void OutlineSmoother::fill_path() {
+// Whether the middle of the pixel inside the turn at a vertex may be touched by other edges: the
+// outline has a third side of the pixel as well, or what is known of it ends next to the turn.
+bool OutlineSmoother::shares_bend(std::size_t vertex, bool ring) const {
+    const std::size_t last = exact_.size() - 1; // the first again in a ring
+    const auto is_end = [&](std::size_t i) { return !ring && (i == 0 || i == last); };
+    if (is_end(vertex)) return false; // no turn
+    const auto before = [&](std::size_t i) { return i == 0 ? last - 1 : i - 1; };
+    const auto behind = [&](std::size_t i) { return i == last ? 1 : i + 1; };
+    const auto left = [&](std::size_t i) {
+        return turn(exact_[before(i)], exact_[i], exact_[behind(i)]) > 0;
+    };
+    for (const std::size_t i : {before(vertex), behind(vertex)})
+        if (distance(exact_[i], exact_[vertex]) <= kPixelSteps &&
+            (is_end(i) || left(i) == left(vertex)))
+            return true;
+    return false;
+}
+
+void OutlineSmoother::fill_path(bool ring) {
     path_.clear();
-    path_.append(exact_.front());
+    path_.append(exact_.front(), shares_bend(0, ring));
     for (std::size_t i = 1; i < exact_.size(); ++i) {
         const LatticePoint a = exact_[i - 1], b = exact_[i];
-        if (distance(a, b) >= kLongRun) path_.append(middle(a, b));
-        path_.append(b);
+        if (distance(a, b) >= kLongRun) path_.append(middle(a, b), false);
+        path_.append(b, shares_bend(i, ring));
     }
 }
 
@@ -194,14 +226,14 @@ void OutlineSmoother::turn_path(Index start) {
     const Index nodes = path_.last();
     turned_.clear();
     for (Index i = 0; i <= nodes; ++i)
-        turned_.append(path_[(start + i) % nodes]);
+        turned_.append(path_[(start + i) % nodes], path_.shared((start + i) % nodes));
     std::swap(path_, turned_);
 }
 
 // Splits the path into pieces; false, with none, when all of them are straight: then nothing is to
 // be done.
 bool OutlineSmoother::find_pieces(StraightPieces& straight_pieces, bool kept_ends) {
-    straight_pieces.split(path_, 0, path_.last(), kept_ends, ends_);
+    straight_pieces.split(path_, kept_ends, ends_);
     bool slanted = false;
     for (std::size_t i = 1; i < ends_.size(); ++i)
         slanted = slanted || !axis_parallel(path_[ends_[i - 1]], path_[ends_[i]]);

@@ -43,9 +43,11 @@ class OutlineSmoother final : public OutlineReceiver {
     void end_section(bool ring);
     bool smooth_section(StraightPieces& straight_pieces);
     bool smooth_ring(StraightPieces& straight_pieces);
+    Index find_corner(StraightPieces& straight_pieces);
     SmoothVertex find_start();
     void start_pieces_at(Index start);
-    void fill_path();
+    bool shares_bend(std::size_t vertex, bool ring) const;
+    void fill_path(bool ring);
     void turn_path(Index start);
     bool find_pieces(StraightPieces& straight_pieces, bool kept_ends);
     bool accept_area(std::int64_t area);

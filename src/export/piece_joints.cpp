@@ -127,7 +127,8 @@ void PieceJoints::add_nodes(ExactPath& path, std::vector<StraightPiece>& pieces)
     denser_.clear();
     std::size_t joint = 0, added = 0;
     const auto append = [&](Place place) {
-        denser_.append(point_at(path, place.link, place.offset));
+        denser_.append(point_at(path, place.link, place.offset),
+                       place.offset == 0 && path.shared(place.link));
         if (joint == joints_.size() || joints_[joint] != place) return;
         if (joint > 0) pieces[joint - 1].end = denser_.last();
         if (joint < pieces.size()) pieces[joint].begin = denser_.last();

@@ -12,36 +12,38 @@ std::int64_t above(Point a, Point b, Point c) {
 
 } // namespace
 
-void SeparatingLines::reset(bool strict) {
-    upper_.points.clear();
-    upper_.first = 0;
-    lower_.points.clear();
-    lower_.first = 0;
+SeparatingLines::SeparatingLines(std::size_t most_points) {
+    upper_.points.resize(most_points);
+    lower_.points.resize(most_points);
+}
+
+void SeparatingLines::reset() {
+    upper_.first = upper_.end = 0;
+    lower_.first = lower_.end = 0;
     has_steepest_ = has_flattest_ = false;
-    slack_ = strict ? 1 : 0;
 }
 
 // kSide is 1 for the hull of lower points, -1 for that of upper points: the mirror image.
 template <int kSide> void SeparatingLines::append(Hull& hull, Point point) {
-    std::vector<Point>& points = hull.points;
-    while (points.size() >= hull.first + 2 &&
-           kSide * above(points[points.size() - 2], points.back(), point) >= 0)
-        points.pop_back();
-    points.push_back(point);
+    Point* const points = hull.points.data();
+    std::size_t end = hull.end;
+    while (end >= hull.first + 2 && kSide * above(points[end - 2], points[end - 1], point) >= 0)
+        --end;
+    points[end] = point;
+    hull.end = end + 1;
 }
 
 template <int kSide> Point SeparatingLines::tangent_point(Hull& hull, Point from) {
-    const std::vector<Point>& points = hull.points;
-    while (hull.first + 1 < points.size() &&
+    const Point* const points = hull.points.data();
+    while (hull.first + 1 < hull.end &&
            kSide * above(points[hull.first], from, points[hull.first + 1]) >= 0)
         ++hull.first;
     return points[hull.first];
 }
 
 bool SeparatingLines::add_upper(Point point) {
-    if (has_flattest_ && above(flattest_.from, flattest_.to, point) < slack_) return false;
-    if (lower_.first < lower_.points.size() &&
-        (!has_steepest_ || above(steepest_.from, steepest_.to, point) < 0)) {
+    if (has_flattest_ && above(flattest_.from, flattest_.to, point) < 0) return false;
+    if (!lower_.empty() && (!has_steepest_ || above(steepest_.from, steepest_.to, point) < 0)) {
         steepest_ = {tangent_point<1>(lower_, point), point};
         has_steepest_ = true;
     }
@@ -50,9 +52,8 @@ bool SeparatingLines::add_upper(Point point) {
 }
 
 bool SeparatingLines::add_lower(Point point) {
-    if (has_steepest_ && above(steepest_.from, steepest_.to, point) > -slack_) return false;
-    if (upper_.first < upper_.points.size() &&
-        (!has_flattest_ || above(flattest_.from, flattest_.to, point) > 0)) {
+    if (has_steepest_ && above(steepest_.from, steepest_.to, point) > 0) return false;
+    if (!upper_.empty() && (!has_flattest_ || above(flattest_.from, flattest_.to, point) > 0)) {
         flattest_ = {tangent_point<-1>(upper_, point), point};
         has_flattest_ = true;
     }

@@ -8,7 +8,8 @@
 namespace kelvane {
 
 /// Keeps track of the lines w = slope * u + height that pass below all upper and above all lower
-/// points added so far. Points come with ascending `u`; adding one takes constant time on average.
+/// points added so far, or through them. Points come with ascending `u`; adding one takes constant
+/// time on average.
 ///
 /// Of the upper points only the lower side of the convex hull can limit a line, of the lower points
 /// only the upper side. The steepest line touches a lower point and, further right, an upper point,
@@ -29,8 +30,10 @@ class SeparatingLines {
         }
     };
 
-    /// Starts anew; with `strict`, lines may not touch the points.
-    void reset(bool strict);
+    /// Room for so many points.
+    explicit SeparatingLines(std::size_t most_points);
+    /// Starts anew, without points.
+    void reset();
     /// False when no line is left; the object is then to be reset.
     bool add_upper(Point point);
     bool add_lower(Point point);
@@ -41,10 +44,13 @@ class SeparatingLines {
     const Line& flattest() const { return flattest_; }
 
   private:
-    // One side of a convex hull; points before `first` no longer matter.
+    // One side of a convex hull: the points from `first` to before `end`. Those further left no
+    // longer matter.
     struct Hull {
         std::vector<Point> points;
         std::size_t first = 0;
+        std::size_t end = 0;
+        bool empty() const { return first == end; }
     };
     template <int kSide> static void append(Hull& hull, Point point);
     template <int kSide> static Point tangent_point(Hull& hull, Point from);
@@ -55,7 +61,6 @@ class SeparatingLines {
     Line flattest_{};
     bool has_steepest_ = false;
     bool has_flattest_ = false;
-    std::int64_t slack_ = 0;
 };
 
 } // namespace kelvane

@@ -4,7 +4,9 @@
 // the corners of pixels. A subpath S of it from p to q becomes one straight edge from a vertex v
 // near p to a vertex w near q. The edge is to lie in the tube of S: the points nearer to S than
 // half a pixel in the maximum norm, that is the open unit squares around the corners of pixels that
-// S passes, joined where S steps from one to the next.
+// S passes, joined where S steps from one to the next. At the inner corners of the tube's bends,
+// here called hinges, it may touch the wall; hinges are the middles of the pixels inside the turns
+// of S.
 //
 // - Squares around different corners of pixels have no point in common. Nearly every corner is
 //   passed once, by one subpath, or is the end of one and the beginning of the next. So edges of
@@ -12,6 +14,11 @@
 //   one another meet in the square around their common end p only; there each has a straight piece
 //   from the vertex to another side of the square, so they share the vertex alone, and the second
 //   never runs back along the first.
+// - No open square holds the middle of a pixel. So an edge that touches a hinge meets another edge
+//   there only if that one touches it too, as a hinge of its own: the pixel then lies inside two
+//   turns. It has a third side on an outline, and this one turns the same way a pixel before or
+//   behind; or a kept corner is that near. Such hinges count as shared and are not touched: the
+//   edge keeps a part of a lattice step away from them.
 // - Two kinds of corners are passed twice: those where two pixels meet diagonally, and the ends of
 //   the upper edge of a bridge strip. They are kept, that is, both subpaths end there in the point
 //   itself. Each of the four edges then leaves the centre of the square for the middle of another
@@ -19,22 +26,27 @@
 //   centre only.
 // - A strip lies in the closed squares around the corners that its upper edge passes. The outline
 //   above passes them straight and exactly. The lowered outline below touches their lower sides
-//   from outside, where the squares belong to no other outline; its vertices there are kept too.
+//   from outside, where the squares belong to no other outline; its vertices there are kept too. It
+//   passes the middles of the pixels below the strip. Only the two pixels at its ends can lie
+//   inside turns, and those are half a pixel from kept vertices: their hinges are shared.
 // - The edge takes part in the same crossings from square to square as S does. So the smooth
-//   outline can be deformed into the exact one without touching the middle of any pixel: each
-//   pixel's middle stays on its side, the sense of turning stays, and no outline vanishes.
+//   outline can be deformed into the exact one without crossing the middle of any pixel: each
+//   pixel's middle stays on its side or comes to lie on the edge, the sense of turning stays, and
+//   no outline vanishes.
 //
 // When an edge lies in the tube of S: S runs in two directions at most (say east and north), so its
 // tube is a simply connected band, and the bends of the shortest way through it from v to w are at
-// the inner corners of the tube's bends, here called hinges. That way is straight exactly when all
-// hinges of left turns are on the left of the edge v w and all of right turns on its right; one
-// look at each corner of S decides. The hinges of the half-pixel tube are the middles of pixels.
+// hinges. That way is straight exactly when all hinges of left turns are on the left of the edge v
+// w and all of right turns on its right; one look at each corner of S decides. The edge touches the
+// wall nowhere else: v and w lie inside, and hinges of left and right turns alternate, so that no
+// two are joined by a wall along which an edge could run.
 //
-// A smaller tolerance takes a smaller radius: the same holds for the closed tubes of that radius.
-// As the edge passes through the square around each corner of S, no point of S is further from it
-// than the radius either.
+// A smaller tolerance takes a smaller radius: then the tubes are apart from one another even with
+// their walls. As the edge passes through the closed square around each corner of S, no point of S
+// is further from it than the radius either.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -111,63 +123,83 @@ class ExactPath {
     using Index = std::uint32_t;
 
     void clear() { nodes_.clear(); }
-    /// Appends a node, in line with the last or straight above, below or beside it.
-    void append(LatticePoint at) {
-        if (!nodes_.empty()) nodes_.back().leaving = heading_to(nodes_.back().at, at);
-        nodes_.push_back({at, Heading::kEast});
+    /// Appends a node, in line with the last or straight above, below or beside it. `shared` tells
+    /// that the middle of the pixel inside the turn belongs to other edges as well.
+    void append(LatticePoint at, bool shared) {
+        if (!nodes_.empty()) {
+            nodes_.back().leaving = heading_to(nodes_.back().at, at);
+            if (nodes_.size() > 1) set_turn(nodes_[nodes_.size() - 2], nodes_.back());
+        }
+        nodes_.push_back({at, Heading::kEast, Turn::kNone, {0, 0}, shared});
     }
-    /// For a closed path, whose last node repeats the first.
-    void set_closed() { nodes_.back().leaving = nodes_.front().leaving; }
 
     Index size() const { return static_cast<Index>(nodes_.size()); }
     Index last() const { return size() - 1; }
     LatticePoint operator[](Index node) const { return nodes_[node].at; }
     Heading leaving(Index node) const { return nodes_[node].leaving; }
+    bool shared(Index node) const { return nodes_[node].shared; }
     /// Whether the path turns at an inner node.
-    bool is_corner(Index node) const { return leaving(node - 1) != leaving(node); }
-    bool turns_left(Index corner) const { return left_of(leaving(corner - 1)) == leaving(corner); }
+    bool is_corner(Index node) const { return nodes_[node].turn != Turn::kNone; }
+    bool turns_left(Index corner) const { return nodes_[corner].turn == Turn::kLeft; }
+    /// Into the bend of a corner: to the middle of the pixel there in halves of a pixel.
+    LatticePoint inwards(Index corner) const { return nodes_[corner].inwards; }
     /// From link `node` on, in lattice steps.
     std::int32_t link_length(Index node) const {
         return distance(nodes_[node].at, nodes_[node + 1].at);
     }
 
   private:
+    enum class Turn : std::uint8_t { kNone, kLeft, kRight };
     struct Node {
         LatticePoint at;
         Heading leaving; // of the link to the next node
+        Turn turn;
+        LatticePoint inwards;
+        bool shared;
     };
+    static void set_turn(const Node& before, Node& node) {
+        if (before.leaving == node.leaving) return;
+        node.turn = left_of(before.leaving) == node.leaving ? Turn::kLeft : Turn::kRight;
+        node.inwards = unit_step(node.leaving) - unit_step(before.leaving);
+    }
     std::vector<Node> nodes_;
 };
 
-/// The tube around exact paths in which their edges run.
+/// The closed tube around exact paths in which their edges run.
 class Tube {
   public:
-    /// In parts of a lattice step, as all radii; the tube of this radius is open, smaller ones are
-    /// closed.
+    /// In parts of a lattice step, as all radii.
     static constexpr std::int32_t kHalfPixel = kPixelParts / 2;
 
     explicit Tube(std::int32_t radius) : radius_(radius) {}
 
     double radius_in_steps() const { return static_cast<double>(radius_) / kStepParts; }
-    bool open() const { return radius_ == kHalfPixel; }
-    /// How far a vertex may be from its node, in x and in y, in lattice steps.
-    std::int32_t vertex_reach() const { return (open() ? radius_ - 1 : radius_) / kStepParts; }
+    /// How far a vertex may be from its node, in x and in y, in lattice steps: less than half a
+    /// pixel.
+    std::int32_t vertex_reach() const { return std::min(radius_, kHalfPixel - 1) / kStepParts; }
+    /// The point that edges have to pass on the outer side of a corner.
     FinePoint hinge(const ExactPath& path, ExactPath::Index corner) const {
-        const LatticePoint in = unit_step(path.leaving(corner - 1));
-        const LatticePoint out = unit_step(path.leaving(corner));
         const FinePoint at = fine(path[corner]);
-        return {at.x + radius_ * (out.x - in.x), at.y + radius_ * (out.y - in.y)};
+        const LatticePoint inwards = path.inwards(corner);
+        const std::int32_t radius =
+            path.shared(corner) ? std::min(radius_, kHalfPixel - 1) : radius_;
+        return {at.x + radius * inwards.x, at.y + radius * inwards.y};
     }
 
   private:
     std::int32_t radius_;
 };
 
+/// A vertex and the node in whose square it lies.
+struct SmoothVertex {
+    LatticePoint at;
+    ExactPath::Index node;
+};
+
 /// What is seen from a vertex along the tube, past the hinges passed so far.
 class Sight {
   public:
-    Sight(const Tube& tube, LatticePoint from)
-        : from_(fine(from)), left_(from_), right_(from_), slack_(tube.open() ? 1 : 0) {}
+    explicit Sight(LatticePoint from) : from_(fine(from)), left_(from_), right_(from_) {}
 
     /// False when nothing behind the hinge is seen any more.
     bool pass(FinePoint hinge, bool left_turn) {
@@ -176,20 +208,25 @@ class Sight {
         } else {
             if (right_ == from_ || turn(from_, right_, hinge) > 0) right_ = hinge;
         }
-        return left_ == from_ || right_ == from_ || turn(from_, right_, left_) >= slack_;
+        return left_ == from_ || right_ == from_ || turn(from_, right_, left_) >= 0;
+    }
+    /// The same with the hinge of a node, which may be none; on the way back, turns are reversed.
+    bool pass(const Tube& tube, const ExactPath& path, ExactPath::Index node,
+              bool backwards = false) {
+        return !path.is_corner(node) ||
+               pass(tube.hinge(path, node), path.turns_left(node) != backwards);
     }
     /// Whether the edge to a vertex behind the last hinge lies in the tube.
     bool sees(LatticePoint vertex) const {
         const FinePoint to = fine(vertex);
-        return (left_ == from_ || turn(from_, to, left_) >= slack_) &&
-               (right_ == from_ || turn(from_, to, right_) <= -slack_);
+        return (left_ == from_ || turn(from_, to, left_) >= 0) &&
+               (right_ == from_ || turn(from_, to, right_) <= 0);
     }
 
   private:
     FinePoint from_;
     FinePoint left_; // the hinge that limits the view on the left; `from_` while there is none
     FinePoint right_;
-    std::int64_t slack_;
 };
 
 } // namespace kelvane

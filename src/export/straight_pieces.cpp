@@ -32,11 +32,12 @@ class StraightPieces::Growth {
     Growth(const ExactPath& path, const Tube& tube, SeparatingLines& lines, Index begin)
         : path_(path), tube_(tube), lines_(lines), begin_(begin), origin_(path[begin]), end_(begin),
           measured_(begin) {
-        lines_.reset(tube.open());
+        lines_.reset();
     }
 
-    // Takes the next node in; false when no line follows the path so far.
+    // Takes the next node in; false when there is none, or no line follows the path so far.
     bool grow() {
+        if (end_ == path_.last() || end_ - begin_ == kMostNodes) return false;
         if (end_ > begin_ && path_.is_corner(end_) && !pass_corner()) return false;
         const std::int32_t link = path_.link_length(end_);
         run_ += link;
@@ -58,6 +59,10 @@ class StraightPieces::Growth {
         for (; measured_ < end_; ++measured_)
             moments_.add_link(relative(path_[measured_]), relative(path_[measured_ + 1]));
         return moments_.central();
+    }
+    // The integral of the squared distances between the path and the line of best fit.
+    double residual() {
+        return straight() ? 0 : moments().least_mean_square() * static_cast<double>(length_);
     }
     LatticePoint relative(LatticePoint p) const { return p - origin_; }
     FinePoint relative(FinePoint p) const {
@@ -88,15 +93,22 @@ class StraightPieces::Growth {
 
     // Whether the lines that follow the path have a middle one.
     bool has_middle_line() const { return lines_.bounded(); }
-    // The middle of the lines that follow the path, with points relative to the origin.
-    FittedLine middle_line() const {
-        const auto height = [](const SeparatingLines::Line& line) {
-            return (static_cast<double>(line.from.w) -
-                    line.slope() * static_cast<double>(line.from.u)) /
-                   kStepParts;
+    // Whether the middle one passes within `reach` lattice steps of both ends, in the maximum norm.
+    bool middle_line_passes_ends(double reach_begin, double reach_end) const {
+        const SlopeAndHeight middle = slope_and_height();
+        const auto passes = [&](SeparatingLines::Point p, double reach) {
+            const double beside =
+                static_cast<double>(p.w) - middle.height - middle.slope * static_cast<double>(p.u);
+            return std::abs(beside) <=
+                   reach * (2 * kStepParts) * std::max(1., std::abs(middle.slope));
         };
-        const double slope = (lines_.steepest().slope() + lines_.flattest().slope()) / 2;
-        const double w = (height(lines_.steepest()) + height(lines_.flattest())) / 2;
+        return passes({0, 0}, reach_begin) &&
+               passes(turned(fine(relative(path_[end_]))), reach_end);
+    }
+    // With points relative to the origin.
+    FittedLine middle_line() const {
+        const SlopeAndHeight middle = slope_and_height();
+        const double slope = middle.slope, w = middle.height / kStepParts;
         const LatticePoint a = unit_step(lower_), b = unit_step(left_of(lower_));
         // Back from (u, w): a * (u - w) / 2 + b * (u + w) / 2.
         const double dx = a.x * (1 - slope) + b.x * (1 + slope);
@@ -107,21 +119,41 @@ class StraightPieces::Growth {
   private:
     bool pass_corner() {
         const Heading in = path_.leaving(end_ - 1), out = path_.leaving(end_);
-        const bool left = left_of(in) == out;
+        const bool left = path_.turns_left(end_);
         if (turns_ == 0) {
             first_run_ = run_;
-            lower_ = left ? in : out;
+            set_headings(left ? in : out);
         } else if (left ? in != lower_ : out != lower_) {
             return false; // a third heading
         }
         run_ = 0;
         ++turns_;
-        const FinePoint hinge = relative(tube_.hinge(path_, end_));
-        const LatticePoint a = unit_step(lower_), b = unit_step(left_of(lower_));
-        const std::int64_t along = std::int64_t{hinge.x} * a.x + std::int64_t{hinge.y} * a.y;
-        const std::int64_t beside = std::int64_t{hinge.x} * b.x + std::int64_t{hinge.y} * b.y;
-        const SeparatingLines::Point point{along + beside, beside - along};
-        return left ? lines_.add_upper(point) : lines_.add_lower(point);
+        const SeparatingLines::Point hinge = turned(relative(tube_.hinge(path_, end_)));
+        return left ? lines_.add_upper(hinge) : lines_.add_lower(hinge);
+    }
+    SeparatingLines::Point turned(FinePoint p) const {
+        return {std::int64_t{p.x} * along_.x + std::int64_t{p.y} * along_.y,
+                std::int64_t{p.x} * beside_.x + std::int64_t{p.y} * beside_.y};
+    }
+    void set_headings(Heading lower) {
+        lower_ = lower;
+        const LatticePoint a = unit_step(lower), b = unit_step(left_of(lower));
+        along_ = {a.x + b.x, a.y + b.y};
+        beside_ = b - a;
+    }
+    // Of the middle line: w = slope * u + height.
+    struct SlopeAndHeight {
+        double slope;
+        double height;
+    };
+    SlopeAndHeight slope_and_height() const {
+        const SeparatingLines::Line &a = lines_.steepest(), &b = lines_.flattest();
+        const double slope_a = a.slope(), slope_b = b.slope();
+        const double height_a =
+            static_cast<double>(a.from.w) - slope_a * static_cast<double>(a.from.u);
+        const double height_b =
+            static_cast<double>(b.from.w) - slope_b * static_cast<double>(b.from.u);
+        return {(slope_a + slope_b) / 2, (height_a + height_b) / 2};
     }
 
     const ExactPath& path_;
@@ -135,64 +167,65 @@ class StraightPieces::Growth {
     std::int64_t length_ = 0;
     int turns_ = 0;
     Heading lower_ = Heading::kEast; // of the two headings the one further to the right
+    LatticePoint along_{};           // the directions of u and w
+    LatticePoint beside_{};
     std::int32_t first_run_ = 0;
     std::int32_t run_ = 0; // since the last turn
 };
 
-void StraightPieces::split(const ExactPath& path, Index first, Index last, bool kept_ends,
-                           std::vector<Index>& ends) {
+void StraightPieces::split(const ExactPath& path, bool kept_ends, std::vector<Index>& ends) {
     constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
-    best_.assign(last - first + 1, {kNone, 0, 0});
+    best_.assign(path.size(), {kNone, 0, 0});
     best_[0].pieces = 0;
-    for (Index begin = first; begin < last; ++begin)
-        extend_from(path, first, last, begin, kept_ends);
+    for (Index begin = 0; begin < path.last(); ++begin)
+        extend_from(path, begin, kept_ends);
     ends.clear();
-    for (Index node = last - first; node > 0; node = best_[node].previous)
-        ends.push_back(first + node);
-    ends.push_back(first);
+    for (Index node = path.last(); node > 0; node = best_[node].previous)
+        ends.push_back(node);
+    ends.push_back(0);
     std::reverse(ends.begin(), ends.end());
 }
 
-void StraightPieces::extend_from(const ExactPath& path, Index first, Index last, Index begin,
-                                 bool kept_ends) {
-    const std::uint32_t pieces = best_[begin - first].pieces + 1;
-    const double short_limit = std::min(tube_.radius_in_steps(), kPixelSteps / 2 - 1.);
+// Offers the pieces that begin in a node to their ends.
+void StraightPieces::extend_from(const ExactPath& path, Index begin, bool kept_ends) {
+    const Best& from = best_[begin];
+    const std::uint32_t pieces = from.pieces + 1;
     Growth growth(path, tube_, lines_, begin);
-    for (const Index limit = std::min(last, begin + kMostNodes); growth.end() < limit;) {
-        if (!growth.grow()) return;
-        const Index end = growth.end();
-        if (growth.straight()) {
-            offer(begin - first, end - first, 0);
-            continue;
-        }
-        if (best_[end - first].pieces < pieces || !growth.shows_slope()) continue;
-        const double limit_inside =
-            growth.length() >= kLongPiece ? tube_.radius_in_steps() : short_limit;
-        const auto passes_ends = [&](const FittedLine& line) {
-            const auto passes = [&](Index node, bool kept) {
-                return line.maximum_norm_distance(growth.relative(path[node])) <=
-                       (kept ? kKeptEndDistance : limit_inside);
-            };
-            return passes(begin, kept_ends && begin == first) &&
-                   passes(end, kept_ends && end == last);
-        };
-        const auto best_fit_passes = [&] {
-            const FittedLine line = growth.moments().fit();
-            return passes_ends(line) && growth.room(growth.normalised(line)) >= -kFitBeyond;
-        };
-        if ((growth.has_middle_line() && passes_ends(growth.middle_line())) ||
-            (growth.told_by_best_fit() && best_fit_passes()))
-            offer(begin - first, end - first,
-                  growth.moments().least_mean_square() * static_cast<double>(growth.length()));
+    while (growth.grow()) {
+        Best& to = best_[growth.end()];
+        const bool may_be_better =
+            pieces < to.pieces || (pieces == to.pieces && from.residual < to.residual);
+        if (!may_be_better || !serves(path, growth, begin, kept_ends)) continue;
+        const double residual = from.residual + growth.residual();
+        if (pieces < to.pieces || residual < to.residual) to = {pieces, begin, residual};
     }
 }
 
-void StraightPieces::offer(Index begin, Index end, double residual) {
-    const Best& from = best_[begin];
-    Best& to = best_[end];
-    const double sum = from.residual + residual;
-    if (from.pieces + 1 < to.pieces || (from.pieces + 1 == to.pieces && sum < to.residual))
-        to = {from.pieces + 1, begin, sum};
+StraightPieces::Index StraightPieces::longest_from(const ExactPath& path, Index begin) {
+    Growth growth(path, tube_, lines_, begin);
+    Index end = begin + 1;
+    while (growth.grow())
+        if (serves(path, growth, begin, false)) end = growth.end();
+    return end;
+}
+
+// Whether what has grown from `begin` may be a piece.
+bool StraightPieces::serves(const ExactPath& path, Growth& growth, Index begin,
+                            bool kept_ends) const {
+    if (growth.straight()) return true;
+    if (!growth.shows_slope()) return false;
+    const Index end = growth.end();
+    const double reach = growth.length() >= kLongPiece
+                             ? tube_.radius_in_steps()
+                             : std::min(tube_.radius_in_steps(), kPixelSteps / 2 - 1.);
+    const double at_begin = kept_ends && begin == 0 ? kKeptEndDistance : reach;
+    const double at_end = kept_ends && end == path.last() ? kKeptEndDistance : reach;
+    if (growth.has_middle_line() && growth.middle_line_passes_ends(at_begin, at_end)) return true;
+    if (!growth.told_by_best_fit()) return false;
+    const FittedLine line = growth.moments().fit();
+    return line.maximum_norm_distance(growth.relative(path[begin])) <= at_begin &&
+           line.maximum_norm_distance(growth.relative(path[end])) <= at_end &&
+           growth.room(growth.normalised(line)) >= -kFitBeyond;
 }
 
 StraightPiece StraightPieces::piece(const ExactPath& path, Index begin, Index end) {

@@ -31,10 +31,11 @@ class StraightPieces {
   public:
     explicit StraightPieces(const Tube& tube) : tube_(tube) {}
 
-    /// The ends of the pieces from node `first` to node `last`, both included. Nothing moves a kept
-    /// end from its node, so lines have to pass it closer.
-    void split(const ExactPath& path, ExactPath::Index first, ExactPath::Index last, bool kept_ends,
-               std::vector<ExactPath::Index>& ends);
+    /// The ends of the pieces, the first and the last node among them. Nothing moves a kept end
+    /// from its node, so lines have to pass it closer.
+    void split(const ExactPath& path, bool kept_ends, std::vector<ExactPath::Index>& ends);
+    /// The end of the longest piece that begins in a node other than the last.
+    ExactPath::Index longest_from(const ExactPath& path, ExactPath::Index begin);
     /// The line for the piece between two ends: that of best fit, or, when it comes too close to
     /// the wall of the tube, the middle one of all that pass.
     StraightPiece piece(const ExactPath& path, ExactPath::Index begin, ExactPath::Index end);
@@ -52,12 +53,12 @@ class StraightPieces {
     };
     class Growth;
 
-    void extend_from(const ExactPath& path, Index first, Index last, Index begin, bool kept_ends);
-    void offer(Index begin, Index end, double residual);
+    void extend_from(const ExactPath& path, Index begin, bool kept_ends);
+    bool serves(const ExactPath& path, Growth& growth, Index begin, bool kept_ends) const;
 
     const Tube tube_;
-    SeparatingLines lines_;
-    std::vector<Best> best_; // per node from the first on: the best way there
+    SeparatingLines lines_{kMostNodes};
+    std::vector<Best> best_; // per node: the best way there
 };
 
 } // namespace kelvane

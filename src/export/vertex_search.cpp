@@ -1,5 +1,7 @@
 #include "export/vertex_search.h"
 
+#include "export/edge_cost.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -9,16 +11,12 @@
 namespace kelvane {
 namespace {
 
-// Candidates at a joint: the best of a square of this half width, in lattice steps.
-constexpr std::int32_t kNear = 1;
-constexpr std::size_t kNearCandidates = 5;
-
 // Where these fail, vertices up to so many nodes before and behind the joint are tried: about so
 // many, evenly taken from all that serve, which bounds the time for each joint.
 constexpr ExactPath::Index kJointNodes = 2;
-constexpr std::size_t kMostCommon = 12;
-// Of the lattice around a node every second row and column serves; others hardly lead further.
-constexpr std::int32_t kCommonStep = 2;
+constexpr std::size_t kMostCommon = 8;
+// Of the lattice around a node every fourth row and column serves; others hardly lead further.
+constexpr std::int32_t kCommonStep = 4;
 
 // How strongly a vertex is drawn to the middle between its nearest points on two lines that are all
 // but parallel; small beside the squared lengths of pieces.
@@ -33,10 +31,6 @@ constexpr std::int32_t kBetweenStep = 3;
 // Straight runs of the path keep their heading rather than make up for area.
 constexpr double kStraightWeight = 30;
 
-// An area in halves of a square lattice step, and an integral of squared distances, of one pixel.
-constexpr double kPixelArea = 2. * kPixelSteps * kPixelSteps;
-constexpr double kPixelVolume = 1. * kPixelSteps * kPixelSteps * kPixelSteps;
-
 // Vertices are moved again, by one lattice step in each of so many rounds, until no more area is
 // left: a third of a pixel, well below 1 % of any outline around 50 pixels.
 constexpr std::int64_t kAreaLeft = 2 * kPixelSteps * kPixelSteps / 3;
@@ -50,9 +44,14 @@ bool axis_parallel(const ExactPath& path, const StraightPiece& piece) {
     return axis_parallel(path[piece.begin], path[piece.end]);
 }
 
+struct RealPoint {
+    double x;
+    double y;
+};
+
 // The vertex that the lines of two pieces ask for, near a node; the longer piece counts more.
-LatticePoint wanted_vertex(LatticePoint node, const StraightPiece& a, const StraightPiece& b,
-                           double reach) {
+RealPoint wanted_vertex(LatticePoint node, const StraightPiece& a, const StraightPiece& b,
+                        double reach) {
     const FittedLine &la = a.line, &lb = b.line;
     const double da = la.offset(node), db = lb.offset(node);
     const double x = node.x - (da * la.nx + db * lb.nx) / 2;
@@ -65,12 +64,8 @@ LatticePoint wanted_vertex(LatticePoint node, const StraightPiece& a, const Stra
     const double fb = -wb * (lb.nx * (x - lb.x) + lb.ny * (y - lb.y));
     const double fx = fa * la.nx + fb * lb.nx, fy = fa * la.ny + fb * lb.ny;
     const double determinant = xx * yy - xy * xy;
-    const auto rounded = [&](double value, std::int32_t middle) {
-        return static_cast<std::int32_t>(
-            std::lround(std::clamp(value, middle - reach, middle + reach)));
-    };
-    return {rounded(x + (fx * yy - fy * xy) / determinant, node.x),
-            rounded(y + (fy * xx - fx * xy) / determinant, node.y)};
+    return {std::clamp(x + (fx * yy - fy * xy) / determinant, node.x - reach, node.x + reach),
+            std::clamp(y + (fy * xx - fx * xy) / determinant, node.y - reach, node.y + reach)};
 }
 
 constexpr double squared(double value) {
@@ -87,11 +82,6 @@ void thin_out(std::vector<SmoothVertex>& vertices, std::size_t most) {
     vertices.erase(vertices.begin() + static_cast<std::ptrdiff_t>(kept), vertices.end());
 }
 
-// What the search keeps small, in pixels: squared distances and the square of the area.
-constexpr double total(double cost, std::int64_t area) {
-    return cost + squared(static_cast<double>(area) / kPixelArea);
-}
-
 } // namespace
 
 void VertexSearch::candidates(const ExactPath& path, const StraightPiece& before,
@@ -102,29 +92,12 @@ void VertexSearch::candidates(const ExactPath& path, const StraightPiece& before
         found.push_back({middle, node});
         return;
     }
-    const std::int32_t reach = tube_.vertex_reach();
-    const LatticePoint wanted = wanted_vertex(middle, before, behind, reach);
-    struct Ranked {
-        double cost;
-        LatticePoint at;
-    };
-    std::array<Ranked, (2 * kNear + 1) * (2 * kNear + 1)> all;
-    std::size_t count = 0;
-    for (std::int32_t y = wanted.y - kNear; y <= wanted.y + kNear; ++y)
-        for (std::int32_t x = wanted.x - kNear; x <= wanted.x + kNear; ++x) {
-            if (std::abs(x - middle.x) > reach || std::abs(y - middle.y) > reach) continue;
-            const LatticePoint at{x, y};
-            all[count++] = {squared(before.length * before.line.offset(at)) +
-                                squared(behind.length * behind.line.offset(at)),
-                            at};
-        }
-    const auto end = all.begin() + static_cast<std::ptrdiff_t>(count);
-    const std::size_t kept = std::min(count, kNearCandidates);
-    const auto last = all.begin() + static_cast<std::ptrdiff_t>(kept);
-    std::partial_sort(all.begin(), last, end,
-                      [](const Ranked& a, const Ranked& b) { return a.cost < b.cost; });
-    for (auto it = all.begin(); it != last; ++it)
-        found.push_back({it->at, node});
+    const RealPoint wanted = wanted_vertex(middle, before, behind, tube_.vertex_reach());
+    const LatticePoint below{static_cast<std::int32_t>(std::floor(wanted.x)),
+                             static_cast<std::int32_t>(std::floor(wanted.y))};
+    for (const std::int32_t y : {below.y, below.y + 1})
+        for (const std::int32_t x : {below.x, below.x + 1})
+            if (const LatticePoint at{x, y}; within_reach(at, middle)) found.push_back({at, node});
 }
 
 // Nine vertices spread over the square of the joint, and over those one pixel before and behind.
@@ -166,13 +139,14 @@ void VertexSearch::run(const ExactPath& path, std::span<const StraightPiece> pie
     const std::span<const State> ends = last_layer();
     const State* state =
         &*std::min_element(ends.begin(), ends.end(), [](const State& a, const State& b) {
-            return total(a.cost, a.area) < total(b.cost, b.area);
+            return total_cost(a.cost, a.area) < total_cost(b.cost, b.area);
         });
     area = state->area;
     vertices_.clear();
     for (std::size_t layer = layers_.size(); layer-- > 0; state = &states_[state->previous])
         vertices_.push_back(state->vertex);
     std::reverse(vertices_.begin(), vertices_.end());
+    arcs_.run(path, pieces, vertices_, area);
     for (int round = 0; round < kMostRounds && std::abs(area) > kAreaLeft; ++round)
         if (!make_up_for(path, area)) break;
 }
@@ -206,10 +180,9 @@ bool VertexSearch::within_reach(LatticePoint vertex, LatticePoint node) const {
 // Whether the edge between two vertices lies in the tube.
 bool VertexSearch::sees(const ExactPath& path, const SmoothVertex& from,
                         const SmoothVertex& to) const {
-    Sight sight(tube_, from.at);
+    Sight sight(from.at);
     for (Index node = from.node + 1; node < to.node; ++node)
-        if (path.is_corner(node) && !sight.pass(tube_.hinge(path, node), path.turns_left(node)))
-            return false;
+        if (!sight.pass(tube_, path, node)) return false;
     return sight.sees(to.at);
 }
 
@@ -245,8 +218,9 @@ bool VertexSearch::replace_joint(const ExactPath& path, const StraightPiece& bef
     const Index last = std::min({behind.begin + kJointNodes, (behind.begin + behind.end - 1) / 2,
                                  targets.front().node - 1});
     std::vector<SmoothVertex> common;
+    look_from_both_ends(path, sources, targets, first, last);
     for (Index node = first; node <= last; ++node)
-        add_common_vertices(path, node, sources, targets, common);
+        add_common_vertices(path, node, common);
     thin_out(common, kMostCommon);
     const std::vector<State> joint_states(states_.begin() + joint.begin, states_.end());
     states_.resize(joint.begin);
@@ -257,38 +231,47 @@ bool VertexSearch::replace_joint(const ExactPath& path, const StraightPiece& bef
     return false;
 }
 
-// The vertices near a node that are seen from one of `sources` and from one of `targets`.
-void VertexSearch::add_common_vertices(const ExactPath& path, Index node,
-                                       std::span<const State> sources,
-                                       std::span<const SmoothVertex> targets,
-                                       std::vector<SmoothVertex>& found) {
-    const auto pass = [&](Sight& sight, Index corner, bool backwards) {
-        return !path.is_corner(corner) ||
-               sight.pass(tube_.hinge(path, corner), path.turns_left(corner) != backwards);
-    };
+// Finds what is seen from `sources` and, backwards, from `targets` at the nodes from `first` to
+// `last` between them.
+void VertexSearch::look_from_both_ends(const ExactPath& path, std::span<const State> sources,
+                                       std::span<const SmoothVertex> targets, Index first,
+                                       Index last) {
     forward_.clear();
-    for (const State& source : sources) {
-        Sight sight(tube_, source.vertex.at);
-        Index at = source.vertex.node + 1;
-        while (at < node && pass(sight, at, false))
-            ++at;
-        if (at == node) forward_.push_back(sight);
-    }
     backward_.clear();
-    for (const SmoothVertex& target : targets) {
-        Sight sight(tube_, target.at);
-        Index at = target.node - 1;
-        while (at > node && pass(sight, at, true))
-            --at;
-        if (at == node) backward_.push_back(sight);
+    if (first > last) return;
+    for (const State& source : sources) {
+        Sight sight(source.vertex.at);
+        for (Index node = source.vertex.node + 1;; ++node) {
+            if (node >= first) forward_.push_back({node, sight});
+            if (node == last || !sight.pass(tube_, path, node)) break;
+        }
     }
+    for (const SmoothVertex& target : targets) {
+        Sight sight(target.at);
+        for (Index node = target.node - 1;; --node) {
+            if (node <= last) backward_.push_back({node, sight});
+            if (node == first || !sight.pass(tube_, path, node, true)) break;
+        }
+    }
+}
+
+// The vertices near a node that are seen from both ends.
+void VertexSearch::add_common_vertices(const ExactPath& path, Index node,
+                                       std::vector<SmoothVertex>& found) {
+    const auto views_at = [&](const std::vector<View>& all, std::vector<Sight>& here) {
+        here.clear();
+        for (const View& view : all)
+            if (view.node == node) here.push_back(view.sight);
+        return !here.empty();
+    };
+    if (!views_at(forward_, from_sources_) || !views_at(backward_, from_targets_)) return;
     const std::int32_t reach = tube_.vertex_reach();
     const LatticePoint middle = path[node];
     for (std::int32_t y = middle.y - reach; y <= middle.y + reach; y += kCommonStep)
         for (std::int32_t x = middle.x - reach; x <= middle.x + reach; x += kCommonStep) {
             const auto sees = [&](const Sight& sight) { return sight.sees({x, y}); };
-            if (std::any_of(forward_.begin(), forward_.end(), sees) &&
-                std::any_of(backward_.begin(), backward_.end(), sees))
+            if (std::any_of(from_sources_.begin(), from_sources_.end(), sees) &&
+                std::any_of(from_targets_.begin(), from_targets_.end(), sees))
                 found.push_back({{x, y}, node});
         }
 }
@@ -357,7 +340,7 @@ void VertexSearch::offer_edges(const ExactPath& path, std::uint32_t from) {
     const State& state = states_[from];
     const LatticePoint origin = path[state.vertex.node];
     const LatticePoint v = state.vertex.at - origin;
-    Sight sight(tube_, state.vertex.at);
+    Sight sight(state.vertex.at);
     auto hinge = hinges_.begin();
     auto to = reached_.begin();
     for (const Span& span : spans_) {
@@ -369,12 +352,10 @@ void VertexSearch::offer_edges(const ExactPath& path, std::uint32_t from) {
         for (; to != reached_.end() && to->vertex.node == span.to; ++to) {
             if (!sight.sees(to->vertex.at)) continue;
             const LatticePoint w = to->vertex.at - origin;
-            const FittedLine edge{static_cast<double>(v.x), static_cast<double>(v.y),
-                                  static_cast<double>(v.y - w.y), static_cast<double>(w.x - v.x)};
-            const double distances = span.moments.squared_distances(edge) / kPixelVolume;
+            const double distances = edge_cost(span.moments, v, w);
             const double cost = state.cost + (span.straight ? kStraightWeight : 1) * distances;
             const std::int64_t area = state.area + cross(v, w) + cross(w, end) - span.area;
-            if (to->previous == kNone || total(cost, area) < total(to->cost, to->area))
+            if (to->previous == kNone || total_cost(cost, area) < total_cost(to->cost, to->area))
                 *to = {to->vertex, from, cost, area};
         }
     }
@@ -385,13 +366,14 @@ void VertexSearch::offer_edges(const ExactPath& path, std::uint32_t from) {
 // and nothing is changed, when there is none.
 bool VertexSearch::insert_common(const ExactPath& path, std::span<const SmoothVertex> targets) {
     const Index from = states_.back().vertex.node, way = targets.front().node - from;
+    look_from_both_ends(path, last_layer(), targets, from + 1, from + way - 1);
     const auto insert_at = [&](std::initializer_list<Index> sixteenths) {
         std::vector<SmoothVertex> common;
         Index last = from;
         for (const Index part : sixteenths) {
             const Index node = from + way * part / 16;
             if (node == last) continue;
-            add_common_vertices(path, node, last_layer(), targets, common);
+            add_common_vertices(path, node, common);
             last = node;
         }
         thin_out(common, kMostCommon);

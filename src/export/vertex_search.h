@@ -1,6 +1,7 @@
 // Chooses the vertices of a smooth outline on the lattice.
 #pragma once
 
+#include "export/arc_search.h"
 #include "export/smooth_path.h"
 #include "export/straight_pieces.h"
 
@@ -10,12 +11,6 @@
 
 namespace kelvane {
 
-/// A vertex and the node in whose square it lies.
-struct SmoothVertex {
-    LatticePoint at;
-    ExactPath::Index node;
-};
-
 /// Of a few candidates near each joint of pieces, finds vertices whose edges all lie in the tube,
 /// with the least squared distance between edges and path (dynamic programming). The area that the
 /// edges have added or taken so far counts too, so that later ones give it back.
@@ -24,13 +19,15 @@ struct SmoothVertex {
 /// around the joint before from which edges lead both ways are tried, then others at the joint
 /// ahead; after that, a single vertex is put in between, and if none serves, several.
 ///
+/// Along arcs where vertices had to be put in, fewer are looked for (arc_search.h).
+///
 /// At the end vertices are moved by a few lattice steps where that makes up for area still added or
 /// taken and their edges stay in the tube.
 class VertexSearch {
   public:
-    explicit VertexSearch(const Tube& tube) : tube_(tube) {}
+    explicit VertexSearch(const Tube& tube) : tube_(tube), arcs_(tube) {}
 
-    /// Candidates at the joint of two pieces, next to the common point of their lines.
+    /// Candidates at the joint of two pieces: around the common point of their lines.
     void candidates(const ExactPath& path, const StraightPiece& before, const StraightPiece& behind,
                     std::vector<SmoothVertex>& found) const;
 
@@ -65,6 +62,11 @@ class VertexSearch {
         std::int64_t area;            // twice that between the path and the first node
     };
 
+    // What is seen at a node.
+    struct View {
+        Index node;
+        Sight sight;
+    };
     struct Hinge {
         FinePoint at;
         Index corner;
@@ -86,9 +88,9 @@ class VertexSearch {
                                 std::vector<SmoothVertex>& found) const;
     bool replace_joint(const ExactPath& path, const StraightPiece& before,
                        const StraightPiece& behind, std::span<const SmoothVertex> targets);
-    void add_common_vertices(const ExactPath& path, Index node, std::span<const State> sources,
-                             std::span<const SmoothVertex> targets,
-                             std::vector<SmoothVertex>& found);
+    void look_from_both_ends(const ExactPath& path, std::span<const State> sources,
+                             std::span<const SmoothVertex> targets, Index first, Index last);
+    void add_common_vertices(const ExactPath& path, Index node, std::vector<SmoothVertex>& found);
     bool make_up_for(const ExactPath& path, std::int64_t& area);
     bool within_reach(LatticePoint vertex, LatticePoint node) const;
     bool sees(const ExactPath& path, const SmoothVertex& from, const SmoothVertex& to) const;
@@ -97,13 +99,16 @@ class VertexSearch {
     }
 
     const Tube tube_;
+    ArcSearch arcs_;
     std::vector<State> states_;
     std::vector<Layer> layers_;
-    std::vector<State> reached_;  // targets of the edges at hand
-    std::vector<Span> spans_;     // to their nodes, ascending
-    std::vector<Hinge> hinges_;   // of the corners on the way
-    std::vector<Sight> forward_;  // from the vertices before a joint
-    std::vector<Sight> backward_; // from those behind it
+    std::vector<State> reached_;      // targets of the edges at hand
+    std::vector<Span> spans_;         // to their nodes, ascending
+    std::vector<Hinge> hinges_;       // of the corners on the way
+    std::vector<View> forward_;       // from the vertices before a joint
+    std::vector<View> backward_;      // from those behind it
+    std::vector<Sight> from_sources_; // at one node
+    std::vector<Sight> from_targets_;
     std::vector<SmoothVertex> vertices_;
 };
 
