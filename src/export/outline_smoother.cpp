@@ -1,5 +1,7 @@
 #include "export/outline_smoother.h"
 
+#include "export/square_ends.h"
+
 #include <algorithm>
 
 namespace kelvane {
@@ -43,7 +45,7 @@ LatticePoint middle(LatticePoint a, LatticePoint b) {
 } // namespace
 
 OutlineSmoother::OutlineSmoother(std::int32_t radius, OutlineReceiver& receiver)
-    : receiver_(receiver), longest_pieces_(Tube(pieces_radius(radius))),
+    : receiver_(receiver), tube_(radius), longest_pieces_(Tube(pieces_radius(radius))),
       roomy_pieces_(Tube(radius - kRoom)), joints_(Tube(radius)), search_(Tube(radius)) {}
 
 void OutlineSmoother::begin_outline() {
@@ -109,6 +111,7 @@ void OutlineSmoother::end_section(bool ring) {
 bool OutlineSmoother::smooth_section(StraightPieces& straight_pieces) {
     fill_path(false);
     if (!find_pieces(straight_pieces, true)) return false;
+    square_ends(path_, tube_, false, pieces_);
     joints_.move(path_, pieces_);
     const SmoothVertex first{path_[0], 0}, last{path_[path_.last()], path_.last()};
     std::int64_t area = area_;
@@ -125,6 +128,7 @@ bool OutlineSmoother::smooth_ring(StraightPieces& straight_pieces) {
     fill_path(true);
     turn_path(find_corner(straight_pieces));
     if (!find_pieces(straight_pieces, false)) return false;
+    square_ends(path_, tube_, true, pieces_);
     joints_.move(path_, pieces_);
     const SmoothVertex start = find_start();
     start_pieces_at(start.node);

@@ -56,6 +56,7 @@ class OutlineSmoother final : public OutlineReceiver {
     void hand_over();
 
     OutlineReceiver& receiver_;
+    const Tube tube_;
     StraightPieces longest_pieces_;
     StraightPieces roomy_pieces_; // their lines keep clear of the wall of the tube
     PieceJoints joints_;

@@ -14,8 +14,9 @@ namespace kelvane {
 struct StraightPiece {
     ExactPath::Index begin;
     ExactPath::Index end;
-    FittedLine line; // normalised, the normal to the left of the way
-    double length;   // along the path
+    FittedLine line;      // normalised, the normal to the left of the way
+    double length;        // along the path
+    bool squared = false; // the end of a bar, at right angles to its sides
 };
 
 /// Finds the fewest pieces, and of several ways the one with the least squared distances between

@@ -11,6 +11,10 @@
 namespace kelvane {
 namespace {
 
+// At the end of a bar, so many steps more are tried, as far as they are this close to its line.
+constexpr std::int32_t kMoreForSquare = 4;
+constexpr double kSquareOffset = 1;
+
 // Where these fail, vertices up to so many nodes before and behind the joint are tried: about so
 // many, evenly taken from all that serve, which bounds the time for each joint.
 constexpr ExactPath::Index kJointNodes = 2;
@@ -95,9 +99,17 @@ void VertexSearch::candidates(const ExactPath& path, const StraightPiece& before
     const RealPoint wanted = wanted_vertex(middle, before, behind, tube_.vertex_reach());
     const LatticePoint below{static_cast<std::int32_t>(std::floor(wanted.x)),
                              static_cast<std::int32_t>(std::floor(wanted.y))};
-    for (const std::int32_t y : {below.y, below.y + 1})
-        for (const std::int32_t x : {below.x, below.x + 1})
-            if (const LatticePoint at{x, y}; within_reach(at, middle)) found.push_back({at, node});
+    const auto keeps_square = [](const StraightPiece& piece, LatticePoint at) {
+        return !piece.squared || std::abs(piece.line.offset(at)) <= kSquareOffset;
+    };
+    const std::int32_t more = before.squared || behind.squared ? kMoreForSquare : 0;
+    for (std::int32_t y = -more; y <= 1 + more; ++y)
+        for (std::int32_t x = -more; x <= 1 + more; ++x) {
+            const LatticePoint at{below.x + x, below.y + y};
+            if (within_reach(at, middle) && keeps_square(before, at) && keeps_square(behind, at))
+                found.push_back({at, node});
+        }
+    if (found.empty()) found.push_back({middle, node});
 }
 
 // Nine vertices spread over the square of the joint, and over those one pixel before and behind.
