@@ -45,9 +45,10 @@ class ContactMap {
         kAllOverlaps,
     };
 
-    /// Time and memory grow linearly with the runs.
-    static ContactMap find(const RunList& runs, Joining joining,
-                           ProgressObserver* observer = nullptr);
+    /// Time and memory grow linearly with the runs. Reports the rows of `kPasses` passes, counted
+    /// from 0 through all of them.
+    static ContactMap find(const RunList& runs, Joining joining, const ProgressReporter& progress);
+    static constexpr long kPasses = 3;
 
     /// First run that `run` touches in the row above; meaningless when it touches none.
     RunIndex first_above(RunIndex run) const { return entries_[run].first_above; }
@@ -74,7 +75,7 @@ class ContactMap {
     class Sets;
 
     void find_contacts_of_row(const RunList& runs, int y);
-    void join(const RunList& runs, Joining joining, ProgressObserver* observer);
+    void join(const RunList& runs, Joining joining, const ProgressReporter& progress);
 
     std::vector<Entry> entries_; // one per run and a last one that closes the contact numbering
     std::vector<bool> joined_;   // one per contact, sorted by lower, then upper run
