@@ -38,8 +38,8 @@ double dpi_argument(const std::string& text) {
     return *dpi;
 }
 
-// A reduction makes pixels larger. Operations that change the number of pixels do not count: they
-// are there to change the size.
+// Pixels per inch of the opened picture. A picture that was reduced when it was opened has larger
+// pixels. Operations that change the number of pixels leave the size of a pixel as it is.
 double resolution_of(const PictureOrigin& origin) {
     if (!origin.resolution)
         throw FileError("states no resolution; give --dpi N, --width or --size instead");

@@ -7,24 +7,6 @@
 
 namespace kelvane {
 
-/// How run a of row y and run b of row y + 1 meet.
-enum class ContactClass : std::uint8_t {
-    kNone = 0,
-    kEqualStarts = 1, // the ends differ
-    kEqual = 2,
-    kEqualEnds = 3, // the starts differ
-    kOverlap = 4,   // starts and ends differ, columns in common
-    kCorner = 5,    // the start of one is the end of the other
-};
-
-constexpr ContactClass classify_contact(const Run& a, const Run& b) {
-    if (a.end < b.begin || b.end < a.begin) return ContactClass::kNone;
-    if (a.end == b.begin || b.end == a.begin) return ContactClass::kCorner;
-    if (a.begin == b.begin)
-        return a.end == b.end ? ContactClass::kEqual : ContactClass::kEqualStarts;
-    return a.end == b.end ? ContactClass::kEqualEnds : ContactClass::kOverlap;
-}
-
 constexpr bool shares_columns(const Run& a, const Run& b) {
     return a.begin < b.end && b.begin < a.end;
 }

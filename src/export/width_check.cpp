@@ -31,7 +31,8 @@ BitPicture residue_of(const BitPicture& drawn, WidthOf what, int diameter) {
     return residue;
 }
 
-// Searches the smallest disc that leaves something of the places which one of `some` found.
+// Searches the largest disc that finds no thin place among those in `too_thin`. The disc of
+// diameter `some` found them; `found` is one of them.
 Thinnest narrow(const BitPicture& drawn, WidthOf what, int some, ThinPlaces found,
                 const BitPicture& too_thin, ProgressObserver* observer) {
     int none = 1;
