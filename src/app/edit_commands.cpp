@@ -32,10 +32,11 @@ void copy(MainServices& /*main*/, frmImage& form) {
 
 void paste(MainServices& main) {
     try {
-        const std::vector<std::uint8_t> picture = picture_file_from_clipboard(main.frame());
-        const TemporaryFile file;
-        write_bytes(file.path(), picture);
-        open_temporary(main, file.path());
+        open_from_clipboard(main.frame(), [&](const std::vector<std::uint8_t>& bytes, bool last) {
+            const TemporaryFile file;
+            write_bytes(file.path(), bytes);
+            return open_temporary(main, file.path(), last ? OnFailure::Tell : OnFailure::Ignore);
+        });
     } catch (const std::exception& error) {
         main.show_error(IDS_PASTE_ERROR, error_text(error));
     }

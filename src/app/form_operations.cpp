@@ -1,6 +1,5 @@
 #include "app/form_operations.h"
 
-#include "app/image_window.h"
 #include "texts/error_text.h"
 
 #include "ids.h"
@@ -28,8 +27,8 @@ void process(MainServices& main, frmImage& form, const DocumentOperation& operat
     form.show_status(); // the size may have changed
 }
 
-void open_temporary(MainServices& main, const std::wstring& file) {
-    main.new_form([&](frmImage& form) { return form.OpenFile(file, true); });
+bool open_temporary(MainServices& main, const std::wstring& file, OnFailure on_failure) {
+    return main.new_form([&](frmImage& form) { return form.OpenFile(file, true, on_failure); });
 }
 
 } // namespace kelvane

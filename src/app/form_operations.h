@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/image_document.h"
+#include "app/image_window.h"
 #include "app/main_services.h"
 
 #include <functional>
@@ -18,7 +19,9 @@ bool operate(MainServices& main, frmImage& form, const DocumentOperation& operat
 /// `operate`, then draws the picture and shows its size.
 void process(MainServices& main, frmImage& form, const DocumentOperation& operation);
 
-/// Opens a temporary file in a new document, which is named "Image" and a number.
-void open_temporary(MainServices& main, const std::wstring& file);
+/// Opens a temporary file in a new document, which is named "Image" and a number. False when it
+/// cannot be read.
+bool open_temporary(MainServices& main, const std::wstring& file,
+                    OnFailure on_failure = OnFailure::Tell);
 
 } // namespace kelvane

@@ -1,5 +1,6 @@
 #include "app/image_document.h"
 
+#include "base/file_bytes.h"
 #include "image/bitmap_file.h"
 #include "image/picture_reader.h"
 #include "image/size_limit.h"
@@ -30,8 +31,8 @@ cDIBSection resampled(const cDIBSection& picture, int width, int height) {
     return result;
 }
 
-bool is_blank(const cDIBSection& picture) {
-    return !DarkBounds(picture.view(), kAnyGrey);
+bool is_not_blank(const cDIBSection& picture) {
+    return DarkBounds(picture.view(), kAnyGrey).has_value();
 }
 
 // For operations that refuse only when there is no memory for their result.
@@ -41,11 +42,11 @@ void expect_memory(bool done) {
 
 // A picture that white paper would leave blank is shown as ink, if it has transparent pixels.
 cDIBSection visible_picture(const std::filesystem::path& file, bool& ink_instead_of_nothing) {
-    cDIBSection picture = read_picture(file);
-    if (!is_blank(picture)) return picture;
-    picture = read_picture(file, Transparency::kInk);
-    ink_instead_of_nothing = !is_blank(picture);
-    return picture;
+    const std::vector<std::uint8_t> bytes = read_file_bytes(file);
+    auto [picture, transparency] = open_visibly(
+        [&](Transparency wanted) { return decode_picture(bytes, wanted); }, is_not_blank);
+    ink_instead_of_nothing = transparency == Transparency::kInk;
+    return std::move(picture);
 }
 
 // Empty for a picture without pixels, which is refused without a message.

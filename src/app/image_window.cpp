@@ -75,8 +75,9 @@ void frmImage::create() {
         throw PlatformError(GetLastError());
 }
 
-bool frmImage::OpenFile(const std::wstring& file, bool bNew) {
-    return open(file, {bNew ? L"" : file, L"", ImageDocument::SizeLimit::Reduce, !bNew});
+bool frmImage::OpenFile(const std::wstring& file, bool bNew, OnFailure on_failure) {
+    return open(file,
+                {bNew ? L"" : file, L"", ImageDocument::SizeLimit::Reduce, !bNew, on_failure});
 }
 
 bool frmImage::OpenFile2(const std::wstring& file, const std::wstring& name) {
@@ -90,7 +91,8 @@ bool frmImage::open(const std::wstring& file, const OpenAs& how) {
         opened = document_.load(file, how.limit);
     } catch (const std::exception& error) {
         const std::wstring file_name = how.name.empty() ? L"" : how.name + L": ";
-        main_.show_error(IDS_IMAGE_OPEN_ERROR, file_name + cause_of(error));
+        if (how.on_failure == OnFailure::Tell)
+            main_.show_error(IDS_IMAGE_OPEN_ERROR, file_name + cause_of(error));
     }
     if (opened) {
         if (how.name.empty())

@@ -13,6 +13,10 @@
 
 namespace kelvane {
 
+/// What becomes of the message when a file cannot be opened; it is left out when another file with
+/// the same picture follows.
+enum class OnFailure { Tell, Ignore };
+
 /// An MDI child that shows a document's picture and asks for what the document needs to open, save
 /// and close. It relays the engine's events to the main window.
 class frmImage : public win::Window, private ProgressObserver {
@@ -27,9 +31,9 @@ class frmImage : public win::Window, private ProgressObserver {
 
     /// Loads a picture file, reduced when it is very large. `bNew`: the file is a temporary one;
     /// the document is named "Image" and a number and the recent files stay as they are. False
-    /// when the file cannot be read, with a message that names the file unless it is temporary;
-    /// false without a message for a picture without pixels.
-    bool OpenFile(const std::wstring& file, bool bNew);
+    /// when the file cannot be read, with a message (see `OnFailure`) that names the file unless it
+    /// is temporary; false without a message for a picture without pixels.
+    bool OpenFile(const std::wstring& file, bool bNew, OnFailure on_failure = OnFailure::Tell);
     /// Loads a picture file at its full size under another file's name.
     bool OpenFile2(const std::wstring& file, const std::wstring& name);
     /// Names a document that was made in memory "Image" and a number, and shows it.
@@ -61,6 +65,7 @@ class frmImage : public win::Window, private ProgressObserver {
         std::wstring status_name; // after "Opening "
         ImageDocument::SizeLimit limit;
         bool recent;
+        OnFailure on_failure = OnFailure::Tell;
     };
     bool open(const std::wstring& file, const OpenAs& how);
     void show_as(const std::wstring& name);

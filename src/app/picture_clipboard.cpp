@@ -2,7 +2,6 @@
 
 #include "app/document_services.h"
 #include "image/dib_section.h"
-#include "image/picture_reader.h"
 #include "texts/error_text.h"
 #include "texts/string_table.h"
 #include "win/clipboard.h"
@@ -51,15 +50,6 @@ std::vector<std::uint8_t> bitmap_file(const std::vector<std::uint8_t>& packed) {
     return bytes;
 }
 
-// Some programs offer a PNG file that others cannot read.
-bool is_readable(const std::vector<std::uint8_t>& file) {
-    try {
-        return !file.empty() && !decode_picture(file).empty();
-    } catch (const FileError&) {
-        return false;
-    }
-}
-
 } // namespace
 
 bool cDIBSection::CopyToClipboard(bool bAsDIB, WindowHandle owner) const {
@@ -83,12 +73,11 @@ bool cDIBSection::CopyToClipboard(bool bAsDIB, WindowHandle owner) const {
     }
 }
 
-std::vector<std::uint8_t> picture_file_from_clipboard(HWND owner) {
-    const win::Clipboard clipboard(owner);
-    std::vector<std::uint8_t> png = clipboard.png_file();
-    if (is_readable(png)) return png;
-    const std::vector<std::uint8_t> packed = clipboard.packed_bitmap();
-    return packed.empty() && !png.empty() ? png : bitmap_file(packed);
+void open_from_clipboard(HWND owner, const OpenPictureFile& open) {
+    const std::vector<std::uint8_t> png = win::Clipboard(owner).png_file();
+    const bool last = !win::Clipboard::has_bitmap();
+    if (!png.empty() && (open(png, last) || last)) return;
+    open(bitmap_file(win::Clipboard(owner).packed_bitmap()), true);
 }
 
 } // namespace kelvane

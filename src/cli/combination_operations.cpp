@@ -30,8 +30,8 @@ template <CombinationType type> Operation select(OperationArguments& arguments) 
 }
 
 Operation add(OperationArguments& arguments) {
-    constexpr std::size_t numbers = 8;
-    const std::string file = arguments.file_before(numbers);
+    constexpr std::size_t kNumbers = 8;
+    const std::string file = arguments.file_before(kNumbers);
     // Products stay below 2^31.
     const auto part = [&](std::size_t first) {
         const auto offset = [&](std::size_t i) {

@@ -51,24 +51,23 @@ OpenedPicture PictureJob::run(cImageProcessDIB& engine, std::istream& standard_i
                               int visible) const {
     const std::vector<std::uint8_t> file = read(standard_input);
     if (transparency_) return open(file, *transparency_, engine);
-    const auto shows = [&](const OpenedPicture& opened) {
-        return DarkBounds(opened.picture.view(), visible).has_value();
+    std::exception_ptr paper_failure; // trim fails where nothing is dark
+    const auto open_as = [&](Transparency transparency) {
+        try {
+            return open(file, transparency, engine);
+        } catch (const FileError&) {
+            if (transparency != Transparency::kPaper) throw;
+            paper_failure = std::current_exception();
+            return OpenedPicture{};
+        }
     };
-    OpenedPicture paper;
-    std::exception_ptr failure;
-    try {
-        paper = open(file, Transparency::kPaper, engine);
-        if (shows(paper)) return paper;
-    } catch (const FileError&) {
-        failure = std::current_exception(); // trim fails where nothing is dark
-    }
-    OpenedPicture ink = open(file, Transparency::kInk, engine);
-    if (shows(ink)) {
-        ink.origin.ink_instead_of_nothing = true;
-        return ink;
-    }
-    if (failure) std::rethrow_exception(failure);
-    return paper;
+    auto [opened, transparency] = open_visibly(open_as, [&](const OpenedPicture& picture) {
+        return DarkBounds(picture.picture.view(), visible).has_value();
+    });
+    opened.origin.ink_instead_of_nothing = transparency == Transparency::kInk;
+    if (paper_failure && transparency == Transparency::kPaper)
+        std::rethrow_exception(paper_failure);
+    return std::move(opened);
 }
 
 std::vector<std::uint8_t> PictureJob::read(std::istream& standard_input) const {

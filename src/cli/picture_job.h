@@ -58,9 +58,10 @@ class PictureJob {
     /// INPUT and the files that operations read.
     const std::vector<std::string>& inputs() const { return inputs_; }
 
-    /// Reads the picture and runs the operations on it with `engine`. With --alpha auto, a picture
-    /// that is left without a pixel of a grey up to `visible` is done again as ink, if that leaves
-    /// more. Throws `FileError` that begins with the file's name.
+    /// Reads the picture and runs the operations on it with `engine`. With --alpha auto,
+    /// transparent pixels are paper; when the result has no pixel of a grey up to `visible`,
+    /// everything is done again with ink, which is taken if it has such pixels. Throws `FileError`
+    /// that begins with the file's name.
     OpenedPicture run(cImageProcessDIB& engine, std::istream& standard_input, int visible) const;
 
     /// Says on `console` what opening changed: the size, or transparent pixels.

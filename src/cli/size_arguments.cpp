@@ -9,11 +9,19 @@
 #include <CLI/CLI.hpp>
 
 #include <cmath>
+#include <vector>
 
 namespace kelvane {
 namespace {
 
 constexpr const char* kFile = "file"; // --dpi file
+
+std::vector<std::string> unit_words() {
+    std::vector<std::string> words;
+    for (const Unit& unit : kUnits)
+        words.emplace_back(unit.word);
+    return words;
+}
 
 double size_argument(const std::string& text) {
     const std::optional<double> size = strict_number<double>(text);
@@ -30,8 +38,8 @@ double dpi_argument(const std::string& text) {
     return *dpi;
 }
 
-// A reduction makes pixels larger. Operations that change the number of pixels do not count: they
-// are there to change the size.
+// Pixels per inch of the opened picture. A picture that was reduced when it was opened has larger
+// pixels. Operations that change the number of pixels leave the size of a pixel as it is.
 double resolution_of(const PictureOrigin& origin) {
     if (!origin.resolution)
         throw FileError("states no resolution; give --dpi N, --width or --size instead");
@@ -51,7 +59,7 @@ void add_size_arguments(CLI::App& command, SizeArguments& arguments) {
                     "unit of the script, and of lengths without one; not given, it is that of "
                     "--width or --height")
         ->default_str("mil")
-        ->check(CLI::IsMember({"mil", "inch", "mic", "mm"}));
+        ->check(CLI::IsMember(unit_words()));
     command.add_option("--size", arguments.size, "edge of one pixel in the unit")
         ->default_str("1")
         ->type_name("X");

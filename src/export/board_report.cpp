@@ -52,12 +52,13 @@ double widest_limit(const BitPicture& drawn, WidthOf what, double limit) {
 }
 
 // The thinnest one above the limit.
-std::optional<Thinnest> wider_thinnest(const BitPicture& drawn, WidthOf what, double limit) {
+std::optional<Thinnest> wider_thinnest(const BitPicture& drawn, WidthOf what, double limit,
+                                       ProgressObserver* observer) {
     const double widest = widest_limit(drawn, what, limit);
     std::optional<Thinnest> thinnest;
     for (double next = std::max(limit, 1.0); !thinnest && next < widest;) {
         next = std::min(2 * next, widest);
-        thinnest = check_widths(drawn, what, next).thinnest;
+        thinnest = check_widths(drawn, what, next, observer).thinnest;
     }
     return thinnest;
 }
@@ -79,16 +80,17 @@ BoardReport board_sizes(const BitPicture& drawn, const BoardQuestion& question) 
     return report;
 }
 
-BoardWidths board_widths(const BitPicture& drawn, WidthOf what, const BoardQuestion& question) {
+BoardWidths board_widths(const BitPicture& drawn, WidthOf what, const BoardQuestion& question,
+                         ProgressObserver* observer) {
     const double pixel_mm = pixel_millimetres(question);
     const double limit_mm =
         what == WidthOf::kLines ? question.limits.line_mm : question.limits.gap_mm;
     if (!(pixel_mm > 0) || !(limit_mm > 0) || ink_of(drawn).width == 0) return {};
     const double limit = limit_mm / pixel_mm;
     BoardWidths widths;
-    widths.places = check_widths(drawn, what, limit);
+    widths.places = check_widths(drawn, what, limit, observer);
     std::optional<Thinnest> thinnest = widths.places.thinnest;
-    if (!thinnest && question.measures) thinnest = wider_thinnest(drawn, what, limit);
+    if (!thinnest && question.measures) thinnest = wider_thinnest(drawn, what, limit, observer);
     if (thinnest) widths.thinnest_mm = thinnest->width * pixel_mm;
     return widths;
 }

@@ -87,8 +87,9 @@ BoardReport check_board(ConstImageView reduced, const BoardQuestion& question);
 
 /// All but lines, gaps, objects and warnings. `drawn` has the pixels that are drawn.
 BoardReport board_sizes(const BitPicture& drawn, const BoardQuestion& question);
-/// Lines or gaps. Throws `std::bad_alloc`.
-BoardWidths board_widths(const BitPicture& drawn, WidthOf what, const BoardQuestion& question);
+/// Lines or gaps. Reports as `check_widths` does. Throws `std::bad_alloc`.
+BoardWidths board_widths(const BitPicture& drawn, WidthOf what, const BoardQuestion& question,
+                         ProgressObserver* observer = nullptr);
 /// Adds the warnings that follow from the rest of the report, but for the one of `add_objects`.
 void add_warnings(BoardReport& report, const BoardQuestion& question);
 

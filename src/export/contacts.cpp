@@ -33,12 +33,15 @@ class ContactMap::Sets {
     std::vector<RunIndex> parent_;
 };
 
-ContactMap ContactMap::find(const RunList& runs, Joining joining, ProgressObserver* observer) {
+ContactMap ContactMap::find(const RunList& runs, Joining joining,
+                            const ProgressReporter& progress) {
     ContactMap map;
     map.entries_.assign(std::size_t{runs.size()} + 1, {0, 0, kNoRun});
-    for (int y = 0; y < runs.rows(); ++y)
+    for (int y = 0; y < runs.rows(); ++y) {
         map.find_contacts_of_row(runs, y);
-    map.join(runs, joining, observer);
+        progress.at(y);
+    }
+    map.join(runs, joining, progress);
     return map;
 }
 
@@ -59,9 +62,7 @@ void ContactMap::find_contacts_of_row(const RunList& runs, int y) {
     }
 }
 
-void ContactMap::join(const RunList& runs, Joining joining, ProgressObserver* observer) {
-    const ProgressReporter progress(observer);
-    progress.init(2L * runs.rows());
+void ContactMap::join(const RunList& runs, Joining joining, const ProgressReporter& progress) {
     joined_.assign(entries_.back().first_contact, false);
     Sets sets(runs.size());
     for (const bool corners : {false, true}) {
@@ -74,7 +75,7 @@ void ContactMap::join(const RunList& runs, Joining joining, ProgressObserver* ob
                     if (shares_columns(runs[run], runs[upper]) != corners)
                         joined_[contact] = sets.unite(run, upper) || always;
             }
-            progress.at(y + (corners ? long{runs.rows()} : 0));
+            progress.at(y + (corners ? 2L : 1L) * runs.rows());
         }
     }
 }

@@ -7,24 +7,6 @@
 
 namespace kelvane {
 
-/// How run a of row y and run b of row y + 1 meet.
-enum class ContactClass : std::uint8_t {
-    kNone = 0,
-    kEqualStarts = 1, // the ends differ
-    kEqual = 2,
-    kEqualEnds = 3, // the starts differ
-    kOverlap = 4,   // starts and ends differ, columns in common
-    kCorner = 5,    // the start of one is the end of the other
-};
-
-constexpr ContactClass classify_contact(const Run& a, const Run& b) {
-    if (a.end < b.begin || b.end < a.begin) return ContactClass::kNone;
-    if (a.end == b.begin || b.end == a.begin) return ContactClass::kCorner;
-    if (a.begin == b.begin)
-        return a.end == b.end ? ContactClass::kEqual : ContactClass::kEqualStarts;
-    return a.end == b.end ? ContactClass::kEqualEnds : ContactClass::kOverlap;
-}
-
 constexpr bool shares_columns(const Run& a, const Run& b) {
     return a.begin < b.end && b.begin < a.end;
 }
@@ -45,9 +27,10 @@ class ContactMap {
         kAllOverlaps,
     };
 
-    /// Time and memory grow linearly with the runs.
-    static ContactMap find(const RunList& runs, Joining joining,
-                           ProgressObserver* observer = nullptr);
+    /// Time and memory grow linearly with the runs. Reports the rows of `kPasses` passes, counted
+    /// from 0 through all of them.
+    static ContactMap find(const RunList& runs, Joining joining, const ProgressReporter& progress);
+    static constexpr long kPasses = 3;
 
     /// First run that `run` touches in the row above; meaningless when it touches none.
     RunIndex first_above(RunIndex run) const { return entries_[run].first_above; }
@@ -74,7 +57,7 @@ class ContactMap {
     class Sets;
 
     void find_contacts_of_row(const RunList& runs, int y);
-    void join(const RunList& runs, Joining joining, ProgressObserver* observer);
+    void join(const RunList& runs, Joining joining, const ProgressReporter& progress);
 
     std::vector<Entry> entries_; // one per run and a last one that closes the contact numbering
     std::vector<bool> joined_;   // one per contact, sorted by lower, then upper run

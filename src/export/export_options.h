@@ -45,14 +45,15 @@ inline constexpr double kMostSmoothing = .5;
 /// are one length, told in each unit.
 struct Unit {
     std::string_view name; // as in the script's Grid command
+    std::string_view word; // in running text and on the command line
     double coordinate_limit;
     double nanometres; // a whole number for every unit, so that lengths convert exactly
 };
 inline constexpr std::array<Unit, 4> kUnits{{
-    {"mil", 33026.0, 25400},
-    {"Inch", 33.026, 25400000},
-    {"mic", 838860.0, 1000},
-    {"mm", 838.86, 1000000},
+    {"mil", "mil", 33026.0, 25400},
+    {"Inch", "inch", 33.026, 25400000},
+    {"mic", "mic", 838860.0, 1000},
+    {"mm", "mm", 838.86, 1000000},
 }};
 
 /// An EAGLE version and the setting that makes its wires bend freely.
@@ -67,10 +68,10 @@ inline constexpr std::array<EagleVersion, 3> kEagleVersions{{
     {"2.xx", "2", "Set wire_style 2;"},
 }};
 
-/// Name and limit of the options' unit; an index outside the table has no name and no limit.
+/// The options' unit; an index outside the table has no name and no limit.
 constexpr Unit unit_of(const ExportOptions& options) {
     if (options.unit < 0 || options.unit >= static_cast<int>(kUnits.size()))
-        return {"", std::numeric_limits<double>::infinity(), 0};
+        return {"", "", std::numeric_limits<double>::infinity(), 0};
     return kUnits[static_cast<std::size_t>(options.unit)];
 }
 /// The version's bend command; every index but 0 stands for the older spelling.

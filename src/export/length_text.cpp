@@ -25,8 +25,7 @@ int decimals_of(const ExportOptions& options) {
 } // namespace
 
 std::string_view unit_word(const ExportOptions& options) {
-    constexpr std::array<std::string_view, kUnits.size()> kWords{"mil", "inch", "mic", "mm"};
-    return kWords[static_cast<std::size_t>(options.unit)];
+    return unit_of(options).word;
 }
 
 std::string length_text(double millimetres, const ExportOptions& options) {

@@ -80,7 +80,9 @@ SideIndex LinkedSides::Linker::along_bottom(SideIndex from, RunIndex run, int ro
     return right_side(run);
 }
 
-LinkedSides::LinkedSides(const RunList& runs, const ContactMap& contacts, MeetingPoints meetings) {
+LinkedSides::LinkedSides(const RunList& runs, const ContactMap& contacts, MeetingPoints meetings,
+                         const ProgressReporter& progress) {
+    const long rows_before = ContactMap::kPasses * runs.rows();
     const bool with_meetings = meetings == MeetingPoints::kFound;
     sides_.reserve(std::size_t{runs.size()} * 2);
     Linker linker(runs, contacts, bridges_, with_meetings ? &bridges_below_ : nullptr);
@@ -94,26 +96,31 @@ LinkedSides::LinkedSides(const RunList& runs, const ContactMap& contacts, Meetin
             link(runs[run].begin, [&] { return linker.after_left(run, y); });
             link(runs[run].end, [&] { return linker.after_right(run, y); });
         }
+        progress.at(rows_before + y);
     }
     if (!with_meetings) return;
     meetings_.assign(sides_.size(), 0);
-    find_corner_contacts(runs, contacts);
+    for (int y = 0; y < runs.rows(); ++y) {
+        for (RunIndex run = runs.row_begin(y); run < runs.row_begin(y + 1); ++run)
+            find_corner_contacts(runs, contacts, run);
+        progress.at(rows_before + runs.rows() + y);
+    }
     for (const Bridge& bridge : bridges_below_)
         meetings_[bridge.behind] |= kBridgesBelow;
 }
 
-void LinkedSides::find_corner_contacts(const RunList& runs, const ContactMap& contacts) {
-    for (RunIndex run = 0; run < runs.size(); ++run) {
-        const RunIndex above_begin = contacts.first_above(run);
-        const RunIndex above_end = above_begin + contacts.count_above(run);
-        for (RunIndex above = above_begin; above < above_end; ++above) {
-            if (runs[run].end == runs[above].begin) {
-                meetings_[right_side(run)] |= kMeetsAtEnd;
-                meetings_[left_side(above)] |= kMeetsAtEnd;
-            } else if (runs[above].end == runs[run].begin) {
-                meetings_[left_side(run)] |= kMeetsAtBegin;
-                meetings_[right_side(above)] |= kMeetsAtBegin;
-            }
+// Those of a run with the row above.
+void LinkedSides::find_corner_contacts(const RunList& runs, const ContactMap& contacts,
+                                       RunIndex run) {
+    const RunIndex above_begin = contacts.first_above(run);
+    const RunIndex above_end = above_begin + contacts.count_above(run);
+    for (RunIndex above = above_begin; above < above_end; ++above) {
+        if (runs[run].end == runs[above].begin) {
+            meetings_[right_side(run)] |= kMeetsAtEnd;
+            meetings_[left_side(above)] |= kMeetsAtEnd;
+        } else if (runs[above].end == runs[run].begin) {
+            meetings_[left_side(run)] |= kMeetsAtBegin;
+            meetings_[right_side(above)] |= kMeetsAtBegin;
         }
     }
 }

@@ -44,9 +44,11 @@ enum class MeetingPoints : bool { kNotFound, kFound };
 class LinkedSides {
   public:
     /// Links the sides of `runs` by the joining contacts. Bridges stand where a contact with
-    /// columns in common does not join.
-    LinkedSides(const RunList& runs, const ContactMap& contacts,
-                MeetingPoints meetings = MeetingPoints::kNotFound);
+    /// columns in common does not join. Reports the rows of up to `kPasses` passes, counted on from
+    /// those of `ContactMap::find`.
+    LinkedSides(const RunList& runs, const ContactMap& contacts, MeetingPoints meetings,
+                const ProgressReporter& progress);
+    static constexpr long kPasses = 2;
 
     SideIndex size() const { return static_cast<SideIndex>(sides_.size()); }
     std::int32_t x(SideIndex side) const { return sides_[side].x; }
@@ -82,7 +84,7 @@ class LinkedSides {
     static constexpr std::uint8_t kBridgesBelow = 4;
     class Linker;
 
-    void find_corner_contacts(const RunList& runs, const ContactMap& contacts);
+    void find_corner_contacts(const RunList& runs, const ContactMap& contacts, RunIndex run);
 
     std::vector<Side> sides_;
     std::vector<Bridge> bridges_;        // sorted by side

@@ -83,7 +83,9 @@ class AreaFinder {
           above_(below_), lower_contact_(dark.row_words()), upper_contact_(lower_contact_),
           near_core_(lower_contact_) {}
 
-    ThinPlaces run() {
+    ThinPlaces run(ProgressObserver* observer) {
+        const ProgressReporter progress(observer);
+        progress.init(dark_.height());
         load(-1, here_);
         load(0, above_);
         for (int y = 0; y <= dark_.height() && !done(); ++y) {
@@ -91,6 +93,7 @@ class AreaFinder {
             std::swap(here_, above_);
             load(y + 1, above_);
             add_row(y);
+            progress.at(y);
         }
         return places_;
     }
@@ -252,14 +255,14 @@ class AreaFinder {
 
 } // namespace
 
-ThinPlaces keep_thin_places(const BitPicture& dark, WidthOf what, int diameter,
-                            BitPicture& residue) {
-    return AreaFinder(dark, what, diameter, residue, nullptr).run();
+ThinPlaces keep_thin_places(const BitPicture& dark, WidthOf what, int diameter, BitPicture& residue,
+                            ProgressObserver* observer) {
+    return AreaFinder(dark, what, diameter, residue, nullptr).run(observer);
 }
 
 ThinPlaces find_thin_place(const BitPicture& dark, WidthOf what, int diameter, BitPicture& residue,
-                           const BitPicture& within) {
-    return AreaFinder(dark, what, diameter, residue, &within).run();
+                           const BitPicture& within, ProgressObserver* observer) {
+    return AreaFinder(dark, what, diameter, residue, &within).run(observer);
 }
 
 } // namespace kelvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "export/bit_picture.h"
+#include "image/progress.h"
 
 #include <cstdint>
 
@@ -27,12 +28,14 @@ struct ThinPlaces {
 /// links thicker parts; it is a thin place unless it is small. One that touches them in a single
 /// place is an arm, and a thin place when it is longer than about three quarters of the diameter,
 /// or a corner. Corners count by their area: those above 30 degrees are no thin places.
-ThinPlaces keep_thin_places(const BitPicture& dark, WidthOf what, int diameter,
-                            BitPicture& residue);
+///
+/// Reports rows.
+ThinPlaces keep_thin_places(const BitPicture& dark, WidthOf what, int diameter, BitPicture& residue,
+                            ProgressObserver* observer);
 
 /// The first thin place that has pixels in common with `within`, and one of those; the count is 1
-/// or 0. Leaves `residue` half done.
+/// or 0. Leaves `residue` half done. Reports rows.
 ThinPlaces find_thin_place(const BitPicture& dark, WidthOf what, int diameter, BitPicture& residue,
-                           const BitPicture& within);
+                           const BitPicture& within, ProgressObserver* observer);
 
 } // namespace kelvane

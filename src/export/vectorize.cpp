@@ -32,52 +32,74 @@ std::int32_t smoothing_radius(ConstImageView image, const ExportOptions& options
 
 LinkedSides link_sides(const RunList& runs, ContactMap::Joining joining, MeetingPoints meetings,
                        ProgressObserver* observer) {
-    const ContactMap contacts = ContactMap::find(runs, joining, observer);
-    return {runs, contacts, meetings};
+    const ProgressReporter progress(observer);
+    progress.init((ContactMap::kPasses + LinkedSides::kPasses) * runs.rows());
+    const ContactMap contacts = ContactMap::find(runs, joining, progress);
+    return {runs, contacts, meetings, progress};
 }
 
-// Reports progress within long outlines: one may wind through the whole picture.
-class LongOutlineReporter final : public OutlineReceiver {
+// Progress of the outlines. One may wind through the whole picture, so it is reported within long
+// ones, too.
+class OutlineProgress {
   public:
-    LongOutlineReporter(OutlineReceiver& receiver, const ProgressReporter& progress)
-        : receiver_(receiver), progress_(progress) {}
+    static constexpr std::size_t kVerticesPerReport = 1 << 14;
 
-    void begin_outline() override { receiver_.begin_outline(); }
-    void add_vertices(std::span<const OutlineVertex> vertices) override {
-        receiver_.add_vertices(vertices);
-        unreported_ += vertices.size();
-        if (unreported_ < kVerticesPerReport) return;
-        unreported_ = 0;
-        progress_.at(row_);
-    }
-    void end_outline() override { receiver_.end_outline(); }
+    explicit OutlineProgress(ProgressObserver* observer) : progress_(observer) {}
 
+    void init(int rows) const { progress_.init(rows); }
     /// The outlines that begin in the rows below `row` are complete.
-    void report(int row) {
+    void at_row(int row) {
         if (row == row_) return;
         unreported_ = 0;
         progress_.at(row_ = row);
     }
+    /// So many vertices were passed on.
+    void add_vertices(std::size_t count) {
+        unreported_ += count;
+        if (unreported_ < kVerticesPerReport) return;
+        unreported_ = 0;
+        progress_.at(row_);
+    }
 
   private:
-    static constexpr std::size_t kVerticesPerReport = 1 << 14;
-
-    OutlineReceiver& receiver_;
-    const ProgressReporter& progress_;
+    const ProgressReporter progress_;
     int row_ = 0;
     std::size_t unreported_ = 0;
 };
 
+// Passes outlines on in parts that are short enough for progress in between.
+class ReportedOutlines final : public OutlineReceiver {
+  public:
+    ReportedOutlines(OutlineReceiver& receiver, OutlineProgress& progress)
+        : receiver_(receiver), progress_(progress) {}
+
+    void begin_outline() override { receiver_.begin_outline(); }
+    void add_vertices(std::span<const OutlineVertex> vertices) override {
+        while (!vertices.empty()) {
+            const std::size_t count =
+                std::min(vertices.size(), OutlineProgress::kVerticesPerReport);
+            receiver_.add_vertices(vertices.first(count));
+            progress_.add_vertices(count);
+            vertices = vertices.subspan(count);
+        }
+    }
+    void end_outline() override { receiver_.end_outline(); }
+
+  private:
+    OutlineReceiver& receiver_;
+    OutlineProgress& progress_;
+};
+
 // Full autotrace: each group of joined runs is a shape, and with wires each of its holes.
 void trace_outlines(const RunList& runs, ContactMap::Joining joining, MeetingPoints meetings,
-                    OutlineReceiver& receiver, ProgressObserver* observer) {
+                    OutlineReceiver& receiver, OutlineProgress& progress,
+                    ProgressObserver* observer) {
     LinkedSides sides = link_sides(runs, joining, meetings, observer);
-    const ProgressReporter progress(observer);
     progress.init(runs.rows());
-    LongOutlineReporter reporter(receiver, progress);
-    OutlineTracer tracer(runs, sides, reporter);
+    ReportedOutlines reported(receiver, progress);
+    OutlineTracer tracer(runs, sides, reported);
     while (tracer.trace_next())
-        reporter.report(tracer.row());
+        progress.at_row(tracer.row());
 }
 
 // Linewise: each run is a shape.
@@ -95,11 +117,13 @@ void for_each_run(const RunList& runs, ProgressObserver* observer, WriteRun writ
 // `radius` is that of smoothing, or 0.
 void trace(const RunList& runs, bool autotrace, std::int32_t radius, ContactMap::Joining joining,
            OutlineReceiver& receiver, ProgressObserver* observer) {
+    OutlineProgress progress(observer);
     if (radius > 0) {
-        OutlineSmoother smoother(radius, receiver);
-        trace_outlines(runs, joining, MeetingPoints::kFound, smoother, observer);
+        ReportedOutlines smooth(receiver, progress); // each comes in one piece
+        OutlineSmoother smoother(radius, smooth);
+        trace_outlines(runs, joining, MeetingPoints::kFound, smoother, progress, observer);
     } else if (autotrace) {
-        trace_outlines(runs, joining, MeetingPoints::kNotFound, receiver, observer);
+        trace_outlines(runs, joining, MeetingPoints::kNotFound, receiver, progress, observer);
     } else {
         for_each_run(runs, observer,
                      [&](const Run& run, int y) { trace_rectangle(run, y, receiver); });

@@ -24,10 +24,10 @@ struct ExportReport {
 };
 
 /// Traces `image`, which is meant to hold only black and white, and writes the script `FileName`.
-/// Each stage raises an initialising event with its own maximum and progress once per row of pixels
-/// at most, and again with the same position within long outlines; the completion event comes once,
-/// at the end. Throws `FileError`, with any existing file untouched. An unknown shape kind is
-/// scanned and completed, but writes nothing.
+/// Each stage raises an initialising event with its own maximum and progress at most once per row
+/// of pixels in each pass, and again with the same position within long outlines; the completion
+/// event comes once, at the end. Throws `FileError`, with any existing file untouched. An unknown
+/// shape kind is scanned and completed, but writes nothing.
 ExportReport Vectorize(ConstImageView image, const std::filesystem::path& FileName,
                        const ExportOptions& options, ProgressObserver* observer = nullptr);
 

@@ -31,15 +31,17 @@ BitPicture residue_of(const BitPicture& drawn, WidthOf what, int diameter) {
     return residue;
 }
 
-// Searches the smallest disc that leaves something of the places which one of `some` found.
+// Searches the largest disc that finds no thin place among those in `too_thin`. The disc of
+// diameter `some` found them; `found` is one of them.
 Thinnest narrow(const BitPicture& drawn, WidthOf what, int some, ThinPlaces found,
-                const BitPicture& too_thin) {
+                const BitPicture& too_thin, ProgressObserver* observer) {
     int none = 1;
     // Narrow places first: small discs take less time, and hairlines are what is found most.
     for (int step = 1; some - none > 1; step *= 2) {
         const int diameter = none + std::min(step, (some - none) / 2);
         BitPicture residue = residue_of(drawn, what, diameter);
-        const ThinPlaces place = find_thin_place(drawn, what, diameter, residue, too_thin);
+        const ThinPlaces place =
+            find_thin_place(drawn, what, diameter, residue, too_thin, observer);
         if (place.count == 0) {
             none = diameter;
         } else {
@@ -52,13 +54,15 @@ Thinnest narrow(const BitPicture& drawn, WidthOf what, int some, ThinPlaces foun
 
 } // namespace
 
-WidthReport check_widths(const BitPicture& drawn, WidthOf what, double limit) {
+WidthReport check_widths(const BitPicture& drawn, WidthOf what, double limit,
+                         ProgressObserver* observer) {
     const int diameter = diameter_for(drawn, limit);
     WidthReport report;
     report.too_thin = residue_of(drawn, what, diameter);
-    const ThinPlaces found = keep_thin_places(drawn, what, diameter, report.too_thin);
+    const ThinPlaces found = keep_thin_places(drawn, what, diameter, report.too_thin, observer);
     report.places = found.count;
-    if (found.count != 0) report.thinnest = narrow(drawn, what, diameter, found, report.too_thin);
+    if (found.count != 0)
+        report.thinnest = narrow(drawn, what, diameter, found, report.too_thin, observer);
     return report;
 }
 

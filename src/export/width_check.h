@@ -44,6 +44,10 @@ struct WidthReport {
 ///
 /// Needs memory for two pictures besides the one that is checked, for gaps larger ones by the
 /// limit, and about 100 bytes for each run of a row. Throws `std::bad_alloc`.
-WidthReport check_widths(const BitPicture& drawn, WidthOf what, double limit);
+///
+/// Reports the rows of several passes, each with an initialising event; an exception of `observer`
+/// stops it.
+WidthReport check_widths(const BitPicture& drawn, WidthOf what, double limit,
+                         ProgressObserver* observer = nullptr);
 
 } // namespace kelvane

@@ -31,8 +31,8 @@ cDIBSection decoded_image(Bytes file_bytes, Transparency transparency) {
 
 } // namespace
 
-cDIBSection read_picture(const std::filesystem::path& file, Transparency transparency) {
-    return decode_picture(read_file_bytes(file), transparency);
+cDIBSection read_picture(const std::filesystem::path& file) {
+    return decode_picture(read_file_bytes(file));
 }
 
 cDIBSection decode_picture(Bytes file_bytes, Transparency transparency) {

@@ -12,16 +12,16 @@ namespace kelvane {
 
 class UprightPicture;
 
-/// Reads the picture in `file`; `transparency` tells what transparent pixels become, and changes
+/// Decodes a picture file's bytes; `transparency` tells what transparent pixels become, and changes
 /// nothing in a picture without any. The orientation mark is applied. Of several images the first
 /// is taken, of an icon the largest, of an animation the whole canvas with its first frame. Throws
 /// `FileError` with the cause (without the file's name) when no picture can be read; truncated
 /// files are refused.
-cDIBSection read_picture(const std::filesystem::path& file,
-                         Transparency transparency = Transparency::kPaper);
-
-/// The same for a picture file's bytes.
 cDIBSection decode_picture(Bytes file_bytes, Transparency transparency = Transparency::kPaper);
+
+/// Reads the picture in `file`, its transparent pixels on paper. Throws as `decode_picture`, and
+/// when the file cannot be read.
+cDIBSection read_picture(const std::filesystem::path& file);
 
 /// Decodes a file of one picture into `picture`. Implemented by the platform: gdk-pixbuf on Linux,
 /// WIC and the OLE picture loader on Windows. Throws `FileError`.

@@ -1,4 +1,5 @@
 // Pictures through gdk-pixbuf.
+#include "image/bitmap_format.h"
 #include "image/picture_reader.h"
 #include "image/tiff_format.h"
 #include "image/upright_picture.h"
@@ -102,6 +103,18 @@ Pixbuf decode(Bytes bytes) {
     return Pixbuf(static_cast<GdkPixbuf*>(g_object_ref(decoded)));
 }
 
+// Whether the pixels of a bitmap begin before the end of its colour table. gdk-pixbuf reads no such
+// file, but takes memory for the whole picture before it gives up. Other loaders do read it: the
+// table may be shorter than the header says.
+bool has_pixels_in_table(Bytes file_bytes) {
+    constexpr std::size_t kOffsetPlace = 10, kFileHeader = 14;
+    if (!is_bitmap(file_bytes)) return false;
+    const auto header = read_dib_header(bytes_from(file_bytes, kFileHeader));
+    return header && header->bits <= 8 &&
+           number_at(file_bytes, kOffsetPlace, 4) <
+               kFileHeader + header->bytes + header->palette_bytes;
+}
+
 int orientation_of(GdkPixbuf* decoded) {
     const char* mark = gdk_pixbuf_get_option(decoded, "orientation");
     return mark ? std::atoi(mark) : 1;
@@ -129,6 +142,7 @@ const PixelLayout& layout_of(GdkPixbuf* decoded, Bytes file_bytes) {
 } // namespace
 
 void decode_rows(Bytes file_bytes, UprightPicture& picture) {
+    if (has_pixels_in_table(file_bytes)) throw FileError(FileFault::kDamaged);
     const Pixbuf decoded = decode(file_bytes);
     const int height = gdk_pixbuf_get_height(decoded.get());
     const std::ptrdiff_t step = gdk_pixbuf_get_rowstride(decoded.get());

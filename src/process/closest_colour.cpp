@@ -34,11 +34,11 @@ ClosestColour::ClosestColour(const cPalette& palette)
       cells_(static_cast<std::size_t>(kCellsPerSide) * kCellsPerSide * kCellsPerSide) {}
 
 void ClosestColour::fill(Cell& cell, int red, int green, int blue) {
-    constexpr int width = 1 << kCellBits;
-    const std::array low{red & -width, green & -width, blue & -width};
+    constexpr int kWidth = 1 << kCellBits;
+    const std::array low{red & -kWidth, green & -kWidth, blue & -kWidth};
     int bound = kFarthest;
     for (const cPalette::Colour& colour : palette_.colours())
-        bound = std::min(bound, reach(colour, low, width).farthest);
+        bound = std::min(bound, reach(colour, low, kWidth).farthest);
 
     if (candidates_.size() > kMostCandidates) {
         candidates_.clear();
@@ -47,7 +47,7 @@ void ClosestColour::fill(Cell& cell, int red, int green, int blue) {
     cell.first = static_cast<std::uint32_t>(candidates_.size());
     for (int index = 1; index <= palette_.Count(); ++index) {
         const cPalette::Colour& colour = palette_.colours()[static_cast<std::size_t>(index) - 1];
-        if (reach(colour, low, width).nearest <= bound) candidates_.push_back({index, colour});
+        if (reach(colour, low, kWidth).nearest <= bound) candidates_.push_back({index, colour});
     }
     if (candidates_.size() == cell.first) candidates_.push_back({0, {}}); // an empty palette
     cell.count = static_cast<std::uint32_t>(candidates_.size() - cell.first) & 0x7FFFFFFF;

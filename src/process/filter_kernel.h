@@ -29,8 +29,8 @@ class FilterKernel {
 
   private:
     static std::size_t index(int i, int j) {
-        constexpr int reach = kLargestSize / 2;
-        return static_cast<std::size_t>((j + reach) * kLargestSize + i + reach);
+        constexpr int kReach = kLargestSize / 2;
+        return static_cast<std::size_t>((j + kReach) * kLargestSize + i + kReach);
     }
     int half_;
     std::int32_t weight_;

@@ -191,7 +191,7 @@ void store_quotients(const std::int32_t* __restrict sums, Byte* __restrict to, i
 }
 
 void wide(const Byte* from, Byte* to, int count, const Taps& taps) {
-    constexpr std::int32_t float_weight = 1 << 14;
+    constexpr std::int32_t kFloatWeight = 1 << 14;
     alignas(32) std::int32_t sums[kLongestSpan];
     sum_taps(from, short_pairs(taps, lower_half), sums, count);
     const ShortPairs upper = short_pairs(taps, upper_half);
@@ -202,7 +202,7 @@ void wide(const Byte* from, Byte* to, int count, const Taps& taps) {
             sums[k] = static_cast<std::int32_t>(static_cast<std::uint32_t>(sums[k]) +
                                                 (static_cast<std::uint32_t>(upper_sums[k]) << 16));
     }
-    if (taps.weight >= -float_weight && taps.weight <= float_weight)
+    if (taps.weight >= -kFloatWeight && taps.weight <= kFloatWeight)
         store_quotients<float>(sums, to, count, taps.weight);
     else
         store_quotients<double>(sums, to, count, taps.weight);
@@ -230,9 +230,9 @@ void extreme(const Byte* from, std::ptrdiff_t row_step, Byte* __restrict to, int
 // `Lane` holds every sum; the constants are laid out for a run of whole pixels and whole vectors.
 template <typename Lane, typename Signed>
 void add(const Byte* __restrict from, Byte* __restrict to, int count, const ByteSum& sum) {
-    constexpr int run = 96;
-    alignas(32) Lane constant[run];
-    for (int k = 0; k < run; ++k)
+    constexpr int kRun = 96;
+    alignas(32) Lane constant[kRun];
+    for (int k = 0; k < kRun; ++k)
         constant[k] = static_cast<Lane>(sum.constant[k % 3]);
     const Lane m = static_cast<Lane>(sum.from);
     const Lane n = static_cast<Lane>(sum.to);
@@ -242,8 +242,8 @@ void add(const Byte* __restrict from, Byte* __restrict to, int count, const Byte
         to[k] = static_cast<Byte>(value < 0 ? 0 : value > 255 ? 255 : value);
     };
     int k = 0;
-    for (; k + run <= count; k += run)
-        for (int phase = 0; phase < run; ++phase)
+    for (; k + kRun <= count; k += kRun)
+        for (int phase = 0; phase < kRun; ++phase)
             one(k + phase, phase);
     for (int phase = 0; k < count; ++k, ++phase)
         one(k, phase);

@@ -69,8 +69,8 @@ class SmallAreas {
     BitWord beside(const BitWord* row, std::size_t i) const {
         const BitWord before = i > 0 ? row[i - 1] : 0;
         const BitWord after = i + 1 < picture_.words() ? row[i + 1] : 0;
-        constexpr int last = kWordBits - 1;
-        return row[i] << 1 | before >> last | row[i] >> 1 | after << last;
+        constexpr int kLast = kWordBits - 1;
+        return row[i] << 1 | before >> kLast | row[i] >> 1 | after << kLast;
     }
 
     RunNumber count_runs() {

@@ -14,8 +14,8 @@ namespace kelvane {
 
 /// Prefetches bytes: hardware prefetching does not follow from one row to the next.
 inline void prefetch(const std::uint8_t* bytes, int count) {
-    constexpr int line = 64;
-    for (int k = 0; k < count; k += line)
+    constexpr int kLine = 64;
+    for (int k = 0; k < count; k += kLine)
         __builtin_prefetch(bytes + k);
 }
 

@@ -46,7 +46,7 @@ void advance(const std::uint8_t* enters, const std::uint8_t* leaves, std::uint32
 
 void compare(const std::uint8_t* greys, const std::uint32_t* sums, int size, int offset,
              std::uint8_t* light, int count) {
-    constexpr int pixels = 4 * kLanes;
+    constexpr int kPixels = 4 * kLanes;
     const __m256i area = _mm256_set1_epi32(size * size);
     const __m256i add = _mm256_set1_epi32(offset);
     const auto eight = [&](int x) {
@@ -56,7 +56,8 @@ void compare(const std::uint8_t* greys, const std::uint32_t* sums, int size, int
     };
     // Packing leaves quarters of both halves in turn.
     const __m256i order = _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7);
-    for (; count >= pixels; count -= pixels, greys += pixels, sums += pixels, light += pixels) {
+    for (; count >= kPixels;
+         count -= kPixels, greys += kPixels, sums += kPixels, light += kPixels) {
         const __m256i packed = _mm256_packs_epi16(_mm256_packs_epi32(eight(0), eight(8)),
                                                   _mm256_packs_epi32(eight(16), eight(24)));
         store(light, _mm256_permutevar8x32_epi32(packed, order));

@@ -40,7 +40,7 @@ class GreyCounter {
 // Limits with equal variance (every one in a gap between two greys) differ by rounding errors
 // only: the answer depends on the order of these operations, which is OpenCV's.
 int limit_of_largest_variance(const Histogram& counts, double scale) {
-    constexpr double least_share = std::numeric_limits<float>::epsilon();
+    constexpr double kLeastShare = std::numeric_limits<float>::epsilon();
     double mean = 0;
     for (std::size_t grey = 0; grey < counts.size(); ++grey)
         mean += static_cast<double>(grey) * counts[grey];
@@ -53,8 +53,8 @@ int limit_of_largest_variance(const Histogram& counts, double scale) {
         dark_mean *= dark_share;
         dark_share += share;
         const double light_share = 1 - dark_share;
-        if (std::min(dark_share, light_share) < least_share ||
-            std::max(dark_share, light_share) > 1 - least_share)
+        if (std::min(dark_share, light_share) < kLeastShare ||
+            std::max(dark_share, light_share) > 1 - kLeastShare)
             continue;
         dark_mean = (dark_mean + grey * share) / dark_share;
         const double light_mean = (mean - dark_share * dark_mean) / light_share;

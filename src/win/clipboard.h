@@ -26,6 +26,8 @@ class Clipboard {
     /// A copy of the picture as a packed device-independent bitmap (header, colours, rows), into
     /// which the system converts every kind of bitmap; empty when the clipboard holds none.
     std::vector<std::uint8_t> packed_bitmap() const;
+    /// Whether it holds one, without having it converted.
+    static bool has_bitmap() { return IsClipboardFormatAvailable(CF_DIB) != FALSE; }
     /// A copy of the PNG file that graphics programs offer beside the bitmap, with the transparency
     /// that bitmaps lose; empty without one. Bytes may follow its end.
     std::vector<std::uint8_t> png_file() const;

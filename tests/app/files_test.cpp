@@ -208,6 +208,9 @@ TEST_F(Files, ClipboardWithoutPictureSaysSo) {
     expect_error(L"An error occured whilst trying to paste this image: The clipboard holds no "
                  L"picture.");
     choose(kCmdPaste);
+    add_to_clipboard(L"PNG", "no picture");
+    script.expect_message(IDOK);
+    choose(kCmdPaste);
     put_on_clipboard(CF_DIB, std::string(64, '\xEE')); // a damaged header
     script.expect_message(IDOK);
     choose(kCmdPaste);

@@ -4,6 +4,7 @@
 #include "export/layers.h"
 #include "export/length.h"
 #include "support/pictures.h"
+#include "support/recording_observer.h"
 
 #include <gmock/gmock.h>
 
@@ -72,6 +73,22 @@ TEST(BoardReport, MeasuresWhatIsWideEnoughOnlyWhenAsked) {
     question.limits = {0, 0};
     report = check_board(blocks_and_bar().view(), question);
     EXPECT_FALSE(report.lines.thinnest_mm || report.gaps.thinnest_mm);
+}
+
+// So that a dialog can stop it when there is input.
+TEST(BoardReport, TheExportAndTheCheckReportEveryRow) {
+    const cDIBSection picture = drawn({"....", ".##.", "##.."});
+    ExportOptions options;
+    options.smooth = .5;
+    RecordingObserver observer;
+    CountExport(picture.view(), options, &observer);
+    EXPECT_THAT(observer.maxima, ElementsAre(9, 15, 3)); // runs, their links, outlines
+    EXPECT_THAT(observer.positions,
+                ElementsAre(0, 1, 2, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14));
+    observer = {};
+    board_widths(drawn_pixels(picture.view()), WidthOf::kGaps, question_of(.05), &observer);
+    EXPECT_THAT(observer.maxima, ElementsAre(3));
+    EXPECT_THAT(observer.positions, ElementsAre(0, 1, 2, 3));
 }
 
 TEST(BoardReport, WarningsOfLayersSizesAndNumbers) {
