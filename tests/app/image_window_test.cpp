@@ -101,6 +101,19 @@ TEST_F(ImageWindow, MainWindowGoesWhereAMonitorOfAnotherDensityWantsIt) {
     GetClientRect(main.window(), &inside);
     GetClientRect(main.status_bar().window(), &bar);
     EXPECT_EQ(bar.right, inside.right);
+    MoveWindow(main.window(), 0, 0, 600, 400, TRUE);
+    SendMessageW(main.status_bar().window(), SB_GETRECT, 0, reinterpret_cast<LPARAM>(&bar));
+    EXPECT_GT(bar.right, 200) << "no room for the message";
+}
+
+TEST_F(ImageWindow, ProgressBarStartsAnew) {
+    StatusBar bar;
+    bar.create(main.window());
+    bar.ProgressMax(9);
+    bar.ProgressValue(7);
+    EXPECT_EQ(SendMessageW(bar.progress(), PBM_GETPOS, 0, 0), 7);
+    bar.ProgressMax(9);
+    EXPECT_EQ(SendMessageW(bar.progress(), PBM_GETPOS, 0, 0), 0);
 }
 
 TEST_F(ImageWindow, FitsItsPictureWithBothBarsAndItsTitle) {
