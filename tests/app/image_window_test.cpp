@@ -232,7 +232,12 @@ TEST_F(ImageWindow, SelectsByKeysAndTellsThePixel) {
     press_keys(form, {VK_RIGHT}, {VK_SHIFT, VK_CONTROL});
     press_keys(form, {VK_DOWN, VK_DOWN, VK_RIGHT, VK_UP}, {VK_CONTROL});
     EXPECT_EQ(form.view().selection(), (PixelRect{1, 1, 12, 2}));
-    EXPECT_EQ(form.view().tip_text().substr(0, 11), L"Pixel 12, 2");
+    for (const UINT message : {WM_SYSKEYDOWN, WM_KILLFOCUS}) { // Alt+I, Alt+Tab
+        EXPECT_EQ(form.view().tip_text().substr(0, 11), L"Pixel 12, 2");
+        SendMessageW(form.window(), message, 0, 0);
+        EXPECT_EQ(form.view().tip_text(), L"") << "it would cover menus and other programs";
+        press_keys(form, {VK_LEFT, VK_RIGHT}, {VK_SHIFT});
+    }
     press_keys(form, {'A'}, {VK_CONTROL});
     EXPECT_EQ(form.view().selection(), (PixelRect{0, 0, 300, 200}));
     EXPECT_EQ(form.view().tip_text(), L"");
@@ -253,6 +258,12 @@ TEST_F(ImageWindow, RightClickMenuZoomsAndCropsWhatIsSelected) {
     press_keys(form, {VK_RIGHT, VK_RIGHT, VK_DOWN}, {VK_SHIFT});
     choose_in_menu({VK_UP, VK_UP, VK_RETURN});
     EXPECT_EQ(status(2), L" 3 x 2");
+    opened(black_picture(9, 9), L"in front.bmp");
+    zoom_by_wheel(form, 120, {0, 0});
+    EXPECT_EQ(status(1) + status(4), L" in front.bmp 100 %");
+    choose_in_menu({VK_DOWN, VK_RETURN});
+    EXPECT_EQ(main.active_form(), &form);
+    EXPECT_EQ(status(1) + status(4), L" picture.bmp 300 %");
 }
 
 TEST_F(ImageWindow, NothingElseStartsDuringAnOperation) {
