@@ -105,6 +105,14 @@ TEST_F(Start, WindowOpensWhereItWasAndAlwaysWithinReach) {
         settings.WriteIniValue(L"window", computer, remembered);
         mfrmMain again(settings);
         again.show(SW_SHOWNORMAL);
+        handle_messages();
+        const HWND surface = FindWindowExW(again.window(), nullptr, L"KelvaneStart", nullptr);
+        RECT hint{};
+        GetWindowRect(GetWindow(surface, GW_CHILD), &hint);
+        MapWindowPoints(nullptr, surface, reinterpret_cast<POINT*>(&hint), 2);
+        EXPECT_EQ(GetPixel(win::WindowContext(surface).get(), hint.left - 5, hint.top),
+                  GetSysColor(COLOR_WINDOW))
+            << "no sheet under the texts";
         WINDOWPLACEMENT placement{};
         placement.length = sizeof placement;
         GetWindowPlacement(again.window(), &placement);
