@@ -75,6 +75,13 @@ TEST_F(Start, KeysReachTheLinks) {
     PostQuitMessage(0);
     main.run();
     EXPECT_EQ(GetDlgCtrlID(GetFocus()), kCmdRecent1 + 1);
+    for (const int link : {0, 1}) {
+        const HWND button = GetDlgItem(surface(), static_cast<int>(kCmdRecent1) + link);
+        UpdateWindow(button);
+        const win::WindowContext context(button);
+        const bool framed = GetPixel(context.get(), 0, 0) != GetPixel(context.get(), 1, 0);
+        EXPECT_EQ(framed, link == 1);
+    }
     PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0);
     PostQuitMessage(0);
     main.run();
