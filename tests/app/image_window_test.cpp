@@ -227,6 +227,11 @@ TEST_F(ImageWindow, SelectsByMouseCopiesAndCrops) {
     EXPECT_GT(form.view().selection()->width, 400);
     drag(form, {70, 70}, {71, 71});
     EXPECT_EQ(form.view().selection(), std::nullopt) << "a click";
+    const frmImage& small = opened(black_picture(20, 10), L"smaller than its window.bmp");
+    drag(small, {50, 9}, {15, 5});
+    EXPECT_EQ(small.view().selection(), (PixelRect{15, 5, 5, 5}));
+    drag(small, {50, 2}, {80, 8});
+    EXPECT_EQ(small.view().selection(), std::nullopt) << "beside the picture";
 }
 
 TEST_F(ImageWindow, SelectsByKeysAndTellsThePixel) {
