@@ -64,6 +64,8 @@ enum CommandId : unsigned short {
     kCmdLanguage,
 
     kCmdFirstLogo, // of the surface without pictures, not of the menu
+
+    kRecentSeparator, // behind the recent files; chosen by nobody
 };
 
 /// First id of MDI children and of their entries in the Window menu.

@@ -60,7 +60,9 @@ std::wstring opening_notice(const ImageDocument::Opening& opening) {
 } // namespace
 
 frmImage::frmImage(DocumentServices& main)
-    : main_(main), document_(main.settings(), this), view_(document_, [this] { show_status(); }) {}
+    : main_(main), document_(main.settings(), this), view_(document_, [this] {
+          if (is_active()) show_status(); // the wheel also zooms the window under the mouse
+      }) {}
 
 void frmImage::create() {
     WNDCLASSEXW window_class{};
@@ -200,6 +202,15 @@ bool frmImage::QuerySave() {
 // So that the user sees which picture the question is about.
 void frmImage::bring_to_front() {
     if (IsIconic(main_.frame())) ShowWindow(main_.frame(), SW_RESTORE);
+    activate();
+}
+
+bool frmImage::is_active() const {
+    const LRESULT active = SendMessageW(main_.mdi_client(), WM_MDIGETACTIVE, 0, 0);
+    return reinterpret_cast<HWND>(active) == window();
+}
+
+void frmImage::activate() const {
     SendMessageW(main_.mdi_client(), IsIconic(window()) ? WM_MDIRESTORE : WM_MDIACTIVATE,
                  reinterpret_cast<WPARAM>(window()), 0);
 }
@@ -256,7 +267,8 @@ LRESULT frmImage::on_message(UINT message, WPARAM w, LPARAM l) {
     return default_procedure(message, w, l);
 }
 
-// False when the right button was released on the frame. A menu key names no place.
+// False when the right button was released on the frame. A menu key names no place. The menu's
+// commands concern the active window, which a right click does not change by itself.
 bool frmImage::show_menu(LPARAM place) {
     RECT client{};
     GetClientRect(window(), &client);
@@ -266,6 +278,7 @@ bool frmImage::show_menu(LPARAM place) {
         point = {client.right / 2, client.bottom / 2};
     else if (!PtInRect(&client, point))
         return false;
+    activate();
     show_picture_menu(view_, window(), main_.frame(), point);
     return true;
 }

@@ -51,7 +51,7 @@ class frmImage : public win::Window, private ProgressObserver {
     /// Sets the window's caption in the program's language.
     void loadLanguage();
     /// Writes the document's title, "<width> x <height>" of its picture and "<percent> %" of its
-    /// zoom to the status line.
+    /// zoom to the status line. For the active form, whose fields these are.
     void show_status() const;
 
   protected:
@@ -74,6 +74,8 @@ class frmImage : public win::Window, private ProgressObserver {
     LONG title_width() const;
     std::wstring caption() const;
     void bring_to_front();
+    bool is_active() const;
+    void activate() const;
 
     void InitProgress(long lMax) override;
     void Progress(long lPosition) override;

@@ -11,8 +11,6 @@
 namespace kelvane {
 namespace {
 
-constexpr unsigned kRecentSeparator = kCmdLanguage + 1;
-
 std::wstring caption_of(const MenuEntry& entry) {
     std::wstring caption = LoadString(entry.caption);
     if (entry.shortcut.key == 0) return caption;

@@ -118,6 +118,10 @@ std::optional<LRESULT> PictureView::handle(UINT message, WPARAM w, LPARAM l) {
     case WM_VSCROLL:
         scroll(message == WM_VSCROLL, LOWORD(w));
         return 0;
+    case WM_SYSKEYDOWN: // opens a menu or changes to another program
+    case WM_KILLFOCUS:
+        tip_.hide(); // it would stay in front of everything
+        return std::nullopt;
     case WM_KEYDOWN:
         return key(w) ? std::optional<LRESULT>(0) : std::nullopt;
     default:

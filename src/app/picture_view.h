@@ -63,6 +63,11 @@ class PictureView {
 
   private:
     enum class Drag { None, Press, Select, Pan };
+    // The picture begins in the window's upper left corner: there is nothing on the other sides.
+    struct Sides {
+        bool right;
+        bool below;
+    };
 
     // picture_view.cpp
     void layout();
@@ -87,6 +92,7 @@ class PictureView {
     // picture_view_input.cpp
     std::optional<LRESULT> handle_mouse(UINT message, WPARAM w, LPARAM l);
     bool is_outside(POINT point) const;
+    Sides beyond_picture(POINT point) const;
     void press(POINT point, bool pan);
     void drag_to(POINT point);
     void release();
@@ -115,6 +121,7 @@ class PictureView {
     POINT drag_from_{};      // where the button went down
     POINT drag_point_{};     // where the mouse is now
     ViewPoint drag_start_{}; // selecting: the first pixel; moving: the scroll position then
+    Sides drag_start_outside_{};
 };
 
 } // namespace kelvane

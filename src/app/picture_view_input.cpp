@@ -109,6 +109,7 @@ void PictureView::press(POINT point, bool pan) {
     drag_ = pan ? Drag::Pan : Drag::Press;
     drag_from_ = drag_point_ = point;
     drag_start_ = pan ? geometry_.scroll() : geometry_.pixel_at({point.x, point.y});
+    drag_start_outside_ = beyond_picture(point);
     SetCapture(window_);
     if (pan)
         SetCursor(LoadCursorW(nullptr, IDC_SIZEALL));
@@ -128,8 +129,18 @@ void PictureView::drag_to(POINT point) {
     const int down = excess(point.y, geometry_.window().height);
     const ViewPoint scrolled = geometry_.scroll();
     scroll_to({scrolled.x + right, scrolled.y + down});
+    const Sides outside = beyond_picture(point);
+    if ((outside.right && drag_start_outside_.right) ||
+        (outside.below && drag_start_outside_.below))
+        return clear_selection(); // the rectangle lies beside the picture
     selection_.span(drag_start_, geometry_.pixel_at({point.x - right, point.y - down}));
     redraw();
+}
+
+PictureView::Sides PictureView::beyond_picture(POINT point) const {
+    const ViewPoint scroll = geometry_.scroll();
+    const ViewSize extent = geometry_.extent();
+    return {point.x + scroll.x >= extent.width, point.y + scroll.y >= extent.height};
 }
 
 // A click that was no drag removes the selection.

@@ -144,7 +144,7 @@ void StartSurface::arrange() {
         ShowWindow(line.control, line.size.cy != 0 ? SW_SHOWNA : SW_HIDE);
         y += line.size.cy;
     }
-    RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void StartSurface::show(bool show) {

@@ -11,11 +11,14 @@
 namespace kelvane {
 namespace {
 
-// Widths at 96 dots per inch; the message takes what remains.
+// Widths at 96 dots per inch; the message takes what remains. In a narrow window the progress bar
+// and the title become narrower, so that the message can still be read.
 constexpr int kTitleWidth = 240;
+constexpr int kTitlePart = 4; // the title gets at most a quarter of what it shares with the message
 constexpr int kSizeWidth = 110;
 constexpr int kProgressWidth = 180;
-constexpr int kZoomWidth = 60; // without the grip
+constexpr int kProgressPart = 6; // the bar gets at most a sixth of the window
+constexpr int kZoomWidth = 60;   // without the grip
 constexpr int kProgressField = 3;
 constexpr int kZoomField = 4;
 constexpr int kMargin = 2; // pixels between the field's frame and the progress bar
@@ -38,9 +41,11 @@ int StatusBar::layout() {
     GetClientRect(bar_, &area);
     const LONG zoom_from =
         area.right - win::scaled(bar_, kZoomWidth) - win::system_metric(bar_, SM_CXVSCROLL);
-    const LONG progress_from = zoom_from - win::scaled(bar_, kProgressWidth);
+    const LONG progress_from =
+        zoom_from - std::min<LONG>(win::scaled(bar_, kProgressWidth), area.right / kProgressPart);
     const LONG size_from = progress_from - win::scaled(bar_, kSizeWidth);
-    const LONG title_from = size_from - win::scaled(bar_, kTitleWidth);
+    const LONG title_from =
+        size_from - std::min<LONG>(win::scaled(bar_, kTitleWidth), size_from / kTitlePart);
     std::array<int, 5> ends{static_cast<int>(title_from), static_cast<int>(size_from),
                             static_cast<int>(progress_from), static_cast<int>(zoom_from), -1};
     for (int& end : ends)

@@ -99,7 +99,7 @@ ViewGeometry::Bars ViewGeometry::bars_within(ViewSize area, ViewSize bars) const
     const bool first_across = size.width > area.width;
     const bool down = size.height > area.height - (first_across ? bars.height : 0);
     const bool across = size.width > area.width - (down ? bars.width : 0);
-    return {across, size.height > area.height - (across ? bars.height : 0)};
+    return {across, down};
 }
 
 bool ViewGeometry::covers(ViewPoint point) const {

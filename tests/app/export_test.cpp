@@ -43,6 +43,12 @@ TEST_F(Export, ScriptGoesBesideThePictureAndIsReported) {
     EXPECT_THAT(file_text(folder / "logo.v2.scr"), testing::HasSubstr("Polygon 0 (2 0)"));
     EXPECT_THAT(status(0), testing::StartsWith(L" Complete.  Required Time = "));
     EXPECT_THAT(status(0), testing::EndsWith(L"  logo.v2.scr: 1 polygon on 21 tPlace"));
+    create_directory(folder / "other");
+    opened(drawn({"#"}), L"other\\next.bmp");
+    script.expect_dialog([](HWND) {});
+    script.expect_dialog([](HWND) {});
+    choose(kCmdExport);
+    EXPECT_TRUE(exists(folder / "next.scr")) << "beside the last script";
 }
 
 TEST_F(Export, DialogsHandTheirValuesToTheDocument) {

@@ -8,6 +8,7 @@
 #include <commctrl.h>
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <set>
 
 namespace kelvane::test {
@@ -32,18 +33,22 @@ class ImageWindow : public AppTest {
     static std::array<int, 3> in_picture(const frmImage& form, int x, int y_from_top) {
         return pixel_at(picture_of(form), x, form.document().ImageHeight() - 1 - y_from_top);
     }
-    // Keys are pressed while `held` ones are down.
-    static void press_keys(const frmImage& form, std::vector<WPARAM> keys,
-                           const std::vector<int>& held = {}) {
+    static void while_down(const std::vector<int>& keys, const std::function<void()>& action) {
         BYTE before[256], now[256];
         GetKeyboardState(before);
         std::copy(std::begin(before), std::end(before), now);
-        for (const int key : held)
+        for (const int key : keys)
             now[key] = 0x80;
         SetKeyboardState(now);
-        for (const WPARAM key : keys)
-            SendMessageW(form.window(), WM_KEYDOWN, key, 0);
+        action();
         SetKeyboardState(before);
+    }
+    static void press_keys(const frmImage& form, const std::vector<WPARAM>& keys,
+                           const std::vector<int>& held = {}) {
+        while_down(held, [&] {
+            for (const WPARAM key : keys)
+                SendMessageW(form.window(), WM_KEYDOWN, key, 0);
+        });
     }
     static void mouse(const frmImage& form, UINT message, int x, int y) {
         SendMessageW(form.window(), message, 0, MAKELPARAM(x, y));
@@ -101,6 +106,19 @@ TEST_F(ImageWindow, MainWindowGoesWhereAMonitorOfAnotherDensityWantsIt) {
     GetClientRect(main.window(), &inside);
     GetClientRect(main.status_bar().window(), &bar);
     EXPECT_EQ(bar.right, inside.right);
+    MoveWindow(main.window(), 0, 0, 600, 400, TRUE);
+    SendMessageW(main.status_bar().window(), SB_GETRECT, 0, reinterpret_cast<LPARAM>(&bar));
+    EXPECT_GT(bar.right, 200) << "no room for the message";
+}
+
+TEST_F(ImageWindow, ProgressBarStartsAnew) {
+    StatusBar bar;
+    bar.create(main.window());
+    bar.ProgressMax(9);
+    bar.ProgressValue(7);
+    EXPECT_EQ(SendMessageW(bar.progress(), PBM_GETPOS, 0, 0), 7);
+    bar.ProgressMax(9);
+    EXPECT_EQ(SendMessageW(bar.progress(), PBM_GETPOS, 0, 0), 0);
 }
 
 TEST_F(ImageWindow, FitsItsPictureWithBothBarsAndItsTitle) {
@@ -200,13 +218,20 @@ TEST_F(ImageWindow, SelectsByMouseCopiesAndCrops) {
     EXPECT_EQ(form.view().selection(), std::nullopt);
     drag(form, {100, 50}, {60, 40}, WM_MBUTTONDOWN);
     EXPECT_EQ(std::pair(position(form, SB_HORZ), position(form, SB_VERT)), std::pair(40, 10));
+    while_down({VK_SPACE}, [&] { drag(form, {60, 40}, {50, 40}); });
+    EXPECT_EQ(position(form, SB_HORZ), 50);
     EXPECT_EQ(form.view().selection(), std::nullopt);
     drag(form, {0, 0}, {1000, -50}); // beyond the window it scrolls
     EXPECT_EQ(position(form, SB_VERT), 0);
-    EXPECT_EQ(form.view().selection()->left, 20);
+    EXPECT_EQ(form.view().selection()->left, 25);
     EXPECT_GT(form.view().selection()->width, 400);
     drag(form, {70, 70}, {71, 71});
     EXPECT_EQ(form.view().selection(), std::nullopt) << "a click";
+    const frmImage& small = opened(black_picture(20, 10), L"smaller than its window.bmp");
+    drag(small, {50, 9}, {15, 5});
+    EXPECT_EQ(small.view().selection(), (PixelRect{15, 5, 5, 5}));
+    drag(small, {50, 2}, {80, 8});
+    EXPECT_EQ(small.view().selection(), std::nullopt) << "beside the picture";
 }
 
 TEST_F(ImageWindow, SelectsByKeysAndTellsThePixel) {
@@ -215,11 +240,23 @@ TEST_F(ImageWindow, SelectsByKeysAndTellsThePixel) {
     mouse(form, WM_MOUSEHOVER, 12, 34);
     EXPECT_EQ(form.view().tip_text(),
               L"Pixel 12, 34\nRed 200, Green 128, Blue 10\nWhite in the export");
+    RECT tip{};
+    MoveWindow(main.window(), GetSystemMetrics(SM_CXSCREEN) - 60, 0, 600, 400, TRUE);
+    mouse(form, WM_MOUSEMOVE, 40, 34);
+    GetWindowRect(FindWindowW(TOOLTIPS_CLASSW, nullptr), &tip);
+    POINT cursor{40, 34};
+    ClientToScreen(form.window(), &cursor);
+    EXPECT_LT(tip.right, cursor.x) << "over the end of the screen, or under the cursor";
     press_keys(form, {VK_RIGHT, VK_DOWN}, {VK_SHIFT});
     press_keys(form, {VK_RIGHT}, {VK_SHIFT, VK_CONTROL});
     press_keys(form, {VK_DOWN, VK_DOWN, VK_RIGHT, VK_UP}, {VK_CONTROL});
     EXPECT_EQ(form.view().selection(), (PixelRect{1, 1, 12, 2}));
-    EXPECT_EQ(form.view().tip_text().substr(0, 11), L"Pixel 12, 2");
+    for (const UINT message : {WM_SYSKEYDOWN, WM_KILLFOCUS}) { // Alt+I, Alt+Tab
+        EXPECT_EQ(form.view().tip_text().substr(0, 11), L"Pixel 12, 2");
+        SendMessageW(form.window(), message, 0, 0);
+        EXPECT_EQ(form.view().tip_text(), L"") << "it would cover menus and other programs";
+        press_keys(form, {VK_LEFT, VK_RIGHT}, {VK_SHIFT});
+    }
     press_keys(form, {'A'}, {VK_CONTROL});
     EXPECT_EQ(form.view().selection(), (PixelRect{0, 0, 300, 200}));
     EXPECT_EQ(form.view().tip_text(), L"");
@@ -240,6 +277,12 @@ TEST_F(ImageWindow, RightClickMenuZoomsAndCropsWhatIsSelected) {
     press_keys(form, {VK_RIGHT, VK_RIGHT, VK_DOWN}, {VK_SHIFT});
     choose_in_menu({VK_UP, VK_UP, VK_RETURN});
     EXPECT_EQ(status(2), L" 3 x 2");
+    opened(black_picture(9, 9), L"in front.bmp");
+    zoom_by_wheel(form, 120, {0, 0});
+    EXPECT_EQ(status(1) + status(4), L" in front.bmp 100 %");
+    choose_in_menu({VK_DOWN, VK_RETURN});
+    EXPECT_EQ(main.active_form(), &form);
+    EXPECT_EQ(status(1) + status(4), L" picture.bmp 300 %");
 }
 
 TEST_F(ImageWindow, NothingElseStartsDuringAnOperation) {

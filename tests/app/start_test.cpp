@@ -75,6 +75,13 @@ TEST_F(Start, KeysReachTheLinks) {
     PostQuitMessage(0);
     main.run();
     EXPECT_EQ(GetDlgCtrlID(GetFocus()), kCmdRecent1 + 1);
+    for (const int link : {0, 1}) {
+        const HWND button = GetDlgItem(surface(), static_cast<int>(kCmdRecent1) + link);
+        UpdateWindow(button);
+        const win::WindowContext context(button);
+        const bool framed = GetPixel(context.get(), 0, 0) != GetPixel(context.get(), 1, 0);
+        EXPECT_EQ(framed, link == 1);
+    }
     PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0);
     PostQuitMessage(0);
     main.run();
@@ -105,6 +112,14 @@ TEST_F(Start, WindowOpensWhereItWasAndAlwaysWithinReach) {
         settings.WriteIniValue(L"window", computer, remembered);
         mfrmMain again(settings);
         again.show(SW_SHOWNORMAL);
+        handle_messages();
+        const HWND surface = FindWindowExW(again.window(), nullptr, L"KelvaneStart", nullptr);
+        RECT hint{};
+        GetWindowRect(GetWindow(surface, GW_CHILD), &hint);
+        MapWindowPoints(nullptr, surface, reinterpret_cast<POINT*>(&hint), 2);
+        EXPECT_EQ(GetPixel(win::WindowContext(surface).get(), hint.left - 5, hint.top),
+                  GetSysColor(COLOR_WINDOW))
+            << "no sheet under the texts";
         WINDOWPLACEMENT placement{};
         placement.length = sizeof placement;
         GetWindowPlacement(again.window(), &placement);

@@ -77,7 +77,9 @@ TEST_F(Conversions, BothProgramsAreAskedWhatTheyAreAndForFormats) {
     EXPECT_FALSE(use(imagemagick("convert.exe"), "identify.exe")) << "whatever lies there";
     current_path(path(folder));
 
-    ASSERT_TRUE(use(stand_in, stand_in));
+    const path with_blanks = scratch / L"a stand-in";
+    copy_file(stand_in, with_blanks);
+    ASSERT_TRUE(use(with_blanks, with_blanks));
     SetEnvironmentVariableW(L"KELVANE_CHILD_LOG", (scratch / L"log").c_str());
     EXPECT_EQ(parse_format_list(converter.format_list({})).size(), 1u) << "not asked three times";
 }

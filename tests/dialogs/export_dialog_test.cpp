@@ -135,6 +135,8 @@ TEST_F(ExportDialogTest, WidthSetsThePixelSizeAndTheResultFollows) {
         type_text(window, IDC_EXPORT_SIZE, L"0,5");
         EXPECT_THAT(result(), testing::EndsWith(L"! A pixel has the size 0: everything lies in "
                                                 L"one point."));
+        type_text(window, IDC_EXPORT_WIDTH, L"1");
+        EXPECT_EQ(shown_at(window, IDC_EXPORT_PREVIEW, 110, 20), RGB(255, 0, 0)) << "a gap";
         type_text(window, IDC_EXPORT_WIDTH, L"10.1");
     });
     EXPECT_EQ(form.options().size * 200, 10.1) << "all digits count";

@@ -25,6 +25,12 @@ TEST_F(LiveDialogs, HueFieldSliderAndPreviewFollowEachOther) {
         slide(window, IDC_HUE_SLIDER, 600);
         EXPECT_EQ(text_of(window, IDC_HUE_VALUE), L"5.00");
         EXPECT_THAT(shown_in(window, IDC_HUE_PREVIEW), ElementsAre(RGB(180, 60, 180)));
+        RECT thumb{}, spectrum{};
+        const HWND slider = GetDlgItem(window, IDC_HUE_SLIDER);
+        SendMessageW(slider, TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&thumb));
+        MapWindowPoints(slider, nullptr, reinterpret_cast<POINT*>(&thumb), 2);
+        GetWindowRect(GetDlgItem(window, IDC_HUE_SPECTRUM), &spectrum);
+        EXPECT_NEAR((thumb.left + thumb.right) / 2, spectrum.right - 1, 1) << "under its hue";
         for (const wchar_t* hue : {L"5.01", L"-1.01", L"nan", L"red", L""}) {
             expect_refused(window, IDC_HUE_VALUE, hue);
             EXPECT_EQ(position_of(window, IDC_HUE_SLIDER), 600);

@@ -137,7 +137,7 @@ TEST_P(DialogLooks, CaptionsFit) {
     look_at(frmSW(settings, picture), "reduction");
     write_setting(settings, settings::kReductionKind, 4);
     look_at(frmSW(settings, picture), "reduction_uneven");
-    look_at(frmExport(settings, picture), "export", L"WMR");
+    look_at(frmExport(settings, picture), "export", L"R");
     look_at(frmMsg3(), "out_of_range");
     cImageProcessDIB engine;
     engine.set_FilterType(kSharpen);

@@ -282,6 +282,14 @@ TEST_F(ReductionDialogTest, DraggingAndArrowKeysMoveTheDetail) {
             SendMessageW(overview, WM_KEYDOWN, static_cast<WPARAM>(key), 0);
             EXPECT_EQ(std::pair(area.left, area.top), std::pair(left, top)) << key;
         }
+        const PixelArea frame = dialog.preview().detail_in_overview();
+        const auto is_thick = [&] {
+            return shown_at(window, IDC_REDUCE_OVERVIEW, frame.left + 2, frame.top + 2) ==
+                   GetSysColor(COLOR_HIGHLIGHT);
+        };
+        EXPECT_TRUE(is_thick());
+        SetFocus(GetDlgItem(window, IDOK));
+        EXPECT_FALSE(is_thick());
     });
 }
 

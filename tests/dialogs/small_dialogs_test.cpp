@@ -100,7 +100,8 @@ TEST_F(PaletteDialog, BrowsesToAFileAndShowsItsColours) {
     const std::wstring good = saved(L"two.pal", "JASC-PAL\r\n0100\r\n2\r\n255 0 0\r\n0 0 255\r\n");
     show(dialog, IDOK, [&](HWND window) {
         EXPECT_THAT(shown_in(window, IDC_PALETTE_PREVIEW), ElementsAre(RGB(250, 0, 0)));
-        script.expect_file_dialog(good);
+        type_text(window, IDC_PALETTE_FILE, (scratch / "none.pal").wstring());
+        script.expect_file_dialog(L"two.pal"); // in the folder of the field's file
         press(window, IDC_PALETTE_BROWSE);
         EXPECT_EQ(text_of(window, IDC_PALETTE_COUNT), L"2 Colors");
         EXPECT_EQ(shown_at(window, IDC_PALETTE_COLOURS, 3, 3), RGB(255, 0, 0));
