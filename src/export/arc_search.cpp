@@ -24,7 +24,6 @@ constexpr std::size_t kMostReached = 32;
 // Rounds in which the vertices found are spread, and how many nodes one may move in each.
 constexpr int kRounds = 3;
 constexpr ExactPath::Index kNodesToMove = 6;
-constexpr std::int32_t kSettleStep = 2;
 
 bool follow_arc(const StraightPiece& a, const StraightPiece& b) {
     const double sine = a.line.nx * b.line.ny - a.line.ny * b.line.nx;
@@ -32,13 +31,6 @@ bool follow_arc(const StraightPiece& a, const StraightPiece& b) {
     return cosine > 0 && std::abs(sine) <= kMostSine &&
            std::min(a.length, b.length) >= kShortestPiece &&
            std::max(a.length, b.length) <= kMostRatio * std::min(a.length, b.length);
-}
-
-template <typename Visit> void for_lattice(std::int32_t reach, std::int32_t step, Visit visit) {
-    const std::int32_t most = reach / step * step;
-    for (std::int32_t y = -most; y <= most; y += step)
-        for (std::int32_t x = -most; x <= most; x += step)
-            visit(LatticePoint{x, y});
 }
 
 } // namespace
@@ -93,7 +85,7 @@ bool ArcSearch::find_chain(const ExactPath& path, const SmoothVertex& first,
                            const SmoothVertex& last, std::size_t most_edges) {
     reached_.assign(1, {first, 0});
     first_node_ = first.node;
-    seen_.assign(last.node - first.node + 1, 0);
+    reached_at_.assign(last.node - first.node + 1, 0);
     std::size_t begin = 0;
     for (std::size_t edges = 1; edges <= most_edges; ++edges) {
         const std::size_t end = reached_.size();
@@ -134,17 +126,13 @@ bool ArcSearch::look_ahead(const ExactPath& path, std::uint32_t source, const Sm
 }
 
 void ArcSearch::reach(const ExactPath& path, const View& view, std::uint32_t source) {
-    std::uint64_t& seen = seen_[view.node - first_node_];
-    std::uint64_t bit = 1;
-    for_lattice(tube_.vertex_reach(), kStep, [&](LatticePoint step) {
-        const LatticePoint at{path[view.node].x + step.x, path[view.node].y + step.y};
-        if ((seen & bit) == 0 && view.sight.sees(at)) {
-            seen |= bit;
-            reached_.push_back({{at, view.node}, source});
-            furthest_ = std::max(furthest_, view.node);
-        }
-        bit <<= 1;
-    });
+    const VertexGrid grid(path[view.node], tube_.vertex_reach() / kStep * kStep, kStep);
+    std::uint64_t& reached = reached_at_[view.node - first_node_];
+    const std::uint64_t seen = view.sight.seen(grid) & ~reached;
+    if (seen == 0) return;
+    reached |= seen;
+    furthest_ = std::max(furthest_, view.node);
+    grid.for_each(seen, [&](LatticePoint at) { reached_.push_back({{at, view.node}, source}); });
 }
 
 // Leaves the vertices near the furthest node, evenly thinned out.
@@ -173,7 +161,6 @@ void ArcSearch::settle(const ExactPath& path, std::size_t index, std::int64_t& a
     const std::int64_t area_without = area - cross(vertex.at - before, behind - before);
     double least = std::numeric_limits<double>::infinity();
     const auto offer = [&](const Place& place, LatticePoint at) {
-        if (!place.ahead.sees(at) || !place.back.sees(at)) return;
         const std::int64_t made = area_without + cross(at - before, behind - before);
         const double edges = edge_cost(place.before, before - origin, at - origin) +
                              edge_cost(place.behind, at - origin, behind - origin);
@@ -186,10 +173,9 @@ void ArcSearch::settle(const ExactPath& path, std::size_t index, std::int64_t& a
     const SmoothVertex old = vertex;
     for (const Place& place : places_) {
         if (place.node == old.node) offer(place, old.at);
-        const LatticePoint node = path[place.node];
-        for_lattice(tube_.vertex_reach(), kSettleStep, [&](LatticePoint step) {
-            offer(place, {node.x + step.x, node.y + step.y});
-        });
+        const VertexGrid grid(path[place.node], tube_.vertex_reach() / kStep * kStep, kStep);
+        grid.for_each(place.ahead.seen(grid) & place.back.seen(grid),
+                      [&](LatticePoint at) { offer(place, at); });
     }
 }
 

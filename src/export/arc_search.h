@@ -56,9 +56,9 @@ class ArcSearch {
 
     const Tube tube_;
     std::vector<Reached> reached_;
-    Index furthest_ = 0;              // of the vertices reached with the edge at hand
-    Index first_node_ = 0;            // of the arc
-    std::vector<std::uint64_t> seen_; // per node of the arc, a bit for each vertex reached
+    Index furthest_ = 0;                    // of the vertices reached with the edge at hand
+    Index first_node_ = 0;                  // of the arc
+    std::vector<std::uint64_t> reached_at_; // per node of the arc, the bits of its grid
     std::vector<View> views_;
     std::vector<Place> places_;
     std::vector<SmoothVertex> chain_;

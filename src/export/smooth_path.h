@@ -48,6 +48,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -196,6 +197,31 @@ struct SmoothVertex {
     ExactPath::Index node;
 };
 
+/// Some of the lattice in the square around a node: every so many rows and columns, at most 64
+/// vertices, which are numbered row by row.
+class VertexGrid {
+  public:
+    VertexGrid(LatticePoint middle, std::int32_t reach, std::int32_t step)
+        : first_{middle.x - reach, middle.y - reach}, step_(step), columns_(2 * reach / step + 1) {}
+
+    LatticePoint first() const { return first_; }
+    std::int32_t step() const { return step_; }
+    int columns() const { return columns_; }
+    LatticePoint operator[](int index) const {
+        return {first_.x + step_ * (index % columns_), first_.y + step_ * (index / columns_)};
+    }
+    /// For each set bit in ascending order: the vertex of that number.
+    template <typename Visit> void for_each(std::uint64_t bits, Visit visit) const {
+        for (; bits != 0; bits &= bits - 1)
+            visit((*this)[std::countr_zero(bits)]);
+    }
+
+  private:
+    LatticePoint first_;
+    std::int32_t step_;
+    int columns_;
+};
+
 /// What is seen from a vertex along the tube, past the hinges passed so far.
 class Sight {
   public:
@@ -208,7 +234,7 @@ class Sight {
         } else {
             if (right_ == from_ || turn(from_, right_, hinge) > 0) right_ = hinge;
         }
-        return left_ == from_ || right_ == from_ || turn(from_, right_, left_) >= 0;
+        return turn(from_, right_, left_) >= 0;
     }
     /// The same with the hinge of a node, which may be none; on the way back, turns are reversed.
     bool pass(const Tube& tube, const ExactPath& path, ExactPath::Index node,
@@ -219,13 +245,34 @@ class Sight {
     /// Whether the edge to a vertex behind the last hinge lies in the tube.
     bool sees(LatticePoint vertex) const {
         const FinePoint to = fine(vertex);
-        return (left_ == from_ || turn(from_, to, left_) >= 0) &&
-               (right_ == from_ || turn(from_, to, right_) <= 0);
+        return turn(from_, to, left_) >= 0 && turn(from_, to, right_) <= 0;
+    }
+
+    /// The bits of the vertices that `sees` tells to be seen.
+    std::uint64_t seen(const VertexGrid& grid) const {
+        const FinePoint first = fine(grid.first());
+        const std::int64_t step = std::int64_t{grid.step()} * kStepParts;
+        std::int64_t left_row = turn(from_, first, left_), right_row = turn(from_, first, right_);
+        std::uint64_t bits = 0, bit = 1;
+        for (int row = 0; row < grid.columns(); ++row) {
+            std::int64_t left = left_row, right = right_row;
+            for (int column = 0; column < grid.columns(); ++column) {
+                if (left >= 0 && right <= 0) bits |= bit;
+                bit <<= 1;
+                left += step * (left_.y - from_.y);
+                right += step * (right_.y - from_.y);
+            }
+            left_row -= step * (left_.x - from_.x);
+            right_row -= step * (right_.x - from_.x);
+        }
+        return bits;
     }
 
   private:
     FinePoint from_;
-    FinePoint left_; // the hinge that limits the view on the left; `from_` while there is none
+    // The hinge that limits the view on the left; `from_` while there is none, with which no point
+    // makes a turn.
+    FinePoint left_;
     FinePoint right_;
 };
 

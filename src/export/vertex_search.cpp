@@ -270,22 +270,18 @@ void VertexSearch::look_from_both_ends(const ExactPath& path, std::span<const St
 // The vertices near a node that are seen from both ends.
 void VertexSearch::add_common_vertices(const ExactPath& path, Index node,
                                        std::vector<SmoothVertex>& found) {
-    const auto views_at = [&](const std::vector<View>& all, std::vector<Sight>& here) {
-        here.clear();
-        for (const View& view : all)
-            if (view.node == node) here.push_back(view.sight);
-        return !here.empty();
+    const VertexGrid grid(path[node], tube_.vertex_reach(), kCommonStep);
+    const auto seen_from = [&](const std::vector<View>& views) {
+        std::uint64_t seen = 0;
+        for (const View& view : views)
+            if (view.node == node) seen |= view.sight.seen(grid);
+        return seen;
     };
-    if (!views_at(forward_, from_sources_) || !views_at(backward_, from_targets_)) return;
-    const std::int32_t reach = tube_.vertex_reach();
-    const LatticePoint middle = path[node];
-    for (std::int32_t y = middle.y - reach; y <= middle.y + reach; y += kCommonStep)
-        for (std::int32_t x = middle.x - reach; x <= middle.x + reach; x += kCommonStep) {
-            const auto sees = [&](const Sight& sight) { return sight.sees({x, y}); };
-            if (std::any_of(from_sources_.begin(), from_sources_.end(), sees) &&
-                std::any_of(from_targets_.begin(), from_targets_.end(), sees))
-                found.push_back({{x, y}, node});
-        }
+    const std::uint64_t ahead = seen_from(forward_);
+    if (ahead == 0) return;
+    grid.for_each(ahead & seen_from(backward_), [&](LatticePoint at) {
+        found.push_back({at, node});
+    });
 }
 
 // Appends those of `targets` that edges from the last layer reach; false when there is none.

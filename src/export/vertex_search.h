@@ -102,13 +102,11 @@ class VertexSearch {
     ArcSearch arcs_;
     std::vector<State> states_;
     std::vector<Layer> layers_;
-    std::vector<State> reached_;      // targets of the edges at hand
-    std::vector<Span> spans_;         // to their nodes, ascending
-    std::vector<Hinge> hinges_;       // of the corners on the way
-    std::vector<View> forward_;       // from the vertices before a joint
-    std::vector<View> backward_;      // from those behind it
-    std::vector<Sight> from_sources_; // at one node
-    std::vector<Sight> from_targets_;
+    std::vector<State> reached_; // targets of the edges at hand
+    std::vector<Span> spans_;    // to their nodes, ascending
+    std::vector<Hinge> hinges_;  // of the corners on the way
+    std::vector<View> forward_;  // from the vertices before a joint
+    std::vector<View> backward_; // from those behind it
     std::vector<SmoothVertex> vertices_;
 };
 
