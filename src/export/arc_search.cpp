@@ -38,7 +38,8 @@ bool follow_arc(const StraightPiece& a, const StraightPiece& b) {
 void ArcSearch::run(const ExactPath& path, std::span<const StraightPiece> pieces,
                     std::vector<SmoothVertex>& vertices, std::int64_t& area) {
     if (vertices.size() <= pieces.size() + 1) return;
-    std::size_t vertex = 0;
+    shortened_.clear();
+    std::size_t vertex = 0, done = 0; // `done` vertices are in `shortened_`
     const auto vertex_near = [&](Index node) {
         const auto distance = [&](std::size_t i) {
             return std::abs(static_cast<std::int64_t>(vertices[i].node) - node);
@@ -47,6 +48,10 @@ void ArcSearch::run(const ExactPath& path, std::span<const StraightPiece> pieces
             ++vertex;
         return vertex;
     };
+    const auto copy_up_to = [&](std::size_t end) {
+        const std::span<const SmoothVertex> copied(vertices.begin() + done, vertices.begin() + end);
+        shortened_.insert(shortened_.end(), copied.begin(), copied.end());
+    };
     for (std::size_t begin = 0, end; begin < pieces.size(); begin = end) {
         end = begin + 1;
         while (end < pieces.size() && follow_arc(pieces[end - 1], pieces[end]))
@@ -54,30 +59,32 @@ void ArcSearch::run(const ExactPath& path, std::span<const StraightPiece> pieces
         if (end - begin < kLeastPieces) continue;
         const std::size_t first = vertex_near(pieces[begin].begin);
         const std::size_t last = vertex_near(pieces[end - 1].end);
-        if (last - first > end - begin) vertex = shorten(path, vertices, first, last, area);
+        const std::span<const SmoothVertex> arc =
+            std::span(vertices).subspan(first, last - first + 1);
+        if (last - first <= end - begin || !shorten(path, arc, area)) continue;
+        copy_up_to(first);
+        shortened_.insert(shortened_.end(), chain_.begin(), chain_.end() - 1);
+        done = last;
     }
+    copy_up_to(vertices.size());
+    std::swap(vertices, shortened_);
 }
 
-// Replaces the vertices between two if there is a way with fewer; returns where the last one is
-// now.
-std::size_t ArcSearch::shorten(const ExactPath& path, std::vector<SmoothVertex>& vertices,
-                               std::size_t first, std::size_t last, std::int64_t& area) {
-    if (!find_chain(path, vertices[first], vertices[last], last - first - 1)) return last;
+// Finds a way with fewer vertices between the first and the last of an arc, and spreads them.
+bool ArcSearch::shorten(const ExactPath& path, std::span<const SmoothVertex> arc,
+                        std::int64_t& area) {
+    if (!find_chain(path, arc.front(), arc.back(), arc.size() - 2)) return false;
     const auto crosses = [](std::span<const SmoothVertex> v) {
         std::int64_t sum = 0;
         for (std::size_t i = 1; i < v.size(); ++i)
             sum += cross(v[i - 1].at - v[0].at, v[i].at - v[0].at);
         return sum;
     };
-    area += crosses(chain_) - crosses(std::span(vertices).subspan(first, last - first + 1));
+    area += crosses(chain_) - crosses(arc);
     for (int round = 0; round < kRounds; ++round)
         for (std::size_t i = chain_.size() - 1; --i > 0;)
             settle(path, i, area);
-    const auto begin = vertices.begin() + static_cast<std::ptrdiff_t>(first);
-    std::copy(chain_.begin(), chain_.end(), begin);
-    vertices.erase(begin + static_cast<std::ptrdiff_t>(chain_.size()),
-                   vertices.begin() + static_cast<std::ptrdiff_t>(last) + 1);
-    return first + chain_.size() - 1;
+    return true;
 }
 
 // Finds the fewest edges from one vertex to another; false when they are more than `most_edges`.
@@ -92,11 +99,7 @@ bool ArcSearch::find_chain(const ExactPath& path, const SmoothVertex& first,
         furthest_ = first.node;
         for (std::size_t source = begin; source < end; ++source)
             if (look_ahead(path, static_cast<std::uint32_t>(source), last)) {
-                chain_.assign({last});
-                for (std::size_t at = source; at > 0; at = reached_[at].previous)
-                    chain_.push_back(reached_[at].vertex);
-                chain_.push_back(first);
-                std::reverse(chain_.begin(), chain_.end());
+                collect_chain(source, last);
                 return true;
             }
         begin = end;
@@ -104,6 +107,14 @@ bool ArcSearch::find_chain(const ExactPath& path, const SmoothVertex& first,
         if (begin == reached_.size()) return false;
     }
     return false;
+}
+
+void ArcSearch::collect_chain(std::size_t source, const SmoothVertex& last) {
+    chain_.assign({last});
+    for (; source > 0; source = reached_[source].previous)
+        chain_.push_back(reached_[source].vertex);
+    chain_.push_back(reached_[0].vertex);
+    std::reverse(chain_.begin(), chain_.end());
 }
 
 // Reaches vertices from one; true when `last` is seen.

@@ -44,10 +44,10 @@ class ArcSearch {
         PathMoments::Central behind; // vertex before
     };
 
-    std::size_t shorten(const ExactPath& path, std::vector<SmoothVertex>& vertices,
-                        std::size_t first, std::size_t last, std::int64_t& area);
+    bool shorten(const ExactPath& path, std::span<const SmoothVertex> arc, std::int64_t& area);
     bool find_chain(const ExactPath& path, const SmoothVertex& first, const SmoothVertex& last,
                     std::size_t most_edges);
+    void collect_chain(std::size_t source, const SmoothVertex& last);
     bool look_ahead(const ExactPath& path, std::uint32_t source, const SmoothVertex& last);
     void reach(const ExactPath& path, const View& view, std::uint32_t source);
     void drop_nearest(std::size_t begin);
@@ -61,7 +61,8 @@ class ArcSearch {
     std::vector<std::uint64_t> reached_at_; // per node of the arc, the bits of its grid
     std::vector<View> views_;
     std::vector<Place> places_;
-    std::vector<SmoothVertex> chain_;
+    std::vector<SmoothVertex> chain_;     // from one end of the arc to the other
+    std::vector<SmoothVertex> shortened_; // the vertices with those of the arcs replaced
 };
 
 } // namespace kelvane

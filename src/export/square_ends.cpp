@@ -22,9 +22,6 @@ constexpr double kCornerPiece = 3 * kPixelSteps;
 constexpr double kParallel = .02;
 constexpr double kRightAngle = .1;
 
-// Hinges this close, in lattice steps, leave vertices on the lattice little room.
-constexpr double kRoom = 0;
-
 double along(const FittedLine& line, double x, double y) {
     return line.nx * x + line.ny * y;
 }
@@ -61,9 +58,9 @@ std::optional<FittedLine> line_across(const ExactPath& path, const Tube& tube,
         const FinePoint hinge = tube.hinge(path, node);
         const double at = along(line, hinge.x, hinge.y) / kStepParts;
         if (path.turns_left(node))
-            most = std::min(most, at - kRoom);
+            most = std::min(most, at);
         else
-            least = std::max(least, at + kRoom);
+            least = std::max(least, at);
     }
     if (least > most) return std::nullopt;
     const PathMoments::Central centre = moments.central();
