@@ -72,10 +72,6 @@ RealPoint wanted_vertex(LatticePoint node, const StraightPiece& a, const Straigh
             std::clamp(y + (fy * xx - fx * xy) / determinant, node.y - reach, node.y + reach)};
 }
 
-constexpr double squared(double value) {
-    return value * value;
-}
-
 // Leaves up to `most` of the vertices, evenly spread.
 void thin_out(std::vector<SmoothVertex>& vertices, std::size_t most) {
     const std::size_t step = (vertices.size() + most - 1) / most;
