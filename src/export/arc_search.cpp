@@ -15,9 +15,7 @@ constexpr double kShortestPiece = 5 * kPixelSteps;
 constexpr double kMostRatio = 4;
 constexpr double kMostSine = .42;
 
-// Vertices are tried at every second row and column of the lattice, at so many nodes before the
-// furthest; so many of them are gone on from.
-constexpr std::int32_t kStep = 2;
+// Vertices are tried at so many nodes before the furthest; so many of them are gone on from.
 constexpr ExactPath::Index kNodesBack = 5;
 constexpr std::size_t kMostReached = 32;
 
@@ -26,9 +24,7 @@ constexpr int kRounds = 3;
 constexpr ExactPath::Index kNodesToMove = 6;
 
 bool follow_arc(const StraightPiece& a, const StraightPiece& b) {
-    const double sine = a.line.nx * b.line.ny - a.line.ny * b.line.nx;
-    const double cosine = a.line.nx * b.line.nx + a.line.ny * b.line.ny;
-    return cosine > 0 && std::abs(sine) <= kMostSine &&
+    return a.line.cosine_to(b.line) > 0 && std::abs(a.line.sine_to(b.line)) <= kMostSine &&
            std::min(a.length, b.length) >= kShortestPiece &&
            std::max(a.length, b.length) <= kMostRatio * std::min(a.length, b.length);
 }
@@ -137,7 +133,7 @@ bool ArcSearch::look_ahead(const ExactPath& path, std::uint32_t source, const Sm
 }
 
 void ArcSearch::reach(const ExactPath& path, const View& view, std::uint32_t source) {
-    const VertexGrid grid(path[view.node], tube_.vertex_reach() / kStep * kStep, kStep);
+    const VertexGrid grid = grid_around(path[view.node]);
     std::uint64_t& reached = reached_at_[view.node - first_node_];
     const std::uint64_t seen = view.sight.seen(grid) & ~reached;
     if (seen == 0) return;
@@ -184,7 +180,7 @@ void ArcSearch::settle(const ExactPath& path, std::size_t index, std::int64_t& a
     const SmoothVertex old = vertex;
     for (const Place& place : places_) {
         if (place.node == old.node) offer(place, old.at);
-        const VertexGrid grid(path[place.node], tube_.vertex_reach() / kStep * kStep, kStep);
+        const VertexGrid grid = grid_around(path[place.node]);
         grid.for_each(place.ahead.seen(grid) & place.back.seen(grid),
                       [&](LatticePoint at) { offer(place, at); });
     }

@@ -26,13 +26,11 @@ class ArcSearch {
 
   private:
     using Index = ExactPath::Index;
+    // Vertices are tried at every second row and column of the lattice.
+    static constexpr std::int32_t kStep = 2;
     struct Reached {
         SmoothVertex vertex;
         std::uint32_t previous;
-    };
-    struct View {
-        Index node;
-        Sight sight;
     };
 
     // A node near a vertex.
@@ -49,6 +47,10 @@ class ArcSearch {
                     std::size_t most_edges);
     void collect_chain(std::size_t source, const SmoothVertex& last);
     bool look_ahead(const ExactPath& path, std::uint32_t source, const SmoothVertex& last);
+    // Always with the node itself, in the middle.
+    VertexGrid grid_around(LatticePoint node) const {
+        return {node, tube_.vertex_reach() / kStep * kStep, kStep};
+    }
     void reach(const ExactPath& path, const View& view, std::uint32_t source);
     void drop_nearest(std::size_t begin);
     void settle(const ExactPath& path, std::size_t index, std::int64_t& area);

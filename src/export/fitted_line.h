@@ -24,6 +24,9 @@ struct FittedLine {
     double maximum_norm_distance(LatticePoint p) const {
         return std::abs(offset(p)) / (std::abs(nx) + std::abs(ny));
     }
+    /// Of the angle to another line, when both are normalised.
+    double sine_to(const FittedLine& line) const { return nx * line.ny - ny * line.nx; }
+    double cosine_to(const FittedLine& line) const { return nx * line.nx + ny * line.ny; }
     void normalise() {
         const double length = std::sqrt(nx * nx + ny * ny);
         nx /= length;

@@ -20,7 +20,7 @@ LatticePoint point_at(const ExactPath& path, ExactPath::Index link, std::int32_t
 class Meeting {
   public:
     Meeting(const StraightPiece& a, const StraightPiece& b) : a_(a), b_(b) {
-        sine_ = a.line.nx * b.line.ny - a.line.ny * b.line.nx;
+        sine_ = a.line.sine_to(b.line);
         const double ca = a.line.nx * a.line.x + a.line.ny * a.line.y;
         const double cb = b.line.nx * b.line.x + b.line.ny * b.line.y;
         x_ = (ca * b.line.ny - cb * a.line.ny) / sine_;

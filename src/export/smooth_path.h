@@ -276,4 +276,10 @@ class Sight {
     FinePoint right_;
 };
 
+/// What is seen at a node.
+struct View {
+    ExactPath::Index node;
+    Sight sight;
+};
+
 } // namespace kelvane

@@ -22,15 +22,10 @@ constexpr double kCornerPiece = 3 * kPixelSteps;
 constexpr double kParallel = .02;
 constexpr double kRightAngle = .1;
 
-double along(const FittedLine& line, double x, double y) {
-    return line.nx * x + line.ny * y;
-}
-
 // The direction of a bar whose sides run to and fro; none when they are not parallel.
 std::optional<FittedLine> direction_of_bar(const StraightPiece& to, const StraightPiece& fro) {
     const FittedLine &a = to.line, &b = fro.line;
-    const double sine = a.nx * b.ny - a.ny * b.nx, cosine = a.nx * b.nx + a.ny * b.ny;
-    if (cosine > 0 || std::abs(sine) > kParallel) return std::nullopt;
+    if (a.cosine_to(b) > 0 || std::abs(a.sine_to(b)) > kParallel) return std::nullopt;
     const double wa = to.length * to.length, wb = fro.length * fro.length;
     FittedLine side{0, 0, wa * a.nx - wb * b.nx, wa * a.ny - wb * b.ny};
     side.normalise();
@@ -43,10 +38,11 @@ std::optional<FittedLine> line_across(const ExactPath& path, const Tube& tube,
                                       ExactPath::Index end) {
     const LatticePoint way = path[end] - path[begin];
     const double length = std::hypot(way.x, way.y);
-    // The side runs along (ny, -nx), its normal being on the left of the way.
+    // The side runs along (ny, -nx), its normal being on the left of the way. Offsets are from the
+    // origin until the line has its place.
     FittedLine line{0, 0, side.ny, -side.nx};
     const double across = line.nx * way.y - line.ny * way.x;
-    if (std::abs(along(line, way.x, way.y)) > kRightAngle * length) return std::nullopt;
+    if (std::abs(line.offset(way)) > kRightAngle * length) return std::nullopt;
     if (across > 0) line.nx = -line.nx, line.ny = -line.ny;
 
     double least = -std::numeric_limits<double>::infinity();
@@ -56,7 +52,7 @@ std::optional<FittedLine> line_across(const ExactPath& path, const Tube& tube,
         moments.add_link(path[node] - path[begin], path[node + 1] - path[begin]);
         if (node == begin || !path.is_corner(node)) continue;
         const FinePoint hinge = tube.hinge(path, node);
-        const double at = along(line, hinge.x, hinge.y) / kStepParts;
+        const double at = line.offset(static_cast<double>(hinge.x), hinge.y) / kStepParts;
         if (path.turns_left(node))
             most = std::min(most, at);
         else
@@ -64,7 +60,7 @@ std::optional<FittedLine> line_across(const ExactPath& path, const Tube& tube,
     }
     if (least > most) return std::nullopt;
     const PathMoments::Central centre = moments.central();
-    const double wanted = along(line, centre.x + path[begin].x, centre.y + path[begin].y);
+    const double wanted = line.offset(centre.x + path[begin].x, centre.y + path[begin].y);
     const double offset = std::clamp(wanted, least, most);
     line.x = offset * line.nx;
     line.y = offset * line.ny;

@@ -62,11 +62,6 @@ class VertexSearch {
         std::int64_t area;            // twice that between the path and the first node
     };
 
-    // What is seen at a node.
-    struct View {
-        Index node;
-        Sight sight;
-    };
     struct Hinge {
         FinePoint at;
         Index corner;
