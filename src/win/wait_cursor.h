@@ -18,4 +18,8 @@ class WaitCursor {
     HCURSOR before_;
 };
 
+/// Lets the window of this thread under the mouse choose its cursor, which else stays as it is
+/// until the mouse moves.
+void renew_cursor();
+
 } // namespace kelvane::win

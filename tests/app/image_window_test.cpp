@@ -297,7 +297,12 @@ TEST_F(ImageWindow, NothingElseStartsDuringAnOperation) {
     PostMessageW(form.window(), WM_CLOSE, 0, 0);
     PostMessageW(main.window(), WM_CLOSE, 0, 0);
     InvalidateRect(form.window(), nullptr, FALSE);
+    POINT inside{9, 9};
+    ClientToScreen(form.window(), &inside);
+    SetCursorPos(inside.x, inside.y);
+    PostMessageW(main.window(), WM_SETCURSOR, 0, 0);
     choose(kCmdMedian);
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_CROSS));
     ASSERT_EQ(main.forms().size(), 1u);
     EXPECT_TRUE(same_pixels(picture_of(form), expected));
     MSG left;
