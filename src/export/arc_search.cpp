@@ -70,13 +70,7 @@ void ArcSearch::run(const ExactPath& path, std::span<const StraightPiece> pieces
 bool ArcSearch::shorten(const ExactPath& path, std::span<const SmoothVertex> arc,
                         std::int64_t& area) {
     if (!find_chain(path, arc.front(), arc.back(), arc.size() - 2)) return false;
-    const auto crosses = [](std::span<const SmoothVertex> v) {
-        std::int64_t sum = 0;
-        for (std::size_t i = 1; i < v.size(); ++i)
-            sum += cross(v[i - 1].at - v[0].at, v[i].at - v[0].at);
-        return sum;
-    };
-    area += crosses(chain_) - crosses(arc);
+    area += swept_area(chain_) - swept_area(arc);
     for (int round = 0; round < kRounds; ++round)
         for (std::size_t i = chain_.size() - 1; --i > 0;)
             settle(path, i, area);

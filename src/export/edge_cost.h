@@ -4,7 +4,9 @@
 #include "export/fitted_line.h"
 #include "export/smooth_path.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace kelvane {
 
@@ -18,6 +20,15 @@ inline double edge_cost(const PathMoments::Central& moments, LatticePoint v, Lat
     const FittedLine edge{static_cast<double>(v.x), static_cast<double>(v.y),
                           static_cast<double>(v.y - w.y), static_cast<double>(w.x - v.x)};
     return moments.squared_distances(edge) / kPixelVolume;
+}
+
+/// Twice the area between the edges from each vertex to the next and the straight way from the
+/// first to the last.
+inline std::int64_t swept_area(std::span<const SmoothVertex> vertices) {
+    std::int64_t area = 0;
+    for (std::size_t i = 1; i < vertices.size(); ++i)
+        area += cross(vertices[i - 1].at - vertices[0].at, vertices[i].at - vertices[0].at);
+    return area;
 }
 
 /// Costs of edges, and the area that these have added to an outline or taken from it.

@@ -12,7 +12,7 @@ namespace {
 constexpr std::int32_t kLongRun = 5 * kPixelSteps;
 
 // So many pieces of a ring are looked at to find a good node to start from.
-constexpr int kPiecesToStart = 4;
+constexpr int kPiecesToStart = 8;
 // Pieces for which vertices are searched at first, to find a good one to start from.
 constexpr std::size_t kStartPieces = 3;
 
@@ -22,7 +22,7 @@ constexpr std::int32_t kRoom = 2 * kStepParts;
 // What may be added to an area or taken from it: 0.4 pixels, in halves of a square lattice step; or
 // the part of the whole area; or one half step for so much of the border, 1/512 pixels a pixel.
 constexpr std::int64_t kAreaAllowed = 4 * (2 * kPixelSteps * kPixelSteps) / 10;
-constexpr std::int64_t kAreaPart = 125;
+constexpr std::int64_t kAreaPart = 101;
 constexpr std::int64_t kLengthPerArea = kPixelSteps;
 
 // Below a third of a pixel only slopes of 45 degrees can be followed for long, and those from a
@@ -114,9 +114,7 @@ bool OutlineSmoother::smooth_section(StraightPieces& straight_pieces) {
     square_ends(path_, tube_, false, pieces_);
     joints_.move(path_, pieces_);
     const SmoothVertex first{path_[0], 0}, last{path_[path_.last()], path_.last()};
-    std::int64_t area = area_;
-    search_.run(path_, pieces_, {&first, 1}, {&last, 1}, area);
-    if (!accept_area(area)) return false;
+    if (!find_vertices(first, last, area_)) return false;
     const std::span<const SmoothVertex> found = search_.vertices();
     for (const SmoothVertex& vertex : found.subspan(1, found.size() - 2))
         add_smooth(vertex.at);
@@ -133,9 +131,7 @@ bool OutlineSmoother::smooth_ring(StraightPieces& straight_pieces) {
     const SmoothVertex start = find_start();
     start_pieces_at(start.node);
     const SmoothVertex first{start.at, 0}, last{start.at, path_.last()};
-    std::int64_t area = 0;
-    search_.run(path_, pieces_, {&first, 1}, {&last, 1}, area);
-    if (!accept_area(area)) return false;
+    if (!find_vertices(first, last, 0)) return false;
     for (const SmoothVertex& vertex : search_.vertices().subspan(1))
         add_smooth(vertex.at);
     return true;
@@ -165,18 +161,19 @@ SmoothVertex OutlineSmoother::find_start() {
     search_.candidates(path_, pieces_[count - 1], pieces_[count], last);
     std::int64_t area = 0;
     search_.run(path_, std::span(pieces_).first(count), first, last, area);
-    const auto from_joint = [&](const SmoothVertex& vertex) {
-        return std::max(vertex.node, pieces_[0].end) - std::min(vertex.node, pieces_[0].end);
-    };
-    const std::span<const SmoothVertex> found = search_.vertices();
-    // Behind a piece of a single link the next joint may be the nearer one.
-    const auto next_joint =
-        std::find_if(found.begin() + 2, found.end(),
-                     [&](const SmoothVertex& vertex) { return vertex.node >= pieces_[1].end; });
-    return *std::min_element(found.begin() + 1, next_joint,
-                             [&](const SmoothVertex& a, const SmoothVertex& b) {
-                                 return from_joint(a) < from_joint(b);
-                             });
+    // Both pieces keep a part.
+    const Index joint = pieces_[0].end;
+    SmoothVertex start{path_[joint], joint};
+    Index least = path_.size();
+    for (const SmoothVertex& vertex : search_.vertices()) {
+        if (vertex.node <= pieces_[0].begin || vertex.node >= pieces_[1].end) continue;
+        const Index distance = std::max(vertex.node, joint) - std::min(vertex.node, joint);
+        if (distance < least) {
+            least = distance;
+            start = vertex;
+        }
+    }
+    return start;
 }
 
 // Lets the ring and its pieces start behind the first one, at a node near by.
@@ -191,10 +188,18 @@ void OutlineSmoother::start_pieces_at(Index start) {
     pieces_.back().end = path_.last();
 }
 
-bool OutlineSmoother::accept_area(std::int64_t area) {
-    if (std::abs(area) > area_allowed_) return false;
-    area_ = area;
-    return true;
+// Finds the vertices between two; false when they change the area too much. `area` is what the
+// edges before have added.
+bool OutlineSmoother::find_vertices(const SmoothVertex& first, const SmoothVertex& last,
+                                    std::int64_t area) {
+    search_.run(path_, pieces_, {&first, 1}, {&last, 1}, area);
+    for (const bool ends_too : {false, true}) {
+        search_.make_up_for(path_, ends_too, area);
+        if (std::abs(area) > area_allowed_) continue;
+        area_ = area;
+        return true;
+    }
+    return false;
 }
 
 // Whether the middle of the pixel inside the turn at a vertex may be touched by other edges: the

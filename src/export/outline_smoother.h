@@ -22,7 +22,7 @@ namespace kelvane {
 /// lowest vertex, the leftmost of several.
 ///
 /// The area within an outline changes by less than 1 % when it is larger than 50 pixels. The edges
-/// may add or take 0.4 pixels, or 0.8 % of the area. The area of an outline with kept vertices is
+/// may add or take 0.4 pixels, or 1/101 of the area. The area of an outline with kept vertices is
 /// not known before its end: there, at the end of each section, it is 1/512 of the border's length
 /// so far instead. (An area of n pixels has a border of 4 n at most.) A section that does not
 /// achieve that is split anew into pieces that leave the vertices more room; if that does not help
@@ -50,7 +50,7 @@ class OutlineSmoother final : public OutlineReceiver {
     void fill_path(bool ring);
     void turn_path(Index start);
     bool find_pieces(StraightPieces& straight_pieces, bool kept_ends);
-    bool accept_area(std::int64_t area);
+    bool find_vertices(const SmoothVertex& first, const SmoothVertex& last, std::int64_t area);
     void add_smooth(LatticePoint vertex) { smooth_.push_back({vertex.x, vertex.y}); }
     void drop_collinear();
     void hand_over();

@@ -195,6 +195,8 @@ class Tube {
 struct SmoothVertex {
     LatticePoint at;
     ExactPath::Index node;
+
+    friend bool operator==(const SmoothVertex&, const SmoothVertex&) = default;
 };
 
 /// Some of the lattice in the square around a node: every so many rows and columns, at most 64
@@ -207,6 +209,8 @@ class VertexGrid {
     LatticePoint first() const { return first_; }
     std::int32_t step() const { return step_; }
     int columns() const { return columns_; }
+    /// The bits of all vertices.
+    std::uint64_t all() const { return ~std::uint64_t{0} >> (64 - columns_ * columns_); }
     LatticePoint operator[](int index) const {
         return {first_.x + step_ * (index % columns_), first_.y + step_ * (index / columns_)};
     }

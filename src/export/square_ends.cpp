@@ -106,7 +106,21 @@ class EndSquarer {
                 if (end < last && pieces_[last].length > kCornerPiece) continue;
                 if (join(*side, begin, end)) return true;
             }
+        mark(*side, first, last, length);
         return false;
+    }
+
+    // Where no line across follows the pieces, the longest tells at least which way the end faces.
+    void mark(const FittedLine& side, std::size_t first, std::size_t last, double length) {
+        StraightPiece* longest = &pieces_[first];
+        for (std::size_t i = first + 1; i <= last; ++i)
+            if (pieces_[i].length > longest->length) longest = &pieces_[i];
+        if (2 * longest->length < length) return;
+        const FittedLine& line = longest->line;
+        FittedLine across{line.x, line.y, side.ny, -side.nx};
+        if (std::abs(across.sine_to(line)) > kRightAngle) return;
+        if (across.cosine_to(line) < 0) across.nx = -across.nx, across.ny = -across.ny;
+        longest->across = across;
     }
 
     bool join(const FittedLine& side, std::size_t begin, std::size_t end) {
@@ -114,6 +128,7 @@ class EndSquarer {
         const auto line = line_across(path_, tube_, side, piece.begin, pieces_[end].end);
         if (!line) return false;
         piece.line = *line;
+        piece.across = *line;
         piece.squared = true;
         piece.end = pieces_[end].end;
         for (std::size_t i = begin + 1; i <= end; ++i)

@@ -6,6 +6,7 @@
 #include "export/smooth_path.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace kelvane {
@@ -14,9 +15,11 @@ namespace kelvane {
 struct StraightPiece {
     ExactPath::Index begin;
     ExactPath::Index end;
-    FittedLine line;      // normalised, the normal to the left of the way
-    double length;        // along the path
-    bool squared = false; // the end of a bar, at right angles to its sides
+    FittedLine line; // normalised, the normal to the left of the way
+    double length;   // along the path
+    // At the end of a bar, a line at right angles to its sides; whether `line` is that.
+    std::optional<FittedLine> across = std::nullopt;
+    bool squared = false;
 };
 
 /// Finds the fewest pieces, and of several ways the one with the least squared distances between

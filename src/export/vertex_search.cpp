@@ -155,14 +155,20 @@ void VertexSearch::run(const ExactPath& path, std::span<const StraightPiece> pie
         vertices_.push_back(state->vertex);
     std::reverse(vertices_.begin(), vertices_.end());
     arcs_.run(path, pieces, vertices_, area);
+    ends_.run(path, pieces, vertices_, area);
+    at_ends_ = EndSearch::at_ends(pieces, vertices_);
+}
+
+void VertexSearch::make_up_for(const ExactPath& path, bool ends_too, std::int64_t& area) {
     for (int round = 0; round < kMostRounds && std::abs(area) > kAreaLeft; ++round)
-        if (!make_up_for(path, area)) break;
+        if (!move_vertices(path, ends_too, area)) break;
 }
 
 // Moves vertices by one lattice step each to make the area smaller; false when none can.
-bool VertexSearch::make_up_for(const ExactPath& path, std::int64_t& area) {
+bool VertexSearch::move_vertices(const ExactPath& path, bool ends_too, std::int64_t& area) {
     const std::int64_t before = area;
     for (std::size_t i = 1; i + 1 < vertices_.size() && std::abs(area) > kAreaLeft; ++i) {
+        if (at_ends_[i] && !ends_too) continue;
         const SmoothVertex &previous = vertices_[i - 1], &next = vertices_[i + 1];
         SmoothVertex& vertex = vertices_[i];
         if (axis_parallel(previous.at, vertex.at) || axis_parallel(vertex.at, next.at)) continue;

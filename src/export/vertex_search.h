@@ -2,6 +2,7 @@
 #pragma once
 
 #include "export/arc_search.h"
+#include "export/end_search.h"
 #include "export/smooth_path.h"
 #include "export/straight_pieces.h"
 
@@ -19,13 +20,11 @@ namespace kelvane {
 /// around the joint before from which edges lead both ways are tried, then others at the joint
 /// ahead; after that, a single vertex is put in between, and if none serves, several.
 ///
-/// Along arcs where vertices had to be put in, fewer are looked for (arc_search.h).
-///
-/// At the end vertices are moved by a few lattice steps where that makes up for area still added or
-/// taken and their edges stay in the tube.
+/// Along arcs where vertices had to be put in, fewer are looked for (arc_search.h), and at the ends
+/// of bars such as give them their direction (end_search.h).
 class VertexSearch {
   public:
-    explicit VertexSearch(const Tube& tube) : tube_(tube), arcs_(tube) {}
+    explicit VertexSearch(const Tube& tube) : tube_(tube), arcs_(tube), ends_(tube) {}
 
     /// Candidates at the joint of two pieces: around the common point of their lines.
     void candidates(const ExactPath& path, const StraightPiece& before, const StraightPiece& behind,
@@ -37,6 +36,9 @@ class VertexSearch {
     void run(const ExactPath& path, std::span<const StraightPiece> pieces,
              std::span<const SmoothVertex> first, std::span<const SmoothVertex> last,
              std::int64_t& area);
+    /// Moves vertices found by a few lattice steps where that makes up for `area` and their edges
+    /// stay in the tube; at the ends of bars, whose directions it takes, only with `ends_too`.
+    void make_up_for(const ExactPath& path, bool ends_too, std::int64_t& area);
     /// The vertices found, with the first and the last.
     std::span<const SmoothVertex> vertices() const { return vertices_; }
 
@@ -86,7 +88,7 @@ class VertexSearch {
     void look_from_both_ends(const ExactPath& path, std::span<const State> sources,
                              std::span<const SmoothVertex> targets, Index first, Index last);
     void add_common_vertices(const ExactPath& path, Index node, std::vector<SmoothVertex>& found);
-    bool make_up_for(const ExactPath& path, std::int64_t& area);
+    bool move_vertices(const ExactPath& path, bool ends_too, std::int64_t& area);
     bool within_reach(LatticePoint vertex, LatticePoint node) const;
     bool sees(const ExactPath& path, const SmoothVertex& from, const SmoothVertex& to) const;
     std::span<const State> last_layer() const {
@@ -95,6 +97,7 @@ class VertexSearch {
 
     const Tube tube_;
     ArcSearch arcs_;
+    EndSearch ends_;
     std::vector<State> states_;
     std::vector<Layer> layers_;
     std::vector<State> reached_; // targets of the edges at hand
@@ -103,6 +106,7 @@ class VertexSearch {
     std::vector<View> forward_;  // from the vertices before a joint
     std::vector<View> backward_; // from those behind it
     std::vector<SmoothVertex> vertices_;
+    std::vector<bool> at_ends_; // of bars, for each vertex
 };
 
 } // namespace kelvane
