@@ -25,8 +25,8 @@ void check(benchmark::State& state, MakePicture make) {
     const auto limit = static_cast<double>(state.range(0));
     for (auto _ : state) {
         const BitPicture drawn = drawn_pixels(picture.view());
-        benchmark::DoNotOptimize(check_widths(drawn, WidthOf::kLines, limit));
-        benchmark::DoNotOptimize(check_widths(drawn, WidthOf::kGaps, limit));
+        benchmark::DoNotOptimize(check_widths(drawn, WidthOf::Lines, limit));
+        benchmark::DoNotOptimize(check_widths(drawn, WidthOf::Gaps, limit));
     }
 }
 

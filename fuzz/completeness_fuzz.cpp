@@ -22,20 +22,20 @@ void require(bool sound, const char* fault) {
 
 // A file whose first part holds the whole picture holds it as well.
 void check_parts(Bytes file) {
-    const bool whole = completeness(file) == Completeness::kComplete;
+    const bool whole = completeness(file) == Completeness::Complete;
     for (const std::size_t size : {file.size() - 1, file.size() / 2, file.size() / 3})
-        if (size >= kLongestSignature && completeness(file.first(size)) == Completeness::kComplete)
+        if (size >= kLongestSignature && completeness(file.first(size)) == Completeness::Complete)
             require(whole, "a part is complete, the whole is not");
 }
 
 // The image that is cut out of a file is complete when the file is.
 void check_images(Bytes file) {
-    if (completeness(file) != Completeness::kComplete) return;
+    if (completeness(file) != Completeness::Complete) return;
     if (is_icon(file))
-        require(completeness(largest_icon(file)) == Completeness::kComplete, "an icon is cut");
+        require(completeness(largest_icon(file)) == Completeness::Complete, "an icon is cut");
     if (is_gif(file)) {
         const auto frame = first_gif_frame(file);
-        require(frame && completeness(frame->file) == Completeness::kComplete, "a frame is cut");
+        require(frame && completeness(frame->file) == Completeness::Complete, "a frame is cut");
     }
 }
 

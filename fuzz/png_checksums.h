@@ -11,7 +11,7 @@ namespace kelvane {
 inline void set_png_checksums(std::span<std::uint8_t> file) {
     if (!begins_with(file, "\x89PNG")) return;
     for (std::size_t at = 8; holds(file, at, 12);) {
-        const std::size_t length = number_at(file, at, 4, ByteOrder::kBig);
+        const std::size_t length = number_at(file, at, 4, ByteOrder::Big);
         if (!holds(file, at + 12, length)) return;
         const uLong sum = crc32(0, &file[at + 4], static_cast<uInt>(length + 4));
         for (std::size_t i = 0; i < 4; ++i)

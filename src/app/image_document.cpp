@@ -45,7 +45,7 @@ cDIBSection visible_picture(const std::filesystem::path& file, bool& ink_instead
     const std::vector<std::uint8_t> bytes = read_file_bytes(file);
     auto [picture, transparency] = open_visibly(
         [&](Transparency wanted) { return decode_picture(bytes, wanted); }, is_not_blank);
-    ink_instead_of_nothing = transparency == Transparency::kInk;
+    ink_instead_of_nothing = transparency == Transparency::Ink;
     return std::move(picture);
 }
 
@@ -54,7 +54,7 @@ cDIBSection picture_of_any_size(const std::filesystem::path& file, bool& ink_ins
     try {
         return visible_picture(file, ink_instead_of_nothing);
     } catch (const FileError& error) {
-        if (error.fault() != FileFault::kNoPixels) throw;
+        if (error.fault() != FileFault::NoPixels) throw;
         return {};
     }
 }

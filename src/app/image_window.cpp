@@ -41,7 +41,7 @@ std::wstring clock_text(double days) {
 std::wstring cause_of(const std::exception& error) {
     std::wstring cause = error_text(error);
     const auto* file_error = dynamic_cast<const FileError*>(&error);
-    if (file_error != nullptr && file_error->fault() == FileFault::kUnknownFormat)
+    if (file_error != nullptr && file_error->fault() == FileFault::UnknownFormat)
         cause += L".\r\n\r\n" + LoadString(IDS_IMAGE_TRY_IMAGEMAGICK);
     return cause;
 }

@@ -36,11 +36,11 @@ std::string phrase(FileFault fault, const std::string& detail) {
 }
 
 FileFault fault_of(const std::error_code& error) {
-    if (error == std::errc::no_such_file_or_directory) return FileFault::kNotFound;
+    if (error == std::errc::no_such_file_or_directory) return FileFault::NotFound;
     if (error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
         error == std::errc::read_only_file_system)
-        return FileFault::kNoAccess;
-    return error == std::errc::no_space_on_device ? FileFault::kNoSpace : FileFault::kOther;
+        return FileFault::NoAccess;
+    return error == std::errc::no_space_on_device ? FileFault::NoSpace : FileFault::Other;
 }
 
 } // namespace

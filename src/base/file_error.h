@@ -10,23 +10,23 @@ namespace kelvane {
 
 /// What is wrong, for programs that say it in other words than these errors do.
 enum class FileFault {
-    kOther, // only the error's own words tell
-    kNotFound,
-    kNoAccess,
-    kNoSpace,
-    kIsFolder,
-    kUnreadable,
-    kUnwritable,
-    kOver2Gb,
-    kEmpty,
-    kDamaged,
-    kUnknownFormat,
-    kNoPicture,
-    kNoPixels, // the width or the height is 0
-    kTooLarge,
-    kTooLargeForBitmap,
-    kNoMemory,
-    kNoColour, // in the line that `detail` names
+    Other, // only the error's own words tell
+    NotFound,
+    NoAccess,
+    NoSpace,
+    IsFolder,
+    Unreadable,
+    Unwritable,
+    Over2Gb,
+    Empty,
+    Damaged,
+    UnknownFormat,
+    NoPicture,
+    NoPixels, // the width or the height is 0
+    TooLarge,
+    TooLargeForBitmap,
+    NoMemory,
+    NoColour, // in the line that `detail` names
 };
 inline constexpr std::size_t kFileFaults = 17;
 
@@ -45,7 +45,7 @@ class FileError : public std::runtime_error {
     const std::string& detail() const { return detail_; }
 
   private:
-    FileFault fault_ = FileFault::kOther;
+    FileFault fault_ = FileFault::Other;
     std::string detail_;
 };
 

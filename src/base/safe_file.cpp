@@ -44,7 +44,7 @@ void SafeFile::open(const fs::path& target) {
     } else if (is_stream(target)) {
         file_ = OutputFile::stream(target);
     } else if (fs::is_directory(target)) {
-        throw FileError(FileFault::kIsFolder);
+        throw FileError(FileFault::IsFolder);
     } else {
         target_ = behind_links(target);
         open_replacement();
@@ -67,7 +67,7 @@ void SafeFile::write(std::string_view bytes) {
     with_file_errors([&] {
         while (!bytes.empty()) {
             const std::size_t written = file_.write(bytes);
-            if (written == 0) throw FileError(FileFault::kUnwritable);
+            if (written == 0) throw FileError(FileFault::Unwritable);
             bytes.remove_prefix(written);
         }
     });

@@ -72,21 +72,21 @@ std::string warning_text(BoardWarning warning, const BoardReport& report,
                          const BoardQuestion& question) {
     const ExportOptions& options = question.options;
     switch (warning) {
-    case BoardWarning::kNoPixelSize:
+    case BoardWarning::NoPixelSize:
         return "a pixel has the size 0, so that everything lies in one point";
-    case BoardWarning::kNothingDark:
+    case BoardWarning::NothingDark:
         return "nothing is dark enough to be drawn; --op bw:auto finds a limit of its own";
-    case BoardWarning::kThinLines:
+    case BoardWarning::ThinLines:
         return thin_text("line", report.lines, question.limits.line_mm, options, "--min-line");
-    case BoardWarning::kThinGaps:
+    case BoardWarning::ThinGaps:
         return thin_text("gap", report.gaps, question.limits.gap_mm, options, "--min-gap");
-    case BoardWarning::kOutlineLayer:
+    case BoardWarning::OutlineLayer:
         return layer_text(options) +
                " is the outline of the board; the silk screen is --layer tPlace";
-    case BoardWarning::kNotMirrored:
+    case BoardWarning::NotMirrored:
         return layer_text(options) + " is seen from below, where the drawing is read reversed; "
                                      "--mirror puts that right";
-    case BoardWarning::kManyObjects:
+    case BoardWarning::ManyObjects:
         break;
     }
     return many(report.objects, shape_name(options)) + " are more than EAGLE draws quickly (" +

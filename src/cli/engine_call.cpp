@@ -5,7 +5,7 @@
 namespace kelvane {
 
 void require(bool done) {
-    if (!done) throw FileError(FileFault::kNoMemory);
+    if (!done) throw FileError(FileFault::NoMemory);
 }
 
 cDIBSection buffer_for(const cDIBSection& picture) {

@@ -72,7 +72,7 @@ double smoothing(const ExportArguments& arguments, const ExportOptions& options)
 }
 
 double limit_argument(const char* name, const std::string& text, const ExportOptions& options) {
-    const Length limit = length_argument(name, text, LeastLength::kZero);
+    const Length limit = length_argument(name, text, LeastLength::Zero);
     return converted_length(limit.value, limit.unit.value_or(options.unit), kMillimetres);
 }
 

@@ -25,11 +25,11 @@ Length length_argument(std::string_view name, std::string_view text, LeastLength
     const Length length{value.value_or(-1), unit_index(unit)};
     const bool known_unit = unit.empty() || length.unit;
     const bool in_range = length.value <= kLargestLength &&
-                          (least == LeastLength::kZero ? length.value >= 0 : length.value > 0);
+                          (least == LeastLength::Zero ? length.value >= 0 : length.value > 0);
     if (value && known_unit && in_range) return length;
     throw UsageError(std::string(name) +
                      " is a length such as 20mm, 0.8in, 800mil, 500mic or, in --unit, 20, " +
-                     (least == LeastLength::kZero ? "from 0" : "greater than 0 and") +
+                     (least == LeastLength::Zero ? "from 0" : "greater than 0 and") +
                      " at most 1e9, not \"" + std::string(text) + "\"");
 }
 

@@ -20,7 +20,7 @@ struct Length {
 inline constexpr double kLargestLength = 1e9;
 
 /// Whether 0 is a length.
-enum class LeastLength { kZero, kAboveZero };
+enum class LeastLength { Zero, AboveZero };
 
 /// `text` as a decimal number, directly followed by mm, mil, in, inch or mic or by nothing. Throws
 /// `UsageError` that begins with `name` for all else, and for numbers below `least` or above

@@ -40,7 +40,7 @@ PictureJob::PictureJob(const PictureRequest& request)
     : operations_(parse_operations(request.operations)), inputs_(operations_.files),
       full_size_(request.full_size) {
     if (request.alpha != "auto")
-        transparency_ = request.alpha == "ink" ? Transparency::kInk : Transparency::kPaper;
+        transparency_ = request.alpha == "ink" ? Transparency::Ink : Transparency::Paper;
     inputs_.insert(inputs_.begin(), request.input);
     if (request.seed)
         seed_ = number_argument<std::uint32_t>("--seed", *request.seed, 0,
@@ -56,7 +56,7 @@ OpenedPicture PictureJob::run(cImageProcessDIB& engine, std::istream& standard_i
         try {
             return open(file, transparency, engine);
         } catch (const FileError&) {
-            if (transparency != Transparency::kPaper) throw;
+            if (transparency != Transparency::Paper) throw;
             paper_failure = std::current_exception();
             return OpenedPicture{};
         }
@@ -64,9 +64,8 @@ OpenedPicture PictureJob::run(cImageProcessDIB& engine, std::istream& standard_i
     auto [opened, transparency] = open_visibly(open_as, [&](const OpenedPicture& picture) {
         return DarkBounds(picture.picture.view(), visible).has_value();
     });
-    opened.origin.ink_instead_of_nothing = transparency == Transparency::kInk;
-    if (paper_failure && transparency == Transparency::kPaper)
-        std::rethrow_exception(paper_failure);
+    opened.origin.ink_instead_of_nothing = transparency == Transparency::Ink;
+    if (paper_failure && transparency == Transparency::Paper) std::rethrow_exception(paper_failure);
     return std::move(opened);
 }
 

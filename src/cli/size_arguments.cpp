@@ -84,21 +84,21 @@ PixelSize::PixelSize(const SizeArguments& arguments) {
         throw UsageError("--size, --width, --height and --dpi exclude each other");
     Length side;
     if (arguments.width) {
-        way_ = Way::kWidth;
-        side = length_argument("--width", *arguments.width, LeastLength::kAboveZero);
+        way_ = Way::Width;
+        side = length_argument("--width", *arguments.width, LeastLength::AboveZero);
     } else if (arguments.height) {
-        way_ = Way::kHeight;
-        side = length_argument("--height", *arguments.height, LeastLength::kAboveZero);
+        way_ = Way::Height;
+        side = length_argument("--height", *arguments.height, LeastLength::AboveZero);
     }
     if (arguments.unit)
         unit_ = *unit_index(*arguments.unit);
     else
         unit_ = side.unit.value_or(unit_);
 
-    if (way_ != Way::kPixel)
+    if (way_ != Way::Pixel)
         length_ = converted_length(side.value, side.unit.value_or(unit_), unit_);
     else if (arguments.dpi == kFile)
-        way_ = Way::kFileResolution;
+        way_ = Way::FileResolution;
     else if (arguments.dpi)
         length_ = pixel_size_for_resolution(dpi_argument(*arguments.dpi), unit_);
     else if (arguments.size)
@@ -107,13 +107,13 @@ PixelSize::PixelSize(const SizeArguments& arguments) {
 
 double PixelSize::of(int width, int height, const PictureOrigin& origin) const {
     switch (way_) {
-    case Way::kPixel:
+    case Way::Pixel:
         break;
-    case Way::kWidth:
+    case Way::Width:
         return pixel_size_for_length(length_, width);
-    case Way::kHeight:
+    case Way::Height:
         return pixel_size_for_length(length_, height);
-    case Way::kFileResolution:
+    case Way::FileResolution:
         return pixel_size_for_resolution(resolution_of(origin), unit_);
     }
     return length_;

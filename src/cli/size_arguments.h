@@ -40,9 +40,9 @@ class PixelSize {
     double of(int width, int height, const PictureOrigin& origin) const;
 
   private:
-    enum class Way { kPixel, kWidth, kHeight, kFileResolution };
+    enum class Way { Pixel, Width, Height, FileResolution };
 
-    Way way_ = Way::kPixel;
+    Way way_ = Way::Pixel;
     double length_ = 1; // of a pixel, the width or the height, in the unit
     std::int16_t unit_ = 0;
 };

@@ -10,19 +10,19 @@ namespace {
 constexpr DWORD kBlock = 65536;     // bytes read at once
 constexpr DWORD kPollInterval = 20; // milliseconds
 
-enum class State { kSomething, kNothing, kEnd };
+enum class State { Something, Nothing, End };
 
 State state_of(HANDLE pipe) {
     DWORD available = 0;
-    if (!PeekNamedPipe(pipe, nullptr, 0, nullptr, &available, nullptr)) return State::kEnd;
-    return available > 0 ? State::kSomething : State::kNothing;
+    if (!PeekNamedPipe(pipe, nullptr, 0, nullptr, &available, nullptr)) return State::End;
+    return available > 0 ? State::Something : State::Nothing;
 }
 
 // False when the program is to be ended.
 bool wait_for_output(HANDLE pipe, const KeepWaiting& keep_waiting) {
     if (!keep_waiting) return true; // reading itself waits
     while (keep_waiting()) {
-        if (state_of(pipe) != State::kNothing) return true;
+        if (state_of(pipe) != State::Nothing) return true;
         Sleep(kPollInterval);
     }
     return false;

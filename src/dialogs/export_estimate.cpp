@@ -59,9 +59,9 @@ void ExportEstimate::work(ProgressObserver* observer) {
     if (!outlines_known_)
         draw_outlines(observer);
     else if (!lines_)
-        lines_ = board_widths(drawn_, WidthOf::kLines, question_, observer);
+        lines_ = board_widths(drawn_, WidthOf::Lines, question_, observer);
     else if (!gaps_)
-        gaps_ = board_widths(drawn_, WidthOf::kGaps, question_, observer);
+        gaps_ = board_widths(drawn_, WidthOf::Gaps, question_, observer);
     else if (!counts_)
         counts_ = CountExport(traced_.view(), question_.options, observer);
     report_anew();

@@ -48,7 +48,7 @@ double widest_limit(const BitPicture& drawn, WidthOf what, double limit) {
     constexpr double kWideGap = 8;
     // At this one whatever is drawn is thinner.
     const double whole_picture = 2.0 * std::min(drawn.width(), drawn.height()) + 1;
-    return what == WidthOf::kLines ? whole_picture : std::min(kWideGap * limit, whole_picture);
+    return what == WidthOf::Lines ? whole_picture : std::min(kWideGap * limit, whole_picture);
 }
 
 // The thinnest one above the limit.
@@ -84,7 +84,7 @@ BoardWidths board_widths(const BitPicture& drawn, WidthOf what, const BoardQuest
                          ProgressObserver* observer) {
     const double pixel_mm = pixel_millimetres(question);
     const double limit_mm =
-        what == WidthOf::kLines ? question.limits.line_mm : question.limits.gap_mm;
+        what == WidthOf::Lines ? question.limits.line_mm : question.limits.gap_mm;
     if (!(pixel_mm > 0) || !(limit_mm > 0) || ink_of(drawn).width == 0) return {};
     const double limit = limit_mm / pixel_mm;
     BoardWidths widths;
@@ -101,26 +101,26 @@ void add_warnings(BoardReport& report, const BoardQuestion& question) {
     const auto warn_if = [&](bool applies, BoardWarning warning) {
         if (applies) report.warnings.push_back(warning);
     };
-    warn_if(question.options.size == 0, BoardWarning::kNoPixelSize);
-    warn_if(!has_ink, BoardWarning::kNothingDark);
-    warn_if(report.lines.places.places > 0, BoardWarning::kThinLines);
-    warn_if(report.gaps.places.places > 0, BoardWarning::kThinGaps);
-    warn_if(layer == kOutlineLayer, BoardWarning::kOutlineLayer);
-    warn_if(is_bottom_layer(layer) && !question.mirrored, BoardWarning::kNotMirrored);
+    warn_if(question.options.size == 0, BoardWarning::NoPixelSize);
+    warn_if(!has_ink, BoardWarning::NothingDark);
+    warn_if(report.lines.places.places > 0, BoardWarning::ThinLines);
+    warn_if(report.gaps.places.places > 0, BoardWarning::ThinGaps);
+    warn_if(layer == kOutlineLayer, BoardWarning::OutlineLayer);
+    warn_if(is_bottom_layer(layer) && !question.mirrored, BoardWarning::NotMirrored);
 }
 
 BoardReport check_board(ConstImageView reduced, const BoardQuestion& question) {
     const BitPicture drawn = drawn_pixels(reduced);
     BoardReport report = board_sizes(drawn, question);
-    report.lines = board_widths(drawn, WidthOf::kLines, question);
-    report.gaps = board_widths(drawn, WidthOf::kGaps, question);
+    report.lines = board_widths(drawn, WidthOf::Lines, question);
+    report.gaps = board_widths(drawn, WidthOf::Gaps, question);
     add_warnings(report, question);
     return report;
 }
 
 void add_objects(BoardReport& report, const ExportReport& counts) {
     report.objects = counts.shapes + counts.bridges;
-    if (report.objects > kMostObjects) report.warnings.push_back(BoardWarning::kManyObjects);
+    if (report.objects > kMostObjects) report.warnings.push_back(BoardWarning::ManyObjects);
 }
 
 } // namespace kelvane

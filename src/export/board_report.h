@@ -31,13 +31,13 @@ struct InkBox {
 
 /// The most serious ones first.
 enum class BoardWarning {
-    kNoPixelSize, ///< a pixel has the size 0: all is drawn in one point
-    kNothingDark,
-    kThinLines,
-    kThinGaps,
-    kOutlineLayer, ///< the board's outline, which is milled
-    kNotMirrored,  ///< a layer seen from below, and the picture is not mirrored
-    kManyObjects,  ///< more than `kMostObjects`
+    NoPixelSize, ///< a pixel has the size 0: all is drawn in one point
+    NothingDark,
+    ThinLines,
+    ThinGaps,
+    OutlineLayer, ///< the board's outline, which is milled
+    NotMirrored,  ///< a layer seen from below, and the picture is not mirrored
+    ManyObjects,  ///< more than `kMostObjects`
 };
 
 /// Beyond this number of objects EAGLE takes minutes to draw.

@@ -66,7 +66,7 @@ void ContactMap::join(const RunList& runs, Joining joining, const ProgressReport
     joined_.assign(entries_.back().first_contact, false);
     Sets sets(runs.size());
     for (const bool corners : {false, true}) {
-        const bool always = !corners && joining == Joining::kAllOverlaps;
+        const bool always = !corners && joining == Joining::AllOverlaps;
         for (int y = 0; y < runs.rows(); ++y) {
             for (RunIndex run = runs.row_begin(y); run < runs.row_begin(y + 1); ++run) {
                 std::uint32_t contact = entries_[run].first_contact;

@@ -21,10 +21,10 @@ class ContactMap {
     enum class Joining {
         /// As many as leave no ring: the outlines of a connected group of runs become one. Contacts
         /// with columns in common go first, so that corner contacts never cost a bridge.
-        kWithoutRings,
+        WithoutRings,
         /// All contacts with columns in common, so that holes keep outlines of their own; corner
-        /// contacts as in kWithoutRings.
-        kAllOverlaps,
+        /// contacts as in WithoutRings.
+        AllOverlaps,
     };
 
     /// Time and memory grow linearly with the runs. Reports the rows of `kPasses` passes, counted

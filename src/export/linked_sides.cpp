@@ -83,7 +83,7 @@ SideIndex LinkedSides::Linker::along_bottom(SideIndex from, RunIndex run, int ro
 LinkedSides::LinkedSides(const RunList& runs, const ContactMap& contacts, MeetingPoints meetings,
                          const ProgressReporter& progress) {
     const long rows_before = ContactMap::kPasses * runs.rows();
-    const bool with_meetings = meetings == MeetingPoints::kFound;
+    const bool with_meetings = meetings == MeetingPoints::Found;
     sides_.reserve(std::size_t{runs.size()} * 2);
     Linker linker(runs, contacts, bridges_, with_meetings ? &bridges_below_ : nullptr);
     const auto link = [this](std::int32_t x, auto find_next) {

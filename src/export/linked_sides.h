@@ -32,7 +32,7 @@ struct Bridge {
 };
 
 /// Whether to find the points in which outlines meet.
-enum class MeetingPoints : bool { kNotFound, kFound };
+enum class MeetingPoints : bool { NotFound, Found };
 
 /// For each side its column and the side that follows it. An outline goes from one to the other
 /// along the grid line where the first ends and the second begins: the upper end of a right side,

@@ -103,7 +103,7 @@ inline std::int32_t distance(LatticePoint a, LatticePoint b) {
     return std::abs(b.x - a.x) + std::abs(b.y - a.y);
 }
 
-enum class Heading : std::uint8_t { kEast, kNorth, kWest, kSouth };
+enum class Heading : std::uint8_t { East, North, West, South };
 
 constexpr LatticePoint unit_step(Heading heading) {
     constexpr std::array<LatticePoint, 4> kSteps{{{1, 0}, {0, 1}, {-1, 0}, {0, -1}}};
@@ -113,8 +113,8 @@ constexpr Heading left_of(Heading heading) {
     return static_cast<Heading>((static_cast<unsigned>(heading) + 1) % 4);
 }
 constexpr Heading heading_to(LatticePoint from, LatticePoint to) {
-    if (from.y == to.y) return to.x > from.x ? Heading::kEast : Heading::kWest;
-    return to.y > from.y ? Heading::kNorth : Heading::kSouth;
+    if (from.y == to.y) return to.x > from.x ? Heading::East : Heading::West;
+    return to.y > from.y ? Heading::North : Heading::South;
 }
 
 /// A path of axis-parallel links between nodes. Nodes are the turns of the path, and points between
@@ -131,7 +131,7 @@ class ExactPath {
             nodes_.back().leaving = heading_to(nodes_.back().at, at);
             if (nodes_.size() > 1) set_turn(nodes_[nodes_.size() - 2], nodes_.back());
         }
-        nodes_.push_back({at, Heading::kEast, Turn::kNone, {0, 0}, shared});
+        nodes_.push_back({at, Heading::East, Turn::None, {0, 0}, shared});
     }
 
     Index size() const { return static_cast<Index>(nodes_.size()); }
@@ -140,8 +140,8 @@ class ExactPath {
     Heading leaving(Index node) const { return nodes_[node].leaving; }
     bool shared(Index node) const { return nodes_[node].shared; }
     /// Whether the path turns at an inner node.
-    bool is_corner(Index node) const { return nodes_[node].turn != Turn::kNone; }
-    bool turns_left(Index corner) const { return nodes_[corner].turn == Turn::kLeft; }
+    bool is_corner(Index node) const { return nodes_[node].turn != Turn::None; }
+    bool turns_left(Index corner) const { return nodes_[corner].turn == Turn::Left; }
     /// Into the bend of a corner: to the middle of the pixel there in halves of a pixel.
     LatticePoint inwards(Index corner) const { return nodes_[corner].inwards; }
     /// From link `node` on, in lattice steps.
@@ -150,7 +150,7 @@ class ExactPath {
     }
 
   private:
-    enum class Turn : std::uint8_t { kNone, kLeft, kRight };
+    enum class Turn : std::uint8_t { None, Left, Right };
     struct Node {
         LatticePoint at;
         Heading leaving; // of the link to the next node
@@ -160,7 +160,7 @@ class ExactPath {
     };
     static void set_turn(const Node& before, Node& node) {
         if (before.leaving == node.leaving) return;
-        node.turn = left_of(before.leaving) == node.leaving ? Turn::kLeft : Turn::kRight;
+        node.turn = left_of(before.leaving) == node.leaving ? Turn::Left : Turn::Right;
         node.inwards = unit_step(node.leaving) - unit_step(before.leaving);
     }
     std::vector<Node> nodes_;

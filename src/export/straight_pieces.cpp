@@ -166,8 +166,8 @@ class StraightPieces::Growth {
     PathMoments moments_;
     std::int64_t length_ = 0;
     int turns_ = 0;
-    Heading lower_ = Heading::kEast; // of the two headings the one further to the right
-    LatticePoint along_{};           // the directions of u and w
+    Heading lower_ = Heading::East; // of the two headings the one further to the right
+    LatticePoint along_{};          // the directions of u and w
     LatticePoint beside_{};
     std::int32_t first_run_ = 0;
     std::int32_t run_ = 0; // since the last turn

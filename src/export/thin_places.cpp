@@ -78,7 +78,7 @@ class AreaFinder {
   public:
     AreaFinder(const BitPicture& dark, WidthOf what, int diameter, BitPicture& residue,
                const BitPicture* within)
-        : dark_(dark), invert_(what == WidthOf::kGaps ? ~Word{0} : 0), radius_(diameter / 2.),
+        : dark_(dark), invert_(what == WidthOf::Gaps ? ~Word{0} : 0), radius_(diameter / 2.),
           residue_(residue), within_(within), below_(dark.row_words()), here_(below_),
           above_(below_), lower_contact_(dark.row_words()), upper_contact_(lower_contact_),
           near_core_(lower_contact_) {}

@@ -9,7 +9,7 @@
 namespace kelvane {
 
 /// What is measured: dark lines, or the light gaps between and inside them.
-enum class WidthOf { kLines, kGaps };
+enum class WidthOf { Lines, Gaps };
 
 /// Areas of pixels that hang together, by corners too.
 struct ThinPlaces {

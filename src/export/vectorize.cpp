@@ -121,9 +121,9 @@ void trace(const RunList& runs, bool autotrace, std::int32_t radius, ContactMap:
     if (radius > 0) {
         ReportedOutlines smooth(receiver, progress); // each comes in one piece
         OutlineSmoother smoother(radius, smooth);
-        trace_outlines(runs, joining, MeetingPoints::kFound, smoother, progress, observer);
+        trace_outlines(runs, joining, MeetingPoints::Found, smoother, progress, observer);
     } else if (autotrace) {
-        trace_outlines(runs, joining, MeetingPoints::kNotFound, receiver, progress, observer);
+        trace_outlines(runs, joining, MeetingPoints::NotFound, receiver, progress, observer);
     } else {
         for_each_run(runs, observer,
                      [&](const Run& run, int y) { trace_rectangle(run, y, receiver); });
@@ -132,8 +132,8 @@ void trace(const RunList& runs, bool autotrace, std::int32_t radius, ContactMap:
 
 // A polygon has no holes; wires draw them as outlines of their own.
 ContactMap::Joining joining_of(const ExportOptions& options) {
-    return options.optPoly == kShapePolygon ? ContactMap::Joining::kWithoutRings
-                                            : ContactMap::Joining::kAllOverlaps;
+    return options.optPoly == kShapePolygon ? ContactMap::Joining::WithoutRings
+                                            : ContactMap::Joining::AllOverlaps;
 }
 
 void write_shapes(const RunList& runs, const ExportOptions& options, std::int32_t radius,

@@ -21,7 +21,7 @@ int diameter_for(const BitPicture& drawn, double limit) {
 // Pixels of lines or gaps that no disc covers.
 BitPicture residue_of(const BitPicture& drawn, WidthOf what, int diameter) {
     BitPicture residue = drawn;
-    if (what == WidthOf::kLines)
+    if (what == WidthOf::Lines)
         Disc(diameter).open(residue);
     else
         Disc(diameter).close(residue);

@@ -39,7 +39,7 @@ std::vector<std::uint8_t> encode_bitmap(ConstImageView image) {
     const auto step = static_cast<std::size_t>(cDIBSection::bytes_per_scan_line(image.width));
     const auto height = static_cast<std::size_t>(image.height);
     if (step > (std::numeric_limits<std::uint32_t>::max() - kPixelOffset) / height)
-        throw FileError(FileFault::kTooLargeForBitmap);
+        throw FileError(FileFault::TooLargeForBitmap);
     std::vector<std::uint8_t> bytes(kPixelOffset + step * height);
     put_headers(bytes, image);
     for (int y = 0; y < image.height; ++y)

@@ -83,9 +83,9 @@ bool is_bitmap(Bytes file_bytes) {
 
 Completeness bitmap_completeness(Bytes file_bytes) {
     const auto header = read_dib_header(bytes_from(file_bytes, kFileHeader));
-    if (!header) return Completeness::kDamaged;
+    if (!header) return Completeness::Damaged;
     if (const auto size = size_completeness(header->width, header->height);
-        size != Completeness::kComplete)
+        size != Completeness::Complete)
         return size;
     const std::size_t pixels = number_at(file_bytes, 10, 4);
     if (header->compression == kRle8 || header->compression == kRle4)

@@ -11,7 +11,7 @@ namespace kelvane {
 
 using Bytes = std::span<const std::uint8_t>;
 
-enum class ByteOrder { kLittle, kBig };
+enum class ByteOrder { Little, Big };
 
 inline bool begins_with(Bytes bytes, std::string_view signature) {
     return bytes.size() >= signature.size() &&
@@ -31,11 +31,11 @@ inline Bytes bytes_from(Bytes bytes, std::size_t at) {
 
 /// The unsigned number of `length` bytes (up to 4) at offset `at`; 0 where it passes the end.
 inline std::uint32_t number_at(Bytes bytes, std::size_t at, std::size_t length,
-                               ByteOrder order = ByteOrder::kLittle) {
+                               ByteOrder order = ByteOrder::Little) {
     if (!holds(bytes, at, length)) return 0;
     std::uint32_t value = 0;
     for (std::size_t i = 0; i < length; ++i)
-        value = value << 8 | bytes[at + (order == ByteOrder::kLittle ? length - 1 - i : i)];
+        value = value << 8 | bytes[at + (order == ByteOrder::Little ? length - 1 - i : i)];
     return value;
 }
 

@@ -29,12 +29,12 @@ constexpr Format kFormats[] = {
 Completeness completeness(Bytes file_bytes) {
     for (const Format& format : kFormats)
         if (format.recognises(file_bytes)) return format.completeness(file_bytes);
-    return Completeness::kComplete;
+    return Completeness::Complete;
 }
 
 Completeness size_completeness(std::int64_t width, std::int64_t height) {
-    if (width <= 0 || height <= 0) return Completeness::kNoPixels;
-    return cDIBSection::fits(width, height) ? Completeness::kComplete : Completeness::kTooLarge;
+    if (width <= 0 || height <= 0) return Completeness::NoPixels;
+    return cDIBSection::fits(width, height) ? Completeness::Complete : Completeness::TooLarge;
 }
 
 } // namespace kelvane

@@ -147,16 +147,16 @@ bool is_gif(Bytes file_bytes) {
 }
 
 Completeness gif_completeness(Bytes file_bytes) {
-    if (!holds(file_bytes, 0, kScreenEnd)) return Completeness::kDamaged;
+    if (!holds(file_bytes, 0, kScreenEnd)) return Completeness::Damaged;
     const auto canvas =
         size_completeness(number_at(file_bytes, kCanvas, 2), number_at(file_bytes, kCanvas + 2, 2));
-    if (canvas != Completeness::kComplete) return canvas;
+    if (canvas != Completeness::Complete) return canvas;
     const auto parts = find_first_frame(file_bytes);
-    if (!parts) return Completeness::kDamaged;
+    if (!parts) return Completeness::Damaged;
     const std::int64_t width = number_at(file_bytes, parts->descriptor + 5, 2);
     const std::int64_t height = number_at(file_bytes, parts->descriptor + 7, 2);
     const auto frame = size_completeness(width, height);
-    if (frame != Completeness::kComplete) return frame;
+    if (frame != Completeness::Complete) return frame;
     return complete_if(holds(file_bytes, parts->end, 1) &&
                        holds_pixels(file_bytes, parts->data, width * height));
 }

@@ -57,10 +57,10 @@ Image largest(Bytes file) {
 
 Completeness bitmap_image_completeness(const Image& image) {
     const auto header = read_dib_header(image.bytes);
-    if (!header) return Completeness::kDamaged;
+    if (!header) return Completeness::Damaged;
     const std::int64_t height = header->height / 2;
     const auto size = size_completeness(header->width, height);
-    if (size != Completeness::kComplete) return size;
+    if (size != Completeness::Complete) return size;
     // The mask may be missing where pixels have an alpha channel.
     const std::uint64_t row =
         header->row_bytes(header->bits) + (header->bits < 32 ? header->row_bytes(1) : 0);
@@ -102,7 +102,7 @@ bool is_icon(Bytes file_bytes) {
 
 Completeness icon_completeness(Bytes file_bytes) {
     const Image image = largest(file_bytes);
-    if (image.cut_short) return Completeness::kDamaged;
+    if (image.cut_short) return Completeness::Damaged;
     return is_png(image.bytes) ? png_completeness(image.bytes) : bitmap_image_completeness(image);
 }
 

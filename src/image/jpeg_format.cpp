@@ -31,7 +31,7 @@ class Reader {
 
     Completeness completeness() {
         while (segments_.next())
-            if (const auto found = read_segment(); found != Completeness::kComplete) return found;
+            if (const auto found = read_segment(); found != Completeness::Complete) return found;
         return complete_if(segments_.marker() == kEnd && has_all_components());
     }
 
@@ -43,11 +43,11 @@ class Reader {
         if (marker == kScan) return complete_if(read_scan(segments_.content()));
         if (marker == kRestartInterval)
             restart_interval_ = static_cast<int>(number(segments_.content(), 0, 2));
-        return Completeness::kComplete;
+        return Completeness::Complete;
     }
 
     static std::uint32_t number(Bytes content, std::size_t at, std::size_t length) {
-        return number_at(content, at, length, ByteOrder::kBig);
+        return number_at(content, at, length, ByteOrder::Big);
     }
 
     Completeness read_frame(Bytes content) {
@@ -56,13 +56,13 @@ class Reader {
         const std::size_t components = number(content, 5, 1);
         if (!frame_.components.empty() || components < 1 || components > 4 ||
             content.size() < 6 + 3 * components)
-            return Completeness::kDamaged;
+            return Completeness::Damaged;
         for (std::size_t i = 0; i < components; ++i)
-            if (!add_component(content.subspan(6 + 3 * i))) return Completeness::kDamaged;
+            if (!add_component(content.subspan(6 + 3 * i))) return Completeness::Damaged;
         frame_.progressive = segments_.marker() == 0xC2;
         huffman_coded_ = segments_.marker() <= 0xC2;
         const auto size = size_completeness(frame_.width, frame_.height);
-        return size == Completeness::kComplete ? complete_if(make_room_for_blocks()) : size;
+        return size == Completeness::Complete ? complete_if(make_room_for_blocks()) : size;
     }
 
     bool add_component(Bytes content) {
@@ -188,7 +188,7 @@ bool JpegSegments::next() {
         marker_ = static_cast<std::uint8_t>(number_at(file_, at_ + 1, 1));
         at_ += 2;
     } while (stands_alone(marker_) && marker_ != kEnd);
-    const std::size_t length = number_at(file_, at_, 2, ByteOrder::kBig);
+    const std::size_t length = number_at(file_, at_, 2, ByteOrder::Big);
     if (marker_ == kEnd) return false;
     if (length < 2 || !holds(file_, at_, length)) {
         marker_ = 0;

@@ -14,8 +14,8 @@ cDIBSection decoded(Bytes file_bytes, Transparency transparency,
                     std::optional<Placement> placement = std::nullopt) {
     UprightPicture picture(transparency, placement);
     decode_rows(file_bytes, picture);
-    if (transparency == Transparency::kInk && !picture.met_transparency())
-        return decoded(file_bytes, Transparency::kPaper, placement);
+    if (transparency == Transparency::Ink && !picture.met_transparency())
+        return decoded(file_bytes, Transparency::Paper, placement);
     return picture.take();
 }
 
@@ -36,15 +36,15 @@ cDIBSection read_picture(const std::filesystem::path& file) {
 }
 
 cDIBSection decode_picture(Bytes file_bytes, Transparency transparency) {
-    if (file_bytes.empty()) throw FileError(FileFault::kEmpty);
+    if (file_bytes.empty()) throw FileError(FileFault::Empty);
     switch (completeness(file_bytes)) {
-    case Completeness::kNoPixels:
-        throw FileError(FileFault::kNoPixels);
-    case Completeness::kTooLarge:
-        throw FileError(FileFault::kTooLarge);
-    case Completeness::kDamaged:
-        throw FileError(FileFault::kDamaged);
-    case Completeness::kComplete:
+    case Completeness::NoPixels:
+        throw FileError(FileFault::NoPixels);
+    case Completeness::TooLarge:
+        throw FileError(FileFault::TooLarge);
+    case Completeness::Damaged:
+        throw FileError(FileFault::Damaged);
+    case Completeness::Complete:
         break;
     }
     return decoded_image(file_bytes, transparency);

@@ -17,7 +17,7 @@ class UprightPicture;
 /// is taken, of an icon the largest, of an animation the whole canvas with its first frame. Throws
 /// `FileError` with the cause (without the file's name) when no picture can be read; truncated
 /// files are refused.
-cDIBSection decode_picture(Bytes file_bytes, Transparency transparency = Transparency::kPaper);
+cDIBSection decode_picture(Bytes file_bytes, Transparency transparency = Transparency::Paper);
 
 /// Reads the picture in `file`, its transparent pixels on paper. Throws as `decode_picture`, and
 /// when the file cannot be read.

@@ -32,10 +32,10 @@ class Chunks {
     /// False at the end of the file, and where the next chunk passes it.
     bool next(Chunk& chunk) {
         if (!holds(file_, at_, kChunkFrame)) return false;
-        const std::size_t length = number_at(file_, at_, 4, ByteOrder::kBig);
+        const std::size_t length = number_at(file_, at_, 4, ByteOrder::Big);
         if (!holds(file_, at_ + kChunkFrame, length)) return false;
         chunk = {file_.subspan(at_ + 4, 4 + length),
-                 number_at(file_, at_ + 8 + length, 4, ByteOrder::kBig)};
+                 number_at(file_, at_ + 8 + length, 4, ByteOrder::Big)};
         at_ += kChunkFrame + length;
         return true;
     }
@@ -55,7 +55,7 @@ struct Header {
 Header read_header(Bytes content) {
     constexpr std::array<std::uint32_t, 7> kChannels = {1, 0, 3, 1, 2, 0, 4};
     const std::uint32_t type = content[9];
-    return {number_at(content, 0, 4, ByteOrder::kBig), number_at(content, 4, 4, ByteOrder::kBig),
+    return {number_at(content, 0, 4, ByteOrder::Big), number_at(content, 4, 4, ByteOrder::Big),
             type < kChannels.size() ? kChannels[type] * content[8] : 0, content[12] != 0};
 }
 
@@ -143,10 +143,10 @@ Completeness png_completeness(Bytes file_bytes) {
     Chunk first{};
     if (!chunks.next(first) || !first.named("IHDR") || first.content().size() != kHeaderLength ||
         !first.checksum_is_right())
-        return Completeness::kDamaged;
+        return Completeness::Damaged;
     const Header header = read_header(first.content());
     if (const auto size = size_completeness(header.width, header.height);
-        size != Completeness::kComplete)
+        size != Completeness::Complete)
         return size;
     return complete_if(header.bits_per_pixel > 0 &&
                        data_is_complete(chunks, uncompressed_bytes(header)));

@@ -22,8 +22,8 @@ std::optional<Resolution> png_resolution(Bytes png) {
     constexpr std::uint8_t kPerMetre = 1; // 0: only the ratio of the two numbers is known
     const Bytes content = png_chunk(png, "pHYs");
     if (content.size() != 9 || content[8] != kPerMetre) return std::nullopt;
-    return plausible(number_at(content, 0, 4, ByteOrder::kBig) * kMetresPerInch,
-                     number_at(content, 4, 4, ByteOrder::kBig) * kMetresPerInch);
+    return plausible(number_at(content, 0, 4, ByteOrder::Big) * kMetresPerInch,
+                     number_at(content, 4, 4, ByteOrder::Big) * kMetresPerInch);
 }
 
 std::optional<Resolution> tiff_resolution(Bytes tiff) {
@@ -46,8 +46,8 @@ std::optional<Resolution> jfif_resolution(Bytes content) {
     const std::uint8_t unit = content[7];
     if (unit != kInch && unit != kCentimetre) return std::nullopt;
     const double per_inch = unit == kCentimetre ? kCentimetresPerInch : 1;
-    return plausible(number_at(content, 8, 2, ByteOrder::kBig) * per_inch,
-                     number_at(content, 10, 2, ByteOrder::kBig) * per_inch);
+    return plausible(number_at(content, 8, 2, ByteOrder::Big) * per_inch,
+                     number_at(content, 10, 2, ByteOrder::Big) * per_inch);
 }
 
 std::optional<Resolution> jpeg_resolution(Bytes jpeg) {

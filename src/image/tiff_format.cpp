@@ -51,7 +51,7 @@ std::optional<std::uint32_t> TiffValues::at(std::uint32_t index) const {
 }
 
 TiffDirectory::TiffDirectory(Bytes tiff)
-    : tiff_(tiff), order_(begins_with(tiff, "II") ? ByteOrder::kLittle : ByteOrder::kBig) {
+    : tiff_(tiff), order_(begins_with(tiff, "II") ? ByteOrder::Little : ByteOrder::Big) {
     const std::size_t directory = number_at(tiff, 4, 4, order_);
     if (!is_tiff(tiff) || !holds(tiff, directory, 2)) return;
     entries_at_ = directory + 2;
@@ -101,8 +101,8 @@ Completeness tiff_completeness(Bytes file_bytes) {
     const TiffDirectory directory(file_bytes);
     const auto width = directory.values(kWidth).at(0);
     const auto height = directory.values(kHeight).at(0);
-    if (!directory.whole() || !width || !height) return Completeness::kDamaged;
-    if (const auto size = size_completeness(*width, *height); size != Completeness::kComplete)
+    if (!directory.whole() || !width || !height) return Completeness::Damaged;
+    if (const auto size = size_completeness(*width, *height); size != Completeness::Complete)
         return size;
     return complete_if(holds_values(directory.values(kBitsPerSample)) &&
                        holds_values(directory.values(kColourMap)) &&

@@ -23,7 +23,7 @@ class TiffValues {
 
   private:
     Bytes tiff_;
-    ByteOrder order_ = ByteOrder::kLittle;
+    ByteOrder order_ = ByteOrder::Little;
     std::uint64_t first_ = 0;
     std::uint32_t count_ = 0;
     std::size_t value_bytes_ = 0;

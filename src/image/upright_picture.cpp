@@ -59,8 +59,8 @@ void UprightPicture::begin(int width, int height, int orientation) {
 }
 
 void UprightPicture::create(int width, int height) {
-    if (!cDIBSection::fits(width, height)) throw FileError(FileFault::kTooLarge);
-    if (!picture_.Create(width, height)) throw FileError(FileFault::kNoMemory);
+    if (!cDIBSection::fits(width, height)) throw FileError(FileFault::TooLarge);
+    if (!picture_.Create(width, height)) throw FileError(FileFault::NoMemory);
 }
 
 void UprightPicture::turn(int width, int height, int orientation) {
@@ -86,7 +86,7 @@ void UprightPicture::turn(int width, int height, int orientation) {
 void UprightPicture::put_row(int y, const std::uint8_t* pixels, const PixelLayout& layout) {
     if (y >= rows_) return;
     std::uint8_t* const to = origin_ + down_ * y;
-    if (transparency_ == Transparency::kInk)
+    if (transparency_ == Transparency::Ink)
         put_pixels(to, right_, pixels, columns_, layout, [this](int, int alpha) {
             met_transparency_ |= alpha < 255;
             return static_cast<std::uint8_t>(255 - alpha);

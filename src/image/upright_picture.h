@@ -35,7 +35,7 @@ constexpr std::uint8_t premultiplied_on_white(int channel, int alpha) {
 class UprightPicture {
   public:
     /// With a placement, the rows fill their part of a canvas that is white elsewhere.
-    explicit UprightPicture(Transparency transparency = Transparency::kPaper,
+    explicit UprightPicture(Transparency transparency = Transparency::Paper,
                             std::optional<Placement> placement = std::nullopt)
         : transparency_(transparency), placement_(placement) {}
 
@@ -47,7 +47,7 @@ class UprightPicture {
     /// Takes row `y` of the file, counted from the top: `width` pixels.
     void put_row(int y, const std::uint8_t* pixels, const PixelLayout& layout);
 
-    /// Whether a pixel of the rows was not fully opaque; known for `kInk` only.
+    /// Whether a pixel of the rows was not fully opaque; known for `Ink` only.
     bool met_transparency() const { return met_transparency_; }
 
     cDIBSection take() { return std::move(picture_); }

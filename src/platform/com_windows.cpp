@@ -18,10 +18,10 @@ bool means_damage(HRESULT result) {
 } // namespace
 
 FileError decoding_error(HRESULT result) {
-    if (means_damage(result)) return FileError(FileFault::kDamaged);
+    if (means_damage(result)) return FileError(FileFault::Damaged);
     std::wstring words = system_message(static_cast<unsigned long>(result));
     words.erase(words.find_last_not_of(L" .\r\n") + 1); // without the full stop
-    return words.empty() ? FileError(FileFault::kDamaged) : FileError(narrow_text(words));
+    return words.empty() ? FileError(FileFault::Damaged) : FileError(narrow_text(words));
 }
 
 } // namespace kelvane

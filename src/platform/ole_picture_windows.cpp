@@ -55,7 +55,7 @@ class Paper {
             sizeof(BITMAPINFOHEADER), size.width, -size.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
         void* bits = nullptr;
         bitmap_.reset(CreateDIBSection(device_.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-        if (!device_ || !bitmap_) throw FileError(FileFault::kNoMemory);
+        if (!device_ || !bitmap_) throw FileError(FileFault::NoMemory);
         bits_ = static_cast<const std::uint8_t*>(bits);
         std::memset(bits, 0xFF, row_bytes() * static_cast<std::size_t>(size.height));
         before_ = SelectObject(device_.get(), bitmap_.get());
@@ -86,7 +86,7 @@ class Paper {
 void read_ole_picture(IStream& stream, LONG size, UprightPicture& to) {
     ComPtr<IPicture> picture;
     if (FAILED(OleLoadPicture(&stream, size, FALSE, IID_PPV_ARGS(&picture))) || !picture)
-        throw FileError(FileFault::kUnknownFormat);
+        throw FileError(FileFault::UnknownFormat);
     const Extent extent = extent_of(*picture.Get());
     const Size pixels = size_in_pixels(extent);
     const Paper paper(pixels);

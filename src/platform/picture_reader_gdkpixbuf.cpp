@@ -38,7 +38,7 @@ std::string phrase(std::string text) {
     const bool unknown = !error || !error->message ||
                          g_error_matches(error, GDK_PIXBUF_ERROR, GDK_PIXBUF_ERROR_UNKNOWN_TYPE);
     const FileError failure =
-        unknown ? FileError(FileFault::kUnknownFormat) : FileError(phrase(error->message));
+        unknown ? FileError(FileFault::UnknownFormat) : FileError(phrase(error->message));
     g_clear_error(&error);
     throw failure;
 }
@@ -95,11 +95,11 @@ Pixbuf decode(Bytes bytes) {
     const bool closed = gdk_pixbuf_loader_close(loader.get(), fed ? &error : nullptr);
     if (progress.too_large) {
         g_clear_error(&error);
-        throw FileError(FileFault::kTooLarge);
+        throw FileError(FileFault::TooLarge);
     }
     GdkPixbuf* decoded = gdk_pixbuf_loader_get_pixbuf(loader.get());
     if (!fed || !closed || !decoded) fail(error);
-    if (!progress.complete()) throw FileError(FileFault::kDamaged);
+    if (!progress.complete()) throw FileError(FileFault::Damaged);
     return Pixbuf(static_cast<GdkPixbuf*>(g_object_ref(decoded)));
 }
 
@@ -142,7 +142,7 @@ const PixelLayout& layout_of(GdkPixbuf* decoded, Bytes file_bytes) {
 } // namespace
 
 void decode_rows(Bytes file_bytes, UprightPicture& picture) {
-    if (has_pixels_in_table(file_bytes)) throw FileError(FileFault::kDamaged);
+    if (has_pixels_in_table(file_bytes)) throw FileError(FileFault::Damaged);
     const Pixbuf decoded = decode(file_bytes);
     const int height = gdk_pixbuf_get_height(decoded.get());
     const std::ptrdiff_t step = gdk_pixbuf_get_rowstride(decoded.get());

@@ -18,7 +18,7 @@ Size size_of(IWICBitmapSource& source) {
     UINT height = 0;
     throw_if_failed(source.GetSize(&width, &height));
     constexpr UINT kMost = std::numeric_limits<int>::max();
-    if (width > kMost || height > kMost) throw FileError(FileFault::kTooLarge);
+    if (width > kMost || height > kMost) throw FileError(FileFault::TooLarge);
     return {static_cast<int>(width), static_cast<int>(height)};
 }
 
@@ -71,10 +71,10 @@ ComPtr<IWICBitmapFrameDecode> first_frame(IWICImagingFactory& factory, IStream& 
     // Unknown formats fail with more than one code: a codec may take the file for its own at first.
     if (FAILED(factory.CreateDecoderFromStream(&stream, nullptr, WICDecodeMetadataCacheOnDemand,
                                                &decoder)))
-        throw FileError(FileFault::kUnknownFormat);
+        throw FileError(FileFault::UnknownFormat);
     UINT frames = 0;
     throw_if_failed(decoder->GetFrameCount(&frames));
-    if (frames == 0) throw FileError(FileFault::kNoPicture);
+    if (frames == 0) throw FileError(FileFault::NoPicture);
     ComPtr<IWICBitmapFrameDecode> frame;
     throw_if_failed(decoder->GetFrame(0, &frame));
     return frame;

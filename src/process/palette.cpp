@@ -35,7 +35,7 @@ cPalette::Colour colour(const std::array<std::string_view, 3>& fields, std::size
     cPalette::Colour colour{};
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const std::optional<std::uint8_t> value = strict_number<std::uint8_t>(fields[i]);
-        if (!value) throw FileError(FileFault::kNoColour, std::to_string(line_number));
+        if (!value) throw FileError(FileFault::NoColour, std::to_string(line_number));
         colour[i] = *value;
     }
     return colour;

@@ -59,19 +59,19 @@ std::wstring warning_text(BoardWarning warning, const BoardReport& report,
                           const BoardQuestion& question) {
     const ExportOptions shown = in_board_unit(question.options);
     switch (warning) {
-    case BoardWarning::kNoPixelSize:
+    case BoardWarning::NoPixelSize:
         return LoadString(IDS_EXPORT_NO_SIZE);
-    case BoardWarning::kNothingDark:
+    case BoardWarning::NothingDark:
         return LoadString(IDS_EXPORT_NOTHING_DARK);
-    case BoardWarning::kThinLines:
+    case BoardWarning::ThinLines:
         return thin_text(IDS_EXPORT_THIN_LINE, report.lines, question.limits.line_mm, shown);
-    case BoardWarning::kThinGaps:
+    case BoardWarning::ThinGaps:
         return thin_text(IDS_EXPORT_THIN_GAP, report.gaps, question.limits.gap_mm, shown);
-    case BoardWarning::kOutlineLayer:
+    case BoardWarning::OutlineLayer:
         return LoadString(IDS_EXPORT_OUTLINE_LAYER, {layer_text(shown.lay)});
-    case BoardWarning::kNotMirrored:
+    case BoardWarning::NotMirrored:
         return LoadString(IDS_EXPORT_NOT_MIRRORED, {layer_text(shown.lay)});
-    case BoardWarning::kManyObjects:
+    case BoardWarning::ManyObjects:
         break;
     }
     return LoadString(IDS_EXPORT_MANY_OBJECTS, {std::to_wstring(kMostObjects)});

@@ -35,7 +35,7 @@ static_assert(std::size(kTexts) == kFileFaults);
 } // namespace
 
 std::wstring file_error_text(const FileError& error) {
-    if (error.fault() == FileFault::kOther) return wide_text(error.what());
+    if (error.fault() == FileFault::Other) return wide_text(error.what());
     return LoadString(kTexts[static_cast<std::size_t>(error.fault())], {wide_text(error.detail())});
 }
 

@@ -54,7 +54,7 @@ TEST(BoardReport, SizesThinPlacesAndWarnings) {
     EXPECT_DOUBLE_EQ(*report.lines.thinnest_mm, .05);
     EXPECT_EQ(report.gaps.places.places, 1U);
     EXPECT_DOUBLE_EQ(*report.gaps.thinnest_mm, .1);
-    EXPECT_THAT(report.warnings, ElementsAre(kThinLines, kThinGaps));
+    EXPECT_THAT(report.warnings, ElementsAre(ThinLines, ThinGaps));
 }
 
 TEST(BoardReport, MeasuresWhatIsWideEnoughOnlyWhenAsked) {
@@ -86,7 +86,7 @@ TEST(BoardReport, TheExportAndTheCheckReportEveryRow) {
     EXPECT_THAT(observer.positions,
                 ElementsAre(0, 1, 2, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14));
     observer = {};
-    board_widths(drawn_pixels(picture.view()), WidthOf::kGaps, question_of(.05), &observer);
+    board_widths(drawn_pixels(picture.view()), WidthOf::Gaps, question_of(.05), &observer);
     EXPECT_THAT(observer.maxima, ElementsAre(3));
     EXPECT_THAT(observer.positions, ElementsAre(0, 1, 2, 3));
 }
@@ -100,18 +100,18 @@ TEST(BoardReport, WarningsOfLayersSizesAndNumbers) {
     for (std::int16_t layer = 1; layer <= 255; ++layer) {
         BoardQuestion question = question_of(.1, layer);
         const auto found = warnings(question, block);
-        if (found == std::vector{kNotMirrored}) bottom.push_back(layer);
+        if (found == std::vector{NotMirrored}) bottom.push_back(layer);
         question.mirrored = true;
         EXPECT_EQ(warnings(question, block).size(), layer == 20 ? 1U : 0U) << layer;
     }
     EXPECT_THAT(bottom, ElementsAre(16, 22, 24, 26, 28, 30, 32, 34, 36, 38, 40, 42, 52));
     EXPECT_THAT(warnings(question_of(0, 20), white),
-                ElementsAre(kNoPixelSize, kNothingDark, kOutlineLayer));
+                ElementsAre(NoPixelSize, NothingDark, OutlineLayer));
     BoardReport report;
     add_objects(report, {.shapes = 19000, .bridges = 1000});
     EXPECT_THAT(report.warnings, IsEmpty());
     add_objects(report, {.shapes = 19000, .bridges = 1001});
-    EXPECT_THAT(report.warnings, ElementsAre(BoardWarning::kManyObjects));
+    EXPECT_THAT(report.warnings, ElementsAre(BoardWarning::ManyObjects));
 }
 
 // The far edge of the picture is where it was asked to be.

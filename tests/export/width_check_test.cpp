@@ -109,7 +109,7 @@ void check_shape(const std::string& name, const Shape& shape, double reach, doub
             SCOPED_TRACE(name + (light ? ", light" : ", dark") + ", limit " +
                          std::to_string(limit) + ", turn " + std::to_string(turn));
             const WidthReport report =
-                check_widths(picture, light ? WidthOf::kGaps : WidthOf::kLines, limit);
+                check_widths(picture, light ? WidthOf::Gaps : WidthOf::Lines, limit);
             ASSERT_EQ(report.places, places);
             ASSERT_EQ(areas(report.too_thin), places);
             ASSERT_EQ(report.thinnest.has_value(), places != 0);
@@ -154,8 +154,7 @@ TEST(WidthCheck, GapsLieBetweenAndInsideShapes) {
         for (int turn = 0; turn < 6; ++turn) {
             SCOPED_TRACE("limit " + std::to_string(limit) + ", turn " + std::to_string(turn));
             const auto gaps = [&](const Shape& shape) {
-                return check_widths(draw(shape, turn * .57, 5 * thick, false), WidthOf::kGaps,
-                                    limit)
+                return check_widths(draw(shape, turn * .57, 5 * thick, false), WidthOf::Gaps, limit)
                     .places;
             };
             const auto apart = [&](double gap) { // two bars, side by side
@@ -187,7 +186,7 @@ TEST(WidthCheck, ReportsPlacesThinnestAndPixels) {
                                      "........##..#.", //
                                      ".....#...##...", //
                                      "......#...#..."});
-    const WidthReport lines = check_widths(picture, WidthOf::kLines, 3);
+    const WidthReport lines = check_widths(picture, WidthOf::Lines, 3);
     EXPECT_EQ(lines.places, 4u);
     EXPECT_EQ(lines_of(lines.too_thin),
               (std::vector<std::string>{"..............", //
@@ -210,32 +209,32 @@ TEST(WidthCheck, WholePixelsAlongTheAxesAreExact) {
         const BitPicture bar = drawn_pixels(flat_picture(width, height, 0, 0, 0).view());
         const double thickness = std::min(width, height);
         for (const double limit : {-1., 0., thickness, thickness + 1e-9, std::nan("")})
-            EXPECT_EQ(check_widths(bar, WidthOf::kLines, limit).places, 0u) << limit;
+            EXPECT_EQ(check_widths(bar, WidthOf::Lines, limit).places, 0u) << limit;
         for (const double limit : {thickness + .001, 1e6, 1e300}) {
-            const WidthReport report = check_widths(bar, WidthOf::kLines, limit);
+            const WidthReport report = check_widths(bar, WidthOf::Lines, limit);
             EXPECT_EQ(report.places, 1u) << limit;
             EXPECT_EQ(report.thinnest->width, thickness);
             EXPECT_EQ(lines_of(report.too_thin), lines_of(bar));
-            EXPECT_EQ(check_widths(bar, WidthOf::kGaps, limit).places, 0u);
+            EXPECT_EQ(check_widths(bar, WidthOf::Gaps, limit).places, 0u);
         }
     }
 }
 
 TEST(WidthCheck, SmallestPictures) {
-    EXPECT_EQ(check_widths(drawn_pixels({}), WidthOf::kLines, 9).places, 0u);
+    EXPECT_EQ(check_widths(drawn_pixels({}), WidthOf::Lines, 9).places, 0u);
     for (const auto& lines : std::vector<std::vector<std::string>>{{"."}, {"#"}, {".", "#"}})
         for (const double limit : {1., 2., 500.}) {
             const BitPicture picture = bits(lines);
             const bool speck = lines.back() == "#" && limit > 1;
-            EXPECT_EQ(check_widths(picture, WidthOf::kLines, limit).places, speck ? 1u : 0u);
-            EXPECT_EQ(check_widths(picture, WidthOf::kGaps, limit).places, 0u);
+            EXPECT_EQ(check_widths(picture, WidthOf::Lines, limit).places, speck ? 1u : 0u);
+            EXPECT_EQ(check_widths(picture, WidthOf::Gaps, limit).places, 0u);
         }
 }
 
 TEST(WidthCheck, CountsAreasThatHangTogether) {
     for (std::uint32_t seed = 0; seed < 40; ++seed) {
         const BitPicture noise = drawn_pixels(random_picture(5 + 7 * int(seed), 60, seed).view());
-        const WidthReport report = check_widths(noise, WidthOf::kLines, 200); // all is too thin
+        const WidthReport report = check_widths(noise, WidthOf::Lines, 200); // all is too thin
         EXPECT_EQ(report.places, areas(noise));
         EXPECT_EQ(lines_of(report.too_thin), lines_of(noise));
     }
@@ -250,7 +249,7 @@ TEST(WidthCheck, TheThinnestPixelIsTooThin) {
             dots = both(dots, [=](double x, double y) { return std::hypot(x - x0, y - y0) < r; });
         }
         const BitPicture picture = draw(dots, 0, 50, false);
-        for (const WidthOf what : {WidthOf::kLines, WidthOf::kGaps}) {
+        for (const WidthOf what : {WidthOf::Lines, WidthOf::Gaps}) {
             const WidthReport report = check_widths(picture, what, 9);
             EXPECT_EQ(areas(report.too_thin), report.places);
             if (!report.thinnest) continue;

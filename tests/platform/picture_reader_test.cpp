@@ -54,7 +54,7 @@ TEST(PictureReader, TransparencyShowsWhitePaper) {
 // What is opaque is black, whatever its colour; a picture without transparency stays as it is.
 TEST(PictureReader, TransparencyAsInk) {
     const auto difference = [](const char* name, const Quarters& expected) {
-        return largest_difference(decode_picture(data_bytes(name), Transparency::kInk), expected);
+        return largest_difference(decode_picture(data_bytes(name), Transparency::Ink), expected);
     };
     constexpr std::array<int, 3> kBlack{0, 0, 0}, kHalf{127, 127, 127};
     EXPECT_EQ(difference("alpha.png", {{kBlack, kWhite, kHalf, kWhite}}), 0);

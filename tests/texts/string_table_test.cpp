@@ -108,7 +108,7 @@ TEST(FileErrorText, IsTheCommandLinesInEnglishAndTranslated) {
         set_language_offset(kEnglishOffset);
     }
     const std::error_code missing = std::make_error_code(std::errc::no_such_file_or_directory);
-    EXPECT_EQ(FileError(missing).fault(), FileFault::kNotFound);
+    EXPECT_EQ(FileError(missing).fault(), FileFault::NotFound);
     EXPECT_EQ(file_error_text(FileError("in other words")), L"in other words");
     EXPECT_FALSE(error_text(PlatformError(ERROR_PATH_NOT_FOUND)).empty());
 }
