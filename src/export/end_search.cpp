@@ -263,10 +263,7 @@ void EndSearch::offer(const ExactPath& path, const StraightPiece& piece, const W
         swept_area(std::span(vertices_).subspan(to_edge.anchor, replaced + 1));
     const double cost = total_cost(edges, made);
     if (best.to_edge && cost >= best.cost) return;
-    Sight sight(v.at);
-    for (Index node = v.node + 1; node < w.node; ++node)
-        if (!sight.pass(tube_, path, node)) return;
-    if (sight.sees(w.at)) best = {&to_edge, &from_edge, cost, made};
+    if (lies_in_tube(tube_, path, v, w)) best = {&to_edge, &from_edge, cost, made};
 }
 
 void EndSearch::make_chain(const Way& to_edge, const Way& from_edge) {

@@ -280,6 +280,15 @@ class Sight {
     FinePoint right_;
 };
 
+/// Whether the edge from one vertex to another further ahead lies in the tube.
+inline bool lies_in_tube(const Tube& tube, const ExactPath& path, const SmoothVertex& from,
+                         const SmoothVertex& to) {
+    Sight sight(from.at);
+    for (ExactPath::Index node = from.node + 1; node < to.node; ++node)
+        if (!sight.pass(tube, path, node)) return false;
+    return sight.sees(to.at);
+}
+
 /// What is seen at a node.
 struct View {
     ExactPath::Index node;

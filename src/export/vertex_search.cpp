@@ -177,7 +177,9 @@ bool VertexSearch::move_vertices(const ExactPath& path, bool ends_too, std::int6
             const std::int64_t moved = area + cross(step, next.at - previous.at);
             const SmoothVertex there{{at.x + step.x, at.y + step.y}, vertex.node};
             if (std::abs(moved) >= std::abs(area) || !within_reach(there.at, node)) continue;
-            if (!sees(path, previous, there) || !sees(path, there, next)) continue;
+            if (!lies_in_tube(tube_, path, previous, there) ||
+                !lies_in_tube(tube_, path, there, next))
+                continue;
             vertex = there;
             area = moved;
             break;
@@ -189,15 +191,6 @@ bool VertexSearch::move_vertices(const ExactPath& path, bool ends_too, std::int6
 bool VertexSearch::within_reach(LatticePoint vertex, LatticePoint node) const {
     const std::int32_t reach = tube_.vertex_reach();
     return std::abs(vertex.x - node.x) <= reach && std::abs(vertex.y - node.y) <= reach;
-}
-
-// Whether the edge between two vertices lies in the tube.
-bool VertexSearch::sees(const ExactPath& path, const SmoothVertex& from,
-                        const SmoothVertex& to) const {
-    Sight sight(from.at);
-    for (Index node = from.node + 1; node < to.node; ++node)
-        if (!sight.pass(tube_, path, node)) return false;
-    return sight.sees(to.at);
 }
 
 // On to the joint behind pieces[index].

@@ -90,7 +90,6 @@ class VertexSearch {
     void add_common_vertices(const ExactPath& path, Index node, std::vector<SmoothVertex>& found);
     bool move_vertices(const ExactPath& path, bool ends_too, std::int64_t& area);
     bool within_reach(LatticePoint vertex, LatticePoint node) const;
-    bool sees(const ExactPath& path, const SmoothVertex& from, const SmoothVertex& to) const;
     std::span<const State> last_layer() const {
         return std::span(states_).subspan(layers_.back().begin);
     }
