@@ -8,9 +8,11 @@
 namespace kelvane {
 namespace {
 
-// An edge has the direction of the end when its two vertices differ by no more lattice steps, and
-// runs along the end when its angle has this sine at most and its length this part of the end's.
-constexpr double kSquareOffset = 4;
+// An edge has the direction of the end when the sine of its angle is this at most, or its vertices
+// differ by no more lattice steps.
+constexpr double kSquareSine = .0085;
+constexpr double kSquareOffset = 2;
+// It runs along the end when the sine is this at most and its length this part of the end's.
 constexpr double kMostSine = .3;
 constexpr double kLeastPart = .7;
 
@@ -33,6 +35,11 @@ double length_along(const StraightPiece& piece, LatticePoint from, LatticePoint 
 // How far the way between two points leads away from the direction of the end.
 double offset_along(const StraightPiece& piece, LatticePoint from, LatticePoint to) {
     return std::abs(piece.across->offset(to) - piece.across->offset(from));
+}
+// How far at most an edge with the direction of the end leads away from it.
+double square_offset(const ExactPath& path, const StraightPiece& piece) {
+    return std::max(kSquareOffset,
+                    kSquareSine * length_along(piece, path[piece.begin], path[piece.end]));
 }
 
 } // namespace
@@ -75,7 +82,9 @@ std::vector<bool> EndSearch::at_ends(std::span<const StraightPiece> pieces,
 void EndSearch::square(const ExactPath& path, const StraightPiece& piece, std::int64_t& area) {
     const std::optional<std::size_t> edge = edge_along(piece);
     if (!edge) return;
-    if (offset_along(piece, vertices_[*edge].at, vertices_[*edge + 1].at) <= kSquareOffset) return;
+    if (offset_along(piece, vertices_[*edge].at, vertices_[*edge + 1].at) <=
+        square_offset(path, piece))
+        return;
     for (const bool across : {false, true}) {
         find_ways_to_edge(path, piece, *edge, across);
         find_ways_from_edge(path, piece, *edge, across);
@@ -227,6 +236,7 @@ bool EndSearch::find_vertex_between(const ExactPath& path, Way& way) const {
 // The best edge in the direction of the end between the vertices of two ways.
 EndSearch::Best EndSearch::find_edge(const ExactPath& path, const StraightPiece& piece,
                                      std::int64_t area) {
+    const double tolerance = square_offset(path, piece);
     const auto offset = [&](const Way& way) { return piece.across->offset(way.vertex.at); };
     std::stable_sort(from_edge_.begin(), from_edge_.end(),
                      [&](const Way& a, const Way& b) { return offset(a) < offset(b); });
@@ -235,8 +245,8 @@ EndSearch::Best EndSearch::find_edge(const ExactPath& path, const StraightPiece&
         const double at = offset(to_edge);
         const auto first =
             std::partition_point(from_edge_.begin(), from_edge_.end(),
-                                 [&](const Way& way) { return offset(way) < at - kSquareOffset; });
-        for (auto way = first; way != from_edge_.end() && offset(*way) <= at + kSquareOffset; ++way)
+                                 [&](const Way& way) { return offset(way) < at - tolerance; });
+        for (auto way = first; way != from_edge_.end() && offset(*way) <= at + tolerance; ++way)
             offer(path, piece, to_edge, *way, area, best);
     }
     return best;
