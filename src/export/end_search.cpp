@@ -46,12 +46,14 @@ double square_offset(const ExactPath& path, const StraightPiece& piece) {
 
 void EndSearch::run(const ExactPath& path, std::span<const StraightPiece> pieces,
                     std::vector<SmoothVertex>& vertices, std::int64_t& area) {
+    const auto is_end = [](const StraightPiece& piece) { return piece.across.has_value(); };
+    if (std::none_of(pieces.begin(), pieces.end(), is_end)) return;
     // Replacing happens at the end of `vertices_`, where it moves few others.
     vertices_.clear();
     std::size_t taken = 0;
     const auto take = [&] { vertices_.push_back(vertices[taken++]); };
     for (const StraightPiece& piece : pieces) {
-        if (!piece.across) continue;
+        if (!is_end(piece)) continue;
         std::size_t beyond = 0;
         while (taken < vertices.size() && beyond <= kMostReplaced) {
             if (vertices[taken].node > piece.end + kNodesOnSide) ++beyond;
@@ -64,9 +66,9 @@ void EndSearch::run(const ExactPath& path, std::span<const StraightPiece> pieces
     std::swap(vertices, vertices_);
 }
 
-std::vector<bool> EndSearch::at_ends(std::span<const StraightPiece> pieces,
-                                     std::span<const SmoothVertex> vertices) {
-    std::vector<bool> at_ends(vertices.size(), false);
+void EndSearch::mark(std::span<const StraightPiece> pieces, std::span<const SmoothVertex> vertices,
+                     std::vector<bool>& at_ends) {
+    at_ends.assign(vertices.size(), false);
     std::size_t vertex = 0;
     for (const StraightPiece& piece : pieces) {
         if (!piece.across) continue;
@@ -76,7 +78,6 @@ std::vector<bool> EndSearch::at_ends(std::span<const StraightPiece> pieces,
              ++vertex)
             at_ends[vertex] = true;
     }
-    return at_ends;
 }
 
 void EndSearch::square(const ExactPath& path, const StraightPiece& piece, std::int64_t& area) {

@@ -27,9 +27,9 @@ class EndSearch {
     void run(const ExactPath& path, std::span<const StraightPiece> pieces,
              std::vector<SmoothVertex>& vertices, std::int64_t& area);
 
-    /// For each vertex whether it lies at the end of a bar.
-    static std::vector<bool> at_ends(std::span<const StraightPiece> pieces,
-                                     std::span<const SmoothVertex> vertices);
+    /// Tells for each vertex whether it lies at the end of a bar.
+    static void mark(std::span<const StraightPiece> pieces, std::span<const SmoothVertex> vertices,
+                     std::vector<bool>& at_ends);
 
   private:
     using Index = ExactPath::Index;

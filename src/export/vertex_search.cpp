@@ -156,7 +156,7 @@ void VertexSearch::run(const ExactPath& path, std::span<const StraightPiece> pie
     std::reverse(vertices_.begin(), vertices_.end());
     arcs_.run(path, pieces, vertices_, area);
     ends_.run(path, pieces, vertices_, area);
-    at_ends_ = EndSearch::at_ends(pieces, vertices_);
+    EndSearch::mark(pieces, vertices_, at_ends_);
 }
 
 void VertexSearch::make_up_for(const ExactPath& path, bool ends_too, std::int64_t& area) {
